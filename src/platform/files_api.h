@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kestrune::platform {
+
+/// The program folder and its data files.
+///
+/// Paths are relative to the program folder, with backslashes or slashes and with or without a
+/// leading one ("\DATA\mt.dat"); names are matched without regard to letter case. A path that
+/// leaves the folder ("..") names nothing. The system code page is the machine's.
+class FilesApi {
+ public:
+  virtual ~FilesApi() = default;
+
+  /// A file's bytes as they are; nothing when it can't be read.
+  virtual std::optional<std::string> ReadBytes(std::string_view path) = 0;
+  /// The names of the files in a folder that end in `ending` (".dat"), sorted, without folders.
+  virtual std::vector<std::string> ListFiles(std::string_view folder, std::string_view ending) = 0;
+  /// Where a file stands on this machine, to be handed to a face or another program; nothing when
+  /// there is no such file.
+  virtual std::optional<std::string> Locate(std::string_view path) = 0;
+  /// Whether a file is a picture that a face can show.
+  virtual bool IsPicture(std::string_view path) = 0;
+
+  /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page
+  /// doesn't define is kept as a character of its own, so that EncodeText gives it back; a code
+  /// page that isn't known counts as the system's.
+  virtual std::string DecodeText(std::string_view bytes, int code_page) = 0;
+};
+
+}  // namespace kestrune::platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/files_api.h"
+#include "platform/portable/code_page.h"
+
+namespace kestrune::platform::portable {
+
+/// Program files in several folders laid over each other: a file of an earlier one hides its
+/// namesake in a later one.
+class FolderFiles : public FilesApi {
+ public:
+  FolderFiles(std::vector<std::string> folders, int system_code_page)
+      : folders_(std::move(folders)), code_pages_(system_code_page) {}
+
+  std::optional<std::string> ReadBytes(std::string_view path) override;
+  std::vector<std::string> ListFiles(std::string_view folder, std::string_view ending) override;
+  std::optional<std::string> Locate(std::string_view path) override;
+  bool IsPicture(std::string_view path) override;
+  std::string DecodeText(std::string_view bytes, int code_page) override {
+    return code_pages_.Decode(bytes, code_page);
+  }
+  EncodedText EncodeText(std::string_view text, int code_page) {
+    return code_pages_.Encode(text, code_page);
+  }
+
+ private:
+  std::vector<std::string> folders_;
+  CodePages code_pages_;
+};
+
+}  // namespace kestrune::platform::portable

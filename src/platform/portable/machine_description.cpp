@@ -1,0 +1,288 @@
+#include "platform/portable/machine_description.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <set>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#define TOML_HEADER_ONLY 1
+#define TOML_EXCEPTIONS 0
+#include <toml++/toml.h>
+
+#include "platform/portable/case_fold.h"
+
+namespace kestrune::platform::portable {
+namespace {
+
+constexpr std::string_view kEnding = ".toml";
+
+std::string Quoted(std::string_view text) {
+  std::string quoted(1, '"');
+  return quoted.append(text).append(1, '"');
+}
+
+/// What went wrong while a description was taken apart: its first fault, and its unknown keys.
+class Findings {
+ public:
+  explicit Findings(std::string file) : file_(std::move(file)) {}
+
+  void Fault(const toml::source_region& place, const std::string& reason) {
+    if (fault_) return;
+    fault_ = file_ + ":" + std::to_string(place.begin.line) + ":" +
+             std::to_string(place.begin.column) + ": " + reason;
+  }
+  void Unknown(const toml::key& key) {
+    warnings_.push_back(file_ + ":" + std::to_string(key.source().begin.line) + ": unknown key " +
+                        Quoted(key.str()));
+  }
+
+  const std::optional<std::string>& FirstFault() const { return fault_; }
+  std::vector<std::string>& Warnings() { return warnings_; }
+
+ private:
+  std::string file_;
+  std::optional<std::string> fault_;
+  std::vector<std::string> warnings_;
+};
+
+/// Takes the keys of one table. What is missing leaves its target as it was; a wrong type is a
+/// fault; keys that nobody took are unknown.
+class Table {
+ public:
+  Table(const toml::table& table, Findings& findings) : table_(table), findings_(findings) {}
+  ~Table() {
+    for (const auto& [key, node] : table_) {
+      if (!taken_.contains(key.str())) findings_.Unknown(key);
+    }
+  }
+  Table(const Table&) = delete;
+  Table& operator=(const Table&) = delete;
+
+  template <class Target>
+  void Take(std::string_view key, Target& target) {
+    if (const toml::node* node = Find(key)) Read(*node, key, target);
+  }
+
+  template <class Reader>
+  void TakeTable(std::string_view key, Reader read) {
+    const toml::node* node = Find(key);
+    if (node == nullptr) return;
+    if (!node->is_table()) return Wrong(*node, key, "a table");
+    read(*node->as_table());
+  }
+
+  template <class Reader>
+  void TakeTables(std::string_view key, Reader read) {
+    const toml::node* node = Find(key);
+    if (node == nullptr) return;
+    const toml::array* array = node->as_array();
+    if (array == nullptr) return Wrong(*node, key, "an array of tables");
+    for (const toml::node& element : *array) {
+      if (!element.is_table()) return Wrong(element, key, "an array of tables");
+      read(*element.as_table());
+    }
+  }
+
+ private:
+  const toml::node* Find(std::string_view key) {
+    taken_.insert(key);
+    return table_.get(key);
+  }
+
+  void Wrong(const toml::node& node, std::string_view key, const std::string& wanted) {
+    findings_.Fault(node.source(), Quoted(key) + " must be " + wanted);
+  }
+
+  void Read(const toml::node& node, std::string_view key, std::string& target) {
+    if (!node.is_string()) return Wrong(node, key, "a text");
+    target = node.as_string()->get();
+  }
+  void Read(const toml::node& node, std::string_view key, std::int64_t& target) {
+    if (!node.is_integer() || node.as_integer()->get() < 0) {
+      return Wrong(node, key, "a whole number from 0");
+    }
+    target = node.as_integer()->get();
+  }
+  void Read(const toml::node& node, std::string_view key, int& target) {
+    constexpr int kMost = std::numeric_limits<int>::max();
+    if (!node.is_integer() || node.as_integer()->get() < 0 || node.as_integer()->get() > kMost) {
+      return Wrong(node, key, "a whole number from 0 to " + std::to_string(kMost));
+    }
+    target = static_cast<int>(node.as_integer()->get());
+  }
+  template <class Element>
+  void Read(const toml::node& node, std::string_view key, std::vector<Element>& target) {
+    if (!node.is_array()) return Wrong(node, key, "an array");
+    target.clear();
+    for (const toml::node& element : *node.as_array()) {
+      Read(element, key, target.emplace_back());
+    }
+  }
+  template <class Target>
+  void Read(const toml::node& node, std::string_view key, std::optional<Target>& target) {
+    Read(node, key, target.emplace());
+  }
+
+  const toml::table& table_;
+  Findings& findings_;
+  std::set<std::string_view> taken_;
+};
+
+void TakeOs(const toml::table& source, Findings& findings, MachineDescription& machine) {
+  Table table(source, findings);
+  table.Take("major", machine.os.major);
+  table.Take("minor", machine.os.minor);
+  table.Take("platform", machine.os.platform);
+  table.Take("system_folder", machine.system_folder);
+}
+
+void TakeFileVersions(const toml::table& source, Findings& findings, MachineDescription& machine) {
+  Table table(source, findings);
+  for (const auto& [key, node] : source) {
+    table.Take(key.str(), machine.file_versions[FoldCase(key.str())]);
+  }
+}
+
+void TakeDisplayDevice(const toml::table& source, Findings& findings, DisplayDevice& device) {
+  Table table(source, findings);
+  int state = 0;
+  table.Take("name", device.name);
+  table.Take("description", device.description);
+  table.Take("state", state);
+  table.Take("hardware_id", device.hardware_id);
+  table.Take("driver_key", device.driver_key);
+  device.state = static_cast<unsigned>(state);
+}
+
+void TakeDisplay(const toml::table& source, Findings& findings, DescribedDisplay& display) {
+  Table table(source, findings);
+  table.Take("modes", display.modes);
+  table.Take("restart_needed", display.restart_needed);
+  table.Take("refused", display.refused);
+}
+
+void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& clocks) {
+  Table table(source, findings);
+  table.Take("core", clocks.core);
+  table.Take("memory", clocks.memory);
+  table.Take("core_3d", clocks.core_3d);
+  table.Take("memory_3d", clocks.memory_3d);
+  table.Take("homer", clocks.homer);
+  table.Take("key_revision", clocks.key_revision);
+}
+
+void TakeMemory(const toml::table& source, Findings& findings, DescribedMemory& memory) {
+  Table table(source, findings);
+  table.Take("total", memory.total);
+  table.Take("available", memory.available);
+}
+
+void TakeProcessor(const toml::table& source, Findings& findings, DescribedProcessor& processor) {
+  Table table(source, findings);
+  table.Take("count", processor.count);
+  table.Take("type", processor.type);
+  table.Take("mhz", processor.mhz);
+  table.Take("name", processor.name);
+  table.Take("identifier", processor.identifier);
+  table.Take("vendor", processor.vendor);
+  table.Take("load", processor.load);
+}
+
+void TakeMachine(const toml::table& source, Findings& findings, MachineDescription& machine) {
+  Table table(source, findings);
+  table.Take("name", machine.title);
+  table.Take("registry", machine.registry);
+  table.Take("codepage", machine.code_page);
+  table.TakeTable("os", [&](const auto& t) { TakeOs(t, findings, machine); });
+  table.TakeTable("file_versions", [&](const auto& t) { TakeFileVersions(t, findings, machine); });
+  table.TakeTables("display_device", [&](const auto& t) {
+    if (!machine.display_devices) machine.display_devices.emplace();
+    TakeDisplayDevice(t, findings, machine.display_devices->emplace_back());
+  });
+  table.TakeTable("display", [&](const auto& t) { TakeDisplay(t, findings, machine.display); });
+  table.TakeTable("clocks",
+                  [&](const auto& t) { TakeClocks(t, findings, machine.clocks.emplace()); });
+  table.TakeTable("memory", [&](const auto& t) { TakeMemory(t, findings, machine.memory); });
+  table.TakeTable("processor",
+                  [&](const auto& t) { TakeProcessor(t, findings, machine.processor); });
+}
+
+std::vector<std::string> DescriptionFiles(const std::string& folder) {
+  std::vector<std::string> files;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->path().extension() == kEnding) files.push_back(entry->path().string());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+}  // namespace
+
+Result<LoadedDescription> LoadMachineDescription(const std::string& file) {
+  std::error_code error;
+  std::ifstream stream;
+  if (!std::filesystem::is_directory(file, error)) stream.open(file, std::ios::binary);
+  if (!stream.is_open()) return Fail("The machine description " + file + " can't be read.");
+  std::ostringstream text;
+  text << stream.rdbuf();
+  return ParseMachineDescription(text.view(), file);
+}
+
+Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file) {
+  const toml::parse_result parsed = toml::parse(text, file);
+  Findings findings(file);
+  if (parsed.failed()) {
+    findings.Fault(parsed.error().source(), std::string(parsed.error().description()));
+    return Fail(*findings.FirstFault());
+  }
+  LoadedDescription loaded;
+  loaded.description.file = file;
+  TakeMachine(parsed.table(), findings, loaded.description);
+  if (findings.FirstFault()) return Fail(*findings.FirstFault());
+  loaded.warnings = std::move(findings.Warnings());
+  return loaded;
+}
+
+Result<std::string> FindMachineDescription(const std::string& machine,
+                                           const std::vector<std::string>& folders) {
+  std::error_code error;
+  if (machine.find('/') != machine.npos || machine.ends_with(kEnding)) {
+    if (std::filesystem::exists(machine, error)) return machine;
+    return Fail("There is no machine description " + machine + ".");
+  }
+  for (const std::string& folder : folders) {
+    std::string file = std::string(folder).append(1, '/').append(machine).append(kEnding);
+    if (std::filesystem::exists(file, error)) return file;
+  }
+  std::string known;
+  for (const AvailableMachine& available : ListMachineDescriptions(folders)) {
+    known += (known.empty() ? "" : ", ") + available.name;
+  }
+  return Fail("There is no machine \"" + machine + "\"; " +
+              (known.empty() ? "none is described." : "there are " + known + "."));
+}
+
+std::vector<AvailableMachine> ListMachineDescriptions(const std::vector<std::string>& folders) {
+  std::map<std::string, AvailableMachine> machines;
+  for (const std::string& folder : folders) {
+    for (const std::string& file : DescriptionFiles(folder)) {
+      const std::string name = std::filesystem::path(file).stem().string();
+      if (machines.contains(name)) continue;
+      const auto loaded = LoadMachineDescription(file);
+      machines[name] = {name, file,
+                        loaded.Ok() ? loaded.Value().description.title : loaded.Reason()};
+    }
+  }
+  std::vector<AvailableMachine> list;
+  list.reserve(machines.size());
+  for (auto& [name, machine] : machines) list.push_back(std::move(machine));
+  return list;
+}
+
+}  // namespace kestrune::platform::portable

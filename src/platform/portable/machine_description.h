@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/display_api.h"
+#include "platform/result.h"
+#include "platform/version_api.h"
+
+namespace kestrune::platform::portable {
+
+/// The clocks that the driver stand-in holds as a card's defaults, in MHz.
+struct DescribedClocks {
+  std::optional<int> core;
+  std::optional<int> memory;
+  std::optional<int> core_3d;
+  std::optional<int> memory_3d;
+  std::optional<int> homer;                 ///< absent: chosen when first needed
+  std::optional<std::string> key_revision;  ///< absent: the card's
+};
+
+/// The display modes as the driver lists them, such as "1024x768x32 85Hz"; number 0 first.
+struct DescribedDisplay {
+  std::optional<std::vector<std::string>> modes;
+  std::vector<std::string> restart_needed;  ///< "800x600x32": a change to it asks for a restart
+  std::vector<std::string> refused;         ///< a change to it fails
+};
+
+struct DescribedMemory {
+  std::optional<std::int64_t> total;  ///< bytes
+  std::optional<std::int64_t> available;
+};
+
+struct DescribedProcessor {
+  std::optional<int> count;
+  std::optional<int> type;  ///< such as 586
+  std::optional<int> mhz;
+  std::optional<std::string> name;
+  std::optional<std::string> identifier;
+  std::optional<std::string> vendor;
+  std::optional<std::vector<int>> load;  ///< percent, one a processor; absent: measured
+};
+
+/// What a machine's hardware and operating system would report. Where something is absent, the
+/// running machine answers for it.
+struct MachineDescription {
+  std::string file;      ///< where it was read
+  std::string title;     ///< for people
+  std::string registry;  ///< the registry file of a new store, beside this one; may be empty
+  int code_page = 1252;
+  OsVersion os{5, 1, 2};
+  std::string system_folder = "C:\\WINDOWS\\system32";
+  std::map<std::string, std::string> file_versions;  ///< by name, folded
+  std::optional<std::vector<DisplayDevice>> display_devices;
+  DescribedDisplay display;
+  std::optional<DescribedClocks> clocks;  ///< absent: the stand-in never answers
+  DescribedMemory memory;
+  DescribedProcessor processor;
+};
+
+struct LoadedDescription {
+  MachineDescription description;
+  std::vector<std::string> warnings;  ///< "FILE:LINE: unknown key ...", one each
+};
+
+/// Reads a description. The reason of a failure is "FILE:LINE:COLUMN: ..." where it has a place.
+Result<LoadedDescription> LoadMachineDescription(const std::string& file);
+Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file);
+
+struct AvailableMachine {
+  std::string name;  ///< as FindMachineDescription takes it
+  std::string file;
+  std::string title;  ///< or what is wrong with the file
+};
+
+/// The file of a description: `machine` itself when it has a slash or ends in ".toml", else the
+/// file of that name in the first of the folders that has one.
+Result<std::string> FindMachineDescription(const std::string& machine,
+                                           const std::vector<std::string>& folders);
+/// All descriptions by name; of two with the same name, the first folder's.
+std::vector<AvailableMachine> ListMachineDescriptions(const std::vector<std::string>& folders);
+
+}  // namespace kestrune::platform::portable

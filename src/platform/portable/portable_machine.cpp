@@ -1,0 +1,151 @@
+#include "platform/portable/portable_machine.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include "platform/portable/code_page.h"
+#include "platform/portable/processor.h"
+#include "platform/portable/reg_file.h"
+
+namespace kestrune::platform::portable {
+namespace {
+
+constexpr const char* kDefaultMachine = "winxp-geforce6800";
+
+std::string Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string FirstOf(const std::string& given, const char* variable, const std::string& otherwise) {
+  if (!given.empty()) return given;
+  const std::string value = Environment(variable);
+  return value.empty() ? otherwise : value;
+}
+
+bool IsFolder(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_directory(path, error);
+}
+
+/// The folder for what the user's programs keep; empty when the user has none.
+std::string UserDataFolder() {
+  const std::string data = Environment("XDG_DATA_HOME");
+  if (data.starts_with('/')) return data + "/kestrune";
+  const std::string home = Environment("HOME");
+  return home.empty() ? "" : home + "/.local/share/kestrune";
+}
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
+std::string InstalledFolder(const std::string& executable_folder) {
+  if (IsFolder(executable_folder + "/DATA")) return executable_folder;
+  return std::filesystem::path(executable_folder + "/../share/kestrune").lexically_normal();
+}
+
+std::optional<std::string> ReadFile(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream.is_open() || IsFolder(file)) return std::nullopt;
+  std::ostringstream bytes;
+  bytes << stream.rdbuf();
+  return std::move(bytes).str();
+}
+
+/// Gives a new store what the machine's registry holds from the start.
+std::optional<std::string> FillStore(const MachineDescription& machine, Store& store) {
+  if (machine.registry.empty()) return std::nullopt;
+  const std::string file =
+      std::filesystem::path(machine.file).replace_filename(machine.registry).string();
+  const std::optional<std::string> bytes = ReadFile(file);
+  if (!bytes) return "The registry file " + file + " can't be read.";
+  CodePages code_pages(machine.code_page);
+  const auto changes = ParseRegFile(*bytes, code_pages);
+  if (changes.Ok()) return ApplyRegFile(changes.Value(), store);
+  const RegFileFault& fault = changes.Reason();
+  return file + ":" + std::to_string(fault.line) + ": " + fault.reason;
+}
+
+DescribedProcessor ProcessorOf(const MachineDescription& machine) {
+  const DescribedProcessor& described = machine.processor;
+  const bool is_whole = described.count && described.mhz && described.name &&
+                        described.identifier && described.vendor;
+  if (is_whole) return described;
+  std::ifstream cpu_info("/proc/cpuinfo");
+  return Completed(described, ReadProcessors(cpu_info));
+}
+
+}  // namespace
+
+MachinePlaces FindPlaces(const MachineOptions& options) {
+  MachinePlaces places;
+  const std::string user = UserDataFolder();
+  const std::string installed = InstalledFolder(
+      options.executable_folder.empty() ? ExecutableFolder() : options.executable_folder);
+  const std::string given = FirstOf(options.program_folder, "KESTRUNE_PROGRAM_FOLDER", "");
+  if (!given.empty()) {
+    places.program_folders = {given};
+  } else if (user.empty()) {
+    places.program_folders = {installed};
+  } else {
+    places.program_folders = {user, installed};
+  }
+  if (!given.empty() && IsFolder(given + "/machines")) {
+    places.machine_folders = {given + "/machines"};
+  } else {
+    if (!user.empty()) places.machine_folders.push_back(user + "/machines");
+    places.machine_folders.push_back(installed + "/machines");
+  }
+  places.machine = FirstOf(options.machine, "KESTRUNE_MACHINE", kDefaultMachine);
+  const std::filesystem::path machine(places.machine);
+  const std::string name = machine.extension() == ".toml" ? machine.stem() : machine.filename();
+  const std::string usual = user.empty() ? "" : user + "/" + name + ".store";
+  places.store = FirstOf(options.store, "KESTRUNE_STORE", usual);
+  return places;
+}
+
+Result<std::unique_ptr<PortableMachine>> PortableMachine::Open(const MachineOptions& options) {
+  MachinePlaces places = FindPlaces(options);
+  const auto file = FindMachineDescription(places.machine, places.machine_folders);
+  if (!file.Ok()) return Fail(file.Reason());
+  auto loaded = LoadMachineDescription(file.Value());
+  if (!loaded.Ok()) return Fail(loaded.Reason());
+  MachineDescription& machine = loaded.Value().description;
+  if (!CodePages::IsKnown(machine.code_page)) {
+    loaded.Value().warnings.push_back(machine.file + ": code page " +
+                                      std::to_string(machine.code_page) +
+                                      " isn't known; 1252 is used.");
+  }
+  if (places.store.empty()) {
+    return Fail("There is no place for the store: neither XDG_DATA_HOME nor HOME is set.");
+  }
+  StoreOptions store_options;
+  store_options.path = places.store;
+  store_options.dry_run = options.dry_run;
+  store_options.fill = [&machine](Store& store) { return FillStore(machine, store); };
+  auto store = Store::Open(store_options);
+  if (!store.Ok()) return Fail(store.Reason());
+  return std::unique_ptr<PortableMachine>(new PortableMachine(
+      std::move(places), std::move(loaded).Value(), std::move(store).Value(), options.dry_run));
+}
+
+PortableMachine::PortableMachine(MachinePlaces places, LoadedDescription loaded,
+                                 std::unique_ptr<Store> store, bool dry_run)
+    : places_(std::move(places)),
+      description_(std::move(loaded.description)),
+      warnings_(std::move(loaded.warnings)),
+      store_(std::move(store)),
+      store_registry_(*store_),
+      registry_(store_registry_, [this] { return ProcessorOf(description_); }),
+      display_(description_),
+      version_(description_),
+      shell_(dry_run),
+      files_(places_.program_folders, description_.code_page) {}
+
+}  // namespace kestrune::platform::portable

@@ -1,0 +1,68 @@
+#include "platform/portable/processor.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace kestrune::platform::portable {
+namespace {
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t");
+  if (start == text.npos) return {};
+  return text.substr(start, text.find_last_not_of(" \t") - start + 1);
+}
+
+template <class Value>
+void Complete(std::optional<Value>& value, const std::optional<Value>& other) {
+  if (!value) value = other;
+}
+
+}  // namespace
+
+DescribedProcessor ReadProcessors(std::istream& cpu_info) {
+  std::map<std::string, std::string, std::less<>> first;  // what is said of the first processor
+  int count = 0;
+  for (std::string line; std::getline(cpu_info, line);) {
+    const std::size_t colon = line.find(':');
+    if (colon == line.npos) continue;
+    const std::string_view key = Trim(std::string_view(line).substr(0, colon));
+    if (key == "processor") ++count;
+    if (count <= 1) first.emplace(key, Trim(std::string_view(line).substr(colon + 1)));
+  }
+  DescribedProcessor processor;
+  const auto text = [&first](std::string_view key) -> std::optional<std::string> {
+    const auto found = first.find(key);
+    if (found == first.end()) return std::nullopt;
+    return found->second;
+  };
+  if (count > 0) processor.count = count;
+  processor.name = text("model name");
+  processor.vendor = text("vendor_id");
+  if (const auto mhz = text("cpu MHz")) {
+    const double value = std::strtod(mhz->c_str(), nullptr);
+    if (value > 0 && value < 1e6) processor.mhz = static_cast<int>(std::lround(value));
+  }
+  const auto family = text("cpu family");
+  const auto model = text("model");
+  const auto stepping = text("stepping");
+  if (family && model && stepping) {
+    processor.identifier = "x86 Family " + *family + " Model " + *model + " Stepping " + *stepping;
+  }
+  return processor;
+}
+
+DescribedProcessor Completed(const DescribedProcessor& described, const DescribedProcessor& other) {
+  DescribedProcessor whole = described;
+  Complete(whole.count, other.count);
+  Complete(whole.type, other.type);
+  Complete(whole.mhz, other.mhz);
+  Complete(whole.name, other.name);
+  Complete(whole.identifier, other.identifier);
+  Complete(whole.vendor, other.vendor);
+  return whole;
+}
+
+}  // namespace kestrune::platform::portable

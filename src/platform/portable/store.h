@@ -1,0 +1,167 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/registry_api.h"
+#include "platform/result.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace kestrune::platform::portable {
+
+class Store;
+
+/// A key's number in the store. Keys are never deleted, so it stays good for the store's lifetime,
+/// unless the transaction that created the key is taken back.
+using KeyId = std::int64_t;
+
+struct StoredValue {
+  std::string name;  ///< as first written; empty for the default value
+  RegType type = RegType::kNone;
+  std::vector<std::byte> data;
+};
+
+struct StoreOptions {
+  std::string path = {};
+  /// Works on a copy in memory: the file is neither changed nor created.
+  bool dry_run = false;
+  /// How long another program may keep the store locked.
+  std::chrono::milliseconds busy_timeout{5000};
+  /// Runs once, in the transaction that creates the store. A sentence takes the creation back and
+  /// becomes the reason why the store can't be opened.
+  std::function<std::optional<std::string>(Store&)> fill = nullptr;
+};
+
+/// A registry in one SQLite file that several programs may use at a time.
+///
+/// What a call changed has reached the disk when it returns, unless a Transaction is open. Paths
+/// and names are UTF-8, matched without regard to case and kept as first written. Every failure
+/// of the file comes back as kReadFault or kWriteFault, and the first one is remembered. For one
+/// thread.
+class Store {
+ public:
+  /// Opens the store at a path, or creates it with its folder. A file that isn't a store, is
+  /// damaged or of a newer version is refused untouched. One that can't be written is opened for
+  /// reading.
+  static Result<std::unique_ptr<Store>> Open(const StoreOptions& options);
+  /// A copy in memory, of which nothing is kept. Not while a Transaction is open.
+  Result<std::unique_ptr<Store>> CopyToMemory();
+  ~Store();
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  const std::string& Path() const { return path_; }
+  /// Whether the store came into being with this opening.
+  bool IsNew() const { return is_new_; }
+  bool IsReadOnly() const;
+  /// The first failure of the file since it was opened, in one sentence with its path.
+  const std::optional<std::string>& FirstFailure() const { return first_failure_; }
+
+  RegStatus FindKey(RegRoot root, std::string_view path, KeyId& key);
+  RegStatus CreateKey(RegRoot root, std::string_view path, KeyId& key);
+  RegStatus QueryValue(KeyId key, std::string_view name, RegType& type, std::size_t& size,
+                       std::span<std::byte> data);
+  /// Writes nothing when the value has this type and data already.
+  RegStatus SetValue(KeyId key, std::string_view name, RegType type,
+                     std::span<const std::byte> data);
+  RegStatus DeleteValue(KeyId key, std::string_view name);
+  void BeginReads();
+  void EndReads();
+
+  /// The names of the keys below a key, and its values, sorted without regard to case; nothing
+  /// when there is no such key.
+  std::optional<std::vector<std::string>> Subkeys(RegRoot root, std::string_view path);
+  std::optional<std::vector<StoredValue>> Values(RegRoot root, std::string_view path);
+
+  /// What a described machine remembers outside every root, by a name of its own.
+  std::optional<std::string> MachineState(std::string_view name);
+  RegStatus SetMachineState(std::string_view name, std::string_view text);
+
+  /// How many transactions were taken back; after one, key numbers may be stale.
+  std::uint64_t Rollbacks() const { return rollbacks_; }
+
+ private:
+  friend class Transaction;
+  class Query;
+  enum Sql : std::size_t;
+  static constexpr std::size_t kSqlCount = 15;
+
+  explicit Store(std::string path) : path_(std::move(path)) {}
+
+  static Result<std::unique_ptr<Store>> OpenFile(const StoreOptions& options);
+  static Result<std::unique_ptr<Store>> NewInMemory(const StoreOptions& options);
+  int Connect(const std::string& file, int flags, std::chrono::milliseconds busy_timeout);
+  void Disconnect();
+  int Inspect(bool& is_empty, std::optional<std::string>& refusal);
+  int CheckPages(std::optional<std::string>& refusal);
+  std::optional<std::string> Create(const StoreOptions& options);
+  int UseWriteAheadLog(std::chrono::milliseconds patience);
+  int Run(const char* sql);
+  int ReadNumber(const char* sql, std::int64_t& number);
+
+  RegStatus FindFolded(std::string_view folded, KeyId& key);
+  RegStatus InsertMissingKeys(std::string_view folded, std::string_view path, KeyId& key);
+  bool HasValue(KeyId key, std::string_view folded, RegType type, std::span<const std::byte> data);
+  RegStatus Finish(Query& query);
+  RegStatus ReadFailed(int code);
+  RegStatus WriteFailed(int code);
+  void Remember(const char* what, int code);
+  std::string Reason(int code) const;
+  std::string OpeningFailed(int code) const;
+
+  bool BeginChange();
+  bool EndChange(bool keep);
+  bool Doomed();
+  void EndView();
+
+  std::string path_;
+  sqlite3* database_ = nullptr;
+  std::array<sqlite3_stmt*, kSqlCount> statements_{};
+  std::optional<std::string> first_failure_;
+  std::chrono::milliseconds busy_timeout_{0};
+  std::uint64_t rollbacks_ = 0;
+  int changes_open_ = 0;  ///< nested transactions
+  int reads_open_ = 0;    ///< nested BeginReads
+  bool doomed_ = false;   ///< the open transaction can only be taken back
+  bool view_open_ = false;
+  bool is_new_ = false;
+};
+
+/// Everything done to a store during its life is one change: kept by Commit(), else taken back,
+/// with keys opened meanwhile becoming invalid. Inside another one it becomes a part of it; when a
+/// part is taken back, the whole is.
+class Transaction {
+ public:
+  explicit Transaction(Store& store) : store_(store), open_(store.BeginChange()) {}
+  ~Transaction() {
+    if (open_) store_.EndChange(false);
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  /// Whether it could be begun; if not, the store's failure says why.
+  [[nodiscard]] bool IsOpen() const { return open_; }
+  /// False when something failed on the way; then nothing of it is kept.
+  [[nodiscard]] bool Commit() {
+    const bool was_open = open_;
+    open_ = false;
+    return was_open && store_.EndChange(true);
+  }
+
+ private:
+  Store& store_;
+  bool open_;
+};
+
+}  // namespace kestrune::platform::portable

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace kestrune::platform {
+
+/// The predefined registry roots, with the handle values that Windows gives them.
+enum class RegRoot : std::uint32_t {
+  kClassesRoot = 0x80000000u,
+  kCurrentUser = 0x80000001u,
+  kLocalMachine = 0x80000002u,
+};
+
+/// The stored types that matter here. Any other 32-bit number may be stored as well.
+enum class RegType : std::uint32_t {
+  kNone = 0,
+  kSz = 1,
+  kExpandSz = 2,
+  kBinary = 3,
+  kDword = 4,
+};
+
+/// Return codes of the registry operations, as Windows numbers them.
+enum class RegStatus : std::int32_t {
+  kSuccess = 0,
+  kNotFound = 2,
+  kAccessDenied = 5,
+  kInvalidHandle = 6,
+  kWriteFault = 29,
+  kReadFault = 30,
+  kBadPath = 161,
+  kMoreData = 234,
+};
+
+/// An open key; 0 is no key.
+using RegHandle = std::uint32_t;
+
+/// The registry, as RegOpenKey, RegCreateKey, RegQueryValueEx, RegSetValueEx, RegDeleteValue and
+/// RegCloseKey give it.
+///
+/// Paths use backslashes and have no leading one; paths and names are matched without regard to
+/// letter case. Text is UTF-8 on this side of the seam, also the data of kSz values (with its
+/// closing NUL byte where it has one). A call that fails leaves its outputs as they were.
+class RegistryApi {
+ public:
+  virtual ~RegistryApi() = default;
+
+  /// Opens an existing key; kNotFound when there is none.
+  virtual RegStatus OpenKey(RegRoot root, std::string_view path, RegHandle& key) = 0;
+  /// Opens a key and creates every level of its path that is missing.
+  virtual RegStatus CreateKey(RegRoot root, std::string_view path, RegHandle& key) = 0;
+  /// Gives a value's type and size, and its bytes when `data` has room for them. Without a buffer
+  /// (`data.data()` is null) only type and size are given; a buffer that is too small gives
+  /// kMoreData, with type and size set.
+  virtual RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type,
+                               std::size_t& size, std::span<std::byte> data) = 0;
+  virtual RegStatus SetValue(RegHandle key, std::string_view name, RegType type,
+                             std::span<const std::byte> data) = 0;
+  virtual RegStatus DeleteValue(RegHandle key, std::string_view name) = 0;
+  virtual void CloseKey(RegHandle key) = 0;
+
+  /// Between these two calls (they nest) reads see the registry as it was at one moment. A change
+  /// made meanwhile ends that view. Use ReadScope.
+  virtual void BeginReads() = 0;
+  virtual void EndReads() = 0;
+};
+
+/// Holds one view of the registry for as long as it lives.
+class ReadScope {
+ public:
+  explicit ReadScope(RegistryApi& registry) : registry_(registry) { registry_.BeginReads(); }
+  ~ReadScope() { registry_.EndReads(); }
+  ReadScope(const ReadScope&) = delete;
+  ReadScope& operator=(const ReadScope&) = delete;
+
+ private:
+  RegistryApi& registry_;
+};
+
+}  // namespace kestrune::platform

@@ -1,0 +1,296 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "platform/portable/machine_description.h"
+#include "platform/portable/portable_machine.h"
+#include "platform/portable/processor.h"
+#include "platform/temp_folder.h"
+
+namespace kestrune::platform::portable {
+namespace {
+
+constexpr const char* kWhole = R"(
+name = "Title"
+registry = "a.reg"
+codepage = 1250
+[os]
+major = 4
+minor = 10
+platform = 1
+system_folder = 'C:\WINDOWS\SYSTEM'
+[file_versions]
+"NV4_disp.dll" = "4.5"
+[[display_device]]
+name = '\\.\DISPLAY1'
+description = "Card"
+state = 5
+hardware_id = 'PCI\VEN_10DE'
+driver_key = '\Registry'
+[[display_device]]
+[display]
+modes = ["640x480x16 60Hz"]
+restart_needed = ["a", "b"]
+refused = []
+[clocks]
+core = 325
+memory = 700
+core_3d = 350
+memory_3d = 701
+homer = 1000
+key_revision = "A1"
+[memory]
+total = 5368709120
+available = 0
+[processor]
+count = 2
+type = 586
+mhz = 2400
+name = "P"
+identifier = "I"
+vendor = "V"
+load = [37, 42]
+)";
+
+TEST(MachineDescriptionTest, EveryKeyArrives) {
+  auto loaded = ParseMachineDescription(kWhole, "m.toml");
+  ASSERT_TRUE(loaded.Ok()) << loaded.Reason();
+  EXPECT_EQ(loaded.Value().warnings, std::vector<std::string>{});
+  const MachineDescription& m = loaded.Value().description;
+  EXPECT_EQ(m.title + m.registry + m.system_folder, "Titlea.regC:\\WINDOWS\\SYSTEM");
+  EXPECT_EQ(m.code_page * 1000 + m.os.major * 100 + m.os.minor * 10 + m.os.platform, 1250501);
+  EXPECT_EQ(DescribedVersions(m).FileVersionText("nv4_DISP.dll"), "4.5");
+  EXPECT_EQ(DescribedVersions(m).FileVersionText("other.dll"), std::nullopt);
+  ASSERT_EQ(m.display_devices->size(), 2u);
+  const DisplayDevice& device = m.display_devices->front();
+  EXPECT_EQ(device.name + device.description + device.hardware_id + device.driver_key,
+            "\\\\.\\DISPLAY1CardPCI\\VEN_10DE\\Registry");
+  EXPECT_EQ(device.state, 5u);
+  EXPECT_EQ(m.display.modes->size() * 100 + m.display.restart_needed.size() * 10, 120u);
+  EXPECT_EQ(*m.clocks->core + *m.clocks->memory + *m.clocks->core_3d + *m.clocks->memory_3d +
+                *m.clocks->homer,
+            325 + 700 + 350 + 701 + 1000);
+  EXPECT_EQ(m.clocks->key_revision, "A1");
+  EXPECT_EQ(m.memory.total, 5368709120);
+  EXPECT_EQ(m.memory.available, 0);
+  EXPECT_EQ(*m.processor.count + *m.processor.type + *m.processor.mhz, 2 + 586 + 2400);
+  EXPECT_EQ(*m.processor.name + *m.processor.identifier + *m.processor.vendor, "PIV");
+  EXPECT_EQ(m.processor.load, (std::vector<int>{37, 42}));
+}
+
+TEST(MachineDescriptionTest, FaultsNameTheirPlace) {
+  struct Case {
+    const char* text;
+    const char* fault;
+  };
+  for (const auto& [text, fault] : {
+           Case{"name = 5", "m.toml:1:8: \"name\" must be a text"},
+           Case{"\n[os]\nmajor = \"5\"",
+                "m.toml:3:9: \"major\" must be a whole number from 0 to 2147483647"},
+           Case{"[os]\nmajor = 4294967296",
+                "m.toml:2:9: \"major\" must be a whole number from 0 to 2147483647"},
+           Case{"[memory]\ntotal = -1", "m.toml:2:9: \"total\" must be a whole number from 0"},
+           Case{"[memory]\ntotal = 1.5", "m.toml:2:9: \"total\" must be a whole number from 0"},
+           Case{"os = 1", "m.toml:1:6: \"os\" must be a table"},
+           Case{"[display_device]", "m.toml:1:1: \"display_device\" must be an array of tables"},
+           Case{"[processor]\nload = [1,\n  \"2\"]",
+                "m.toml:3:3: \"load\" must be a whole number from 0 to 2147483647"},
+           Case{"[file_versions]\n\"a.dll\" = 1", "m.toml:2:11: \"a.dll\" must be a text"},
+       }) {
+    const auto loaded = ParseMachineDescription(text, "m.toml");
+    EXPECT_EQ(loaded.Ok() ? "" : loaded.Reason(), fault) << text;
+  }
+  for (const auto& [text, place] : {
+           Case{"name = \"a\nb\"", "m.toml:1:"},
+           Case{"a = 1\na = 2", "m.toml:2:"},
+           Case{"\n[os\n", "m.toml:2:"},
+           Case{"\n\n  x = \xFF", "m.toml:3:"},
+       }) {
+    const auto loaded = ParseMachineDescription(text, "m.toml");
+    ASSERT_FALSE(loaded.Ok()) << text;
+    EXPECT_TRUE(loaded.Reason().starts_with(place)) << loaded.Reason();
+  }
+}
+
+TEST(MachineDescriptionTest, UnknownKeysAreWarningsWithTheirLine) {
+  const auto loaded = ParseMachineDescription("nam = 1\n[os]\nmajor = 6\nmayor = 7\n[cpu]\n", "m");
+  ASSERT_TRUE(loaded.Ok());
+  EXPECT_EQ(loaded.Value().description.os.major, 6);
+  auto warnings = loaded.Value().warnings;
+  std::sort(warnings.begin(), warnings.end());
+  EXPECT_EQ(warnings,
+            (std::vector<std::string>{"m:1: unknown key \"nam\"", "m:4: unknown key \"mayor\"",
+                                      "m:5: unknown key \"cpu\""}));
+}
+
+TEST(MachineDescriptionTest, MachinesAreFoundByNameOrByFile) {
+  TempFolder folder;
+  folder.Write("user/a.toml", "name = \"mine\"");
+  folder.Write("installed/a.toml", "name = \"theirs\"");
+  folder.Write("installed/b.toml", "name = ");
+  folder.Write("installed/c.reg", "");
+  const std::vector<std::string> folders = {folder / "user", folder / "installed"};
+  EXPECT_EQ(FindMachineDescription("a", folders).Value(), folder / "user/a.toml");
+  EXPECT_EQ(FindMachineDescription(folder / "installed/a.toml", {}).Value(),
+            folder / "installed/a.toml");
+  EXPECT_EQ(FindMachineDescription("c", folders).Reason(),
+            "There is no machine \"c\"; there are a, b.");
+  EXPECT_EQ(FindMachineDescription("./no/a.toml", folders).Reason(),
+            "There is no machine description ./no/a.toml.");
+  const auto machines = ListMachineDescriptions(folders);
+  ASSERT_EQ(machines.size(), 2u);
+  EXPECT_EQ(machines[0].title, "mine");
+  EXPECT_TRUE(machines[1].title.starts_with(folder / "installed/b.toml:1:"));
+}
+
+TEST(HostTest, ProcessorsAndDisplayDevicesAreReadFromTheSystemsOwnFiles) {
+  std::istringstream cpu_info(
+      "processor\t: 0\nvendor_id\t: GenuineIntel\ncpu family\t: 15\nmodel\t\t: 2\n"
+      "model name\t: Intel(R) P4\nstepping\t: 7\ncpu MHz\t\t: 2399.7\n\n"
+      "processor\t: 1\nmodel name\t: other\n");
+  DescribedProcessor described;
+  described.mhz = 100;
+  const DescribedProcessor processor = Completed(described, ReadProcessors(cpu_info));
+  EXPECT_EQ(processor.count, 2);
+  EXPECT_EQ(processor.mhz, 100);
+  EXPECT_EQ(processor.name, "Intel(R) P4");
+  EXPECT_EQ(processor.identifier, "x86 Family 15 Model 2 Stepping 7");
+
+  TempFolder folder;
+  folder.Write("0000:00:02.0/class", "0x020000\n");
+  folder.Write("0000:01:00.0/class", "0x030000\n");
+  folder.Write("0000:01:00.0/vendor", "0x10de\n");
+  folder.Write("0000:01:00.0/device", "0x0041\n");
+  folder.Write("0000:01:00.0/subsystem_vendor", "0x1458\n");
+  folder.Write("0000:01:00.0/subsystem_device", "0xc520\n");
+  folder.Write("0000:01:00.0/revision", "0xa1\n");
+  folder.Write("0000:01:00.0/boot_vga", "1\n");
+  const auto devices = ReadPciDisplayDevices(folder / "");
+  ASSERT_EQ(devices.size(), 1u);
+  EXPECT_EQ(devices[0].hardware_id, "PCI\\VEN_10DE&DEV_0041&SUBSYS_C5201458&REV_A1");
+  EXPECT_EQ(devices[0].name, "\\\\.\\DISPLAY1");
+  EXPECT_EQ(devices[0].state, 5u);
+}
+
+class PortableMachineTest : public testing::Test {
+ protected:
+  PortableMachineTest() {
+    for (const char* name : {"KESTRUNE_STORE", "KESTRUNE_MACHINE", "KESTRUNE_PROGRAM_FOLDER"}) {
+      unsetenv(name);
+    }
+    setenv("XDG_DATA_HOME", folder_.operator/("home").c_str(), 1);
+    folder_.Write("share/kestrune/machines/box.toml", "registry = \"box.reg\"\nodd = 1\n");
+    folder_.Write("share/kestrune/machines/box.reg",
+                  "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=\"v\"\n");
+    options_.machine = "box";
+    options_.executable_folder = folder_ / "bin";
+  }
+
+  TempFolder folder_;
+  MachineOptions options_;
+};
+
+TEST_F(PortableMachineTest, ANewStoreHoldsTheMachinesRegistry) {
+  {
+    auto machine = PortableMachine::Open(options_);
+    ASSERT_TRUE(machine.Ok()) << machine.Reason();
+    EXPECT_EQ(machine.Value()->Warnings().size(), 1u);
+    EXPECT_EQ(machine.Value()->Files().Locate("x"), std::nullopt);
+  }
+  // The registry file isn't needed again.
+  std::filesystem::remove(folder_ / "share/kestrune/machines/box.reg");
+  auto machine = PortableMachine::Open(options_);
+  ASSERT_TRUE(machine.Ok()) << machine.Reason();
+  EXPECT_EQ(machine.Value()->RegistryStore().Path(), folder_ / "home/kestrune/box.store");
+  RegHandle key = 0;
+  EXPECT_EQ(machine.Value()->Registry().OpenKey(RegRoot::kLocalMachine, "k", key),
+            RegStatus::kSuccess);
+}
+
+TEST_F(PortableMachineTest, WhatKeepsAMachineFromOpeningIsOneSentence) {
+  struct Case {
+    const char* machine;
+    const char* reg;
+    std::string reason;
+  };
+  const std::string reg = folder_ / "share/kestrune/machines/box.reg";
+  for (const Case& c : {
+           Case{"none", "", "There is no machine \"none\"; there are box."},
+           Case{"box", "REGEDIT4\n[x]\n", reg + ":2: x is no root"},
+           Case{"box", nullptr, "The registry file " + reg + " can't be read."},
+       }) {
+    if (c.reg != nullptr) folder_.Write("share/kestrune/machines/box.reg", c.reg);
+    if (c.reg == nullptr) std::filesystem::remove(reg);
+    options_.machine = c.machine;
+    const auto machine = PortableMachine::Open(options_);
+    EXPECT_EQ(machine.Ok() ? "" : machine.Reason(), c.reason);
+  }
+}
+
+TEST_F(PortableMachineTest, PlacesComeFromOptionsThenEnvironmentThenDefaults) {
+  MachinePlaces places = FindPlaces({.executable_folder = folder_ / "bin"});
+  EXPECT_EQ(places.machine, "winxp-geforce6800");
+  EXPECT_EQ(places.store, folder_ / "home/kestrune/winxp-geforce6800.store");
+  EXPECT_EQ(places.program_folders,
+            (std::vector{folder_ / "home/kestrune", folder_ / "share/kestrune"}));
+
+  setenv("KESTRUNE_STORE", "/env.store", 1);
+  setenv("KESTRUNE_MACHINE", "dir/other.v2.toml", 1);
+  setenv("KESTRUNE_PROGRAM_FOLDER", folder_.operator/("given").c_str(), 1);
+  folder_.Write("bin/DATA/x", "");
+  places = FindPlaces({.executable_folder = folder_ / "bin"});
+  EXPECT_EQ(places.store, "/env.store");
+  EXPECT_EQ(places.program_folders, std::vector{folder_ / "given"});
+  EXPECT_EQ(places.machine_folders,
+            (std::vector{folder_ / "home/kestrune/machines", folder_ / "bin/machines"}));
+  folder_.Write("given/machines/x.toml", "");
+  unsetenv("KESTRUNE_STORE");
+  places = FindPlaces({.executable_folder = folder_ / "bin"});
+  EXPECT_EQ(places.machine_folders, std::vector{folder_ / "given/machines"});
+  EXPECT_EQ(places.store, folder_ / "home/kestrune/other.v2.store");
+  EXPECT_EQ(FindPlaces({.store = "s", .machine = "a.b", .program_folder = "p"}).store, "s");
+  EXPECT_EQ(FindPlaces({.machine = "a.b"}).store, folder_ / "home/kestrune/a.b.store");
+  setenv("XDG_DATA_HOME", "relative", 1);
+  setenv("HOME", "/h", 1);
+  EXPECT_EQ(FindPlaces({.machine = "m"}).store, "/h/.local/share/kestrune/m.store");
+}
+
+class CountingDriver : public DriverStandIn {
+ public:
+  void Reload(std::string_view command_line) override { commands.emplace_back(command_line); }
+  std::vector<std::string> commands;
+};
+
+TEST(ShellTest, ReloadCommandsGoToTheDriver) {
+  CountingDriver driver;
+  ProcessShell shell;
+  EXPECT_TRUE(shell.StartCommand("rundll32 NvCpl.dll,NvStartup", WindowState::kNormal));
+  shell.SetDriverStandIn(&driver);
+  for (const char* command : {"rundll32 NvCpl.dll,NvStartup", "RunDLL32.exe x", "\"rundll32\""}) {
+    EXPECT_TRUE(shell.StartCommand(command, WindowState::kMinimised));
+  }
+  for (const char* command : {"/no/rundll32 x", "rundll32x", "", "  ", "no-such-program-here"}) {
+    EXPECT_FALSE(shell.StartCommand(command, WindowState::kNormal)) << command;
+  }
+  EXPECT_EQ(driver.commands.size(), 3u);
+  EXPECT_EQ(driver.commands[0], "rundll32 NvCpl.dll,NvStartup");
+}
+
+TEST(ShellTest, OtherCommandsBecomeProcessesThatNobodyWaitsFor) {
+  TempFolder folder;
+  folder.Write("say it",
+               "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.out.tmp\"\nmv \"$0.out.tmp\" \"$0.out\"\n");
+  std::filesystem::permissions(folder / "say it", std::filesystem::perms(0755));
+  const std::string command = '"' + (folder / "say it") + "\" a \"b  c\"d \"\"";
+  EXPECT_TRUE(ProcessShell(true).StartCommand(command, WindowState::kNormal));
+  EXPECT_FALSE(std::filesystem::exists(folder / "say it.out"));
+  EXPECT_TRUE(ProcessShell().StartCommand(command, WindowState::kNormal));
+  for (int i = 0; i < 500 && !std::filesystem::exists(folder / "say it.out"); ++i) usleep(10000);
+  EXPECT_EQ(ReadAll(folder / "say it.out"), "a|b  cd||");
+}
+
+}  // namespace
+}  // namespace kestrune::platform::portable

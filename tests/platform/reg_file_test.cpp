@@ -1,0 +1,127 @@
+#include "platform/portable/reg_file.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+namespace kestrune::platform::portable {
+namespace {
+
+/// The changes as text: "+KEY", "NAME:TYPE=hex" and "-NAME", one a line.
+std::string Told(std::string_view bytes, int code_page = 1252) {
+  CodePages code_pages(code_page);
+  const auto parsed = ParseRegFile(bytes, code_pages);
+  if (!parsed.Ok()) return std::to_string(parsed.Reason().line) + ": " + parsed.Reason().reason;
+  std::string told;
+  for (const RegFileChange& change : parsed.Value()) {
+    if (change.kind == RegFileChange::Kind::kCreateKey) {
+      const char root = "CUM"[static_cast<std::uint32_t>(change.root) & 3];
+      told += std::string("+") + root + ":" + change.key;
+    } else if (change.kind == RegFileChange::Kind::kDeleteValue) {
+      told += "-" + change.name;
+    } else {
+      told += change.name + ":" + std::to_string(static_cast<std::uint32_t>(change.type)) + "=";
+      char digits[3];
+      for (const std::byte byte : change.data) {
+        std::snprintf(digits, sizeof(digits), "%02x", std::to_integer<unsigned>(byte));
+        told += digits;
+      }
+    }
+    told += "\n";
+  }
+  return told;
+}
+
+std::string Utf16(std::u16string_view text) {
+  std::string bytes = "\xFF\xFE";
+  for (const char16_t unit : text) {
+    bytes.push_back(static_cast<char>(unit & 0xFF));
+    bytes.push_back(static_cast<char>(unit >> 8));
+  }
+  return bytes;
+}
+
+constexpr const char* kV5 = "Windows Registry Editor Version 5.00\r\n";
+
+TEST(RegFileTest, EveryFormOfDataIsTaken) {
+  struct Case {
+    const char* lines;
+    const char* told;
+  };
+  for (const auto& [lines, told] : {
+           Case{"", ""},
+           Case{"; comment\r\n\r\n \t; another", ""},
+           Case{"\"n\"=\"a\\\\b\\\"c\"", "n:1=615c62226300\n"},
+           Case{"@=\"\"", ":1=00\n"},
+           Case{"  \"q\\\"\\\\\"  =  \"x\" ; comment", "q\"\\:1=7800\n"},
+           Case{"\"n\"=dword:000009C4", "n:4=c4090000\n"},
+           Case{"\"n\"=DWORD:fFFFffff", "n:4=ffffffff\n"},
+           Case{"\"n\"=hex:10,00, 10,5", "n:3=10001005\n"},
+           Case{"\"n\"=hex:", "n:3=\n"},
+           Case{"\"n\"=hex:01,\\\r\n  02,03,\\\r\n04 ; comment", "n:3=01020304\n"},
+           Case{"\"n\"=hex(2):25,00", "n:2=2500\n"},
+           Case{"\"n\"=hex(b):01\r\n@=-\r\n\"x\"=-", "n:11=01\n-\n-x\n"},
+           Case{"\"a;b]=\"=\"[;\"", "a;b]=:1=5b3b00\n"},
+       }) {
+    const std::string key = "[HKEY_LOCAL_MACHINE\\K]\r\n";
+    EXPECT_EQ(Told("REGEDIT4\r\n\r\n" + key + lines), std::string("+M:K\n") + told) << lines;
+    EXPECT_EQ(Told(kV5 + key + lines), std::string("+M:K\n") + told) << lines;
+  }
+}
+
+TEST(RegFileTest, TextIsDecodedAsTheFileSays) {
+  const char16_t* wide =
+      u"Windows Registry Editor Version 5.00\n[hkey_current_user\\Ä]\n\"ö\"=\"€😀\"\n"
+      u"\"t\"=hex(1):e4,00,00,00";
+  EXPECT_EQ(Told(Utf16(wide)), "+U:Ä\nö:1=e282acf09f988000\nt:1=c3a400\n");
+  EXPECT_EQ(Told(std::string("\xEF\xBB\xBF") + kV5 + "[HKEY_CLASSES_ROOT\\Ä]\n@=\"€\""),
+            "+C:Ä\n:1=e282ac00\n");
+  EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER\\\xC4]\n\"n\"=\"\x80\"\n\"t\"=hex(1):e4,00"),
+            "+U:Ä\nn:1=e282ac00\nt:1=c3a400\n");
+  EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER\\\xC4]", 1251), "+U:Д\n");
+  EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER]\n[HKEY_CURRENT_USER\\a]b\\] ; x"), "+U:\n+U:a]b\n");
+}
+
+TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
+  struct Case {
+    const char* text;
+    const char* fault;
+  };
+  for (const auto& [text, fault] : {
+           Case{"", "1: the first line is that of no registry file"},
+           Case{"\nREGEDIT4", "1: the first line is that of no registry file"},
+           Case{"REGEDIT5\n", "1: the first line is that of no registry file"},
+           Case{"REGEDIT4\n@=-", "2: a value stands before the first key"},
+           Case{"REGEDIT4\n[-HKEY_CURRENT_USER\\K]", "2: keys can't be deleted"},
+           Case{"REGEDIT4\n[HKEY_CURRENT_USER\\K", "2: \"]\" is missing"},
+           Case{"REGEDIT4\n[HKEY_USERS\\K]", "2: HKEY_USERS is no root"},
+           Case{"REGEDIT4\n[HKEY_CURRENT_USER\\\\K]", "2: a part of the key's path is empty"},
+           Case{"REGEDIT4\n[HKEY_CURRENT_USER]\n@=\"\"", "3: a root holds no values"},
+       }) {
+    EXPECT_EQ(Told(text), fault) << text;
+  }
+  for (const auto& [text, fault] : {
+           Case{"word", "4: this is neither a key nor a value"},
+           Case{"\"n\"", "4: \"=\" is missing after the value's name"},
+           Case{"\"n=1", "4: the closing quote is missing"},
+           Case{"@=\"C:\\dir\"", "4: \"\\\" is followed by neither \"\\\" nor a quote"},
+           Case{"@=\"a\" b", "4: something follows the data"},
+           Case{"@=text", "4: the data is of no known form"},
+           Case{"@=dword:", "4: a dword has one to eight hexadecimal digits"},
+           Case{"@=dword:123456789", "4: a dword has one to eight hexadecimal digits"},
+           Case{"@=dword:-1", "4: a dword has one to eight hexadecimal digits"},
+           Case{"@=hex:1g", "4: \",\" is missing between two bytes"},
+           Case{"@=hex:01,\\\n02 03", "5: \",\" is missing between two bytes"},
+           Case{"@=hex:01,\\", "4: the line that \"\\\" announces is missing"},
+           Case{"@=hex:,01", "4: a byte is one or two hexadecimal digits"},
+           Case{"@=hex(x):01", "4: the type in \"hex(...)\" is a hexadecimal number"},
+           Case{"@=hex01", "4: \":\" is missing after \"hex\""},
+           Case{"@=hex(1):01", "4: half a character ends the text"},
+           Case{"@=\"\xC4\"", "4: this isn't valid UTF-8"},
+       }) {
+    EXPECT_EQ(Told(std::string(kV5) + "\n[HKEY_CURRENT_USER\\K]\n" + text), fault) << text;
+  }
+}
+
+}  // namespace
+}  // namespace kestrune::platform::portable

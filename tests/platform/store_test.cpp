@@ -1,0 +1,363 @@
+#include "platform/portable/store.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+
+#include "platform/portable/reg_file.h"
+#include "platform/portable/store_registry.h"
+#include "platform/temp_folder.h"
+
+namespace kestrune::platform::portable {
+namespace {
+
+constexpr RegRoot kMachine = RegRoot::kLocalMachine;
+constexpr RegRoot kUser = RegRoot::kCurrentUser;
+constexpr std::chrono::milliseconds kShort{100};
+
+std::unique_ptr<Store> OpenStore(const std::string& path) {
+  auto store = Store::Open({.path = path, .busy_timeout = kShort});
+  EXPECT_TRUE(store.Ok()) << store.Reason();
+  return store.Ok() ? std::move(store).Value() : nullptr;
+}
+
+std::string Refusal(const StoreOptions& options) {
+  const auto store = Store::Open(options);
+  return store.Ok() ? "(opened)" : store.Reason();
+}
+
+RegStatus Set(Store& store, std::string_view path, std::string_view name, std::string_view text) {
+  KeyId key = 0;
+  const RegStatus status = store.CreateKey(kMachine, path, key);
+  if (status != RegStatus::kSuccess) return status;
+  return store.SetValue(key, name, RegType::kSz, std::as_bytes(std::span(text)));
+}
+
+std::string Get(Store& store, std::string_view path, std::string_view name) {
+  KeyId key = 0;
+  RegType type{};
+  std::size_t size = 0;
+  char text[64] = {};
+  if (store.FindKey(kMachine, path, key) != RegStatus::kSuccess) return "(no key)";
+  if (store.QueryValue(key, name, type, size, std::as_writable_bytes(std::span(text))) !=
+      RegStatus::kSuccess) {
+    return "(none)";
+  }
+  return {text, size};
+}
+
+std::optional<std::string> FillWithOne(Store& store) {
+  Set(store, "K", "v", "filled");
+  return std::nullopt;
+}
+
+/// Gives up an administrator's rights for a while, so that permissions mean something.
+class PlainUser {
+ public:
+  PlainUser() : was_root_(geteuid() == 0) {
+    if (was_root_) is_plain_ = seteuid(65534) == 0;
+  }
+  ~PlainUser() {
+    if (is_plain_ && seteuid(0) != 0) std::abort();
+  }
+  bool Works() const { return !was_root_ || is_plain_; }
+
+ private:
+  bool was_root_;
+  bool is_plain_ = false;
+};
+
+TEST(StoreTest, WhatWasWrittenIsThereLaterAndForOthersAtOnce) {
+  TempFolder folder;
+  const std::string path = folder / "new/folders/a.store";
+  {
+    const auto first = OpenStore(path);
+    EXPECT_TRUE(first->IsNew());
+    const auto second = OpenStore(path);
+    EXPECT_FALSE(second->IsNew());
+    EXPECT_EQ(Set(*first, "K", "v", "1"), RegStatus::kSuccess);
+    EXPECT_EQ(Get(*second, "k", "V"), "1");
+    EXPECT_EQ(Set(*second, "K", "V", "2"), RegStatus::kSuccess);
+    EXPECT_EQ(Get(*first, "K", "v"), "2");
+  }
+  EXPECT_EQ(Get(*OpenStore(path), "K", "v"), "2");
+}
+
+TEST(StoreTest, AViewStaysAsItWasUntilTheStoreIsChanged) {
+  TempFolder folder;
+  const auto mine = OpenStore(folder / "a.store");
+  const auto other = OpenStore(folder / "a.store");
+  Set(*mine, "K", "v", "1");
+  mine->BeginReads();
+  mine->BeginReads();
+  EXPECT_EQ(Get(*mine, "K", "v"), "1");
+  EXPECT_EQ(Set(*other, "K", "v", "2"), RegStatus::kSuccess);
+  mine->EndReads();
+  EXPECT_EQ(Get(*mine, "K", "v"), "1");
+  // Equal to what the view shows, and still not what the store holds by now.
+  EXPECT_EQ(Set(*mine, "K", "v", "1"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(*other, "K", "v"), "1");
+  mine->EndReads();
+  EXPECT_EQ(mine->FirstFailure(), std::nullopt);
+}
+
+TEST(StoreTest, WritingTheSameBytesTouchesNoFile) {
+  TempFolder folder;
+  const auto store = OpenStore(folder / "a.store");
+  Set(*store, "K", "v", "1");
+  const auto size = std::filesystem::file_size(folder / "a.store-wal");
+  const std::string log = ReadAll(folder / "a.store-wal");
+  EXPECT_EQ(Set(*store, "k", "V", "1"), RegStatus::kSuccess);
+  EXPECT_EQ(ReadAll(folder / "a.store-wal"), log);
+  EXPECT_EQ(Set(*store, "K", "v", "2"), RegStatus::kSuccess);
+  EXPECT_GT(std::filesystem::file_size(folder / "a.store-wal"), size);
+}
+
+TEST(StoreTest, NamesAreListedAsFirstWrittenWithoutRegardToCase) {
+  TempFolder folder;
+  const auto store = OpenStore(folder / "a.store");
+  for (const char* key : {"Root\\beta", "root\\Äther\\below", "ROOT\\Alpha", "Root\\BETA"}) {
+    Set(*store, key, "", "");
+  }
+  for (const char* name : {"b", "", "C", "a", "B"}) Set(*store, "Root", name, name);
+  EXPECT_EQ(store->Subkeys(kMachine, "root"), (std::vector<std::string>{"Alpha", "beta", "Äther"}));
+  EXPECT_EQ(store->Subkeys(kMachine, ""), std::vector<std::string>{"Root"});
+  std::string names;
+  const auto values = store->Values(kMachine, "ROOT");
+  for (const StoredValue& value : *values) names += value.name + ",";
+  EXPECT_EQ(names, ",a,b,C,");
+  EXPECT_EQ(store->Subkeys(kUser, "root"), std::nullopt);
+}
+
+TEST(StoreTest, ADryRunKeepsNothing) {
+  TempFolder folder;
+  const std::string path = folder / "deep/a.store";
+  {
+    auto missing = Store::Open({.path = path, .dry_run = true, .fill = FillWithOne});
+    ASSERT_TRUE(missing.Ok());
+    EXPECT_EQ(Get(*missing.Value(), "K", "v"), "filled");
+    EXPECT_EQ(Set(*missing.Value(), "K", "w", "1"), RegStatus::kSuccess);
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder / "deep"));
+
+  const auto kept = OpenStore(path);
+  Set(*kept, "K", "v", "kept");
+  auto dry = Store::Open({.path = path, .dry_run = true, .fill = FillWithOne});
+  ASSERT_TRUE(dry.Ok());
+  EXPECT_EQ(Get(*dry.Value(), "K", "v"), "kept");
+  EXPECT_EQ(Set(*dry.Value(), "K", "v", "dropped"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(*dry.Value(), "K", "v"), "dropped");
+  EXPECT_EQ(Get(*kept, "K", "v"), "kept");
+}
+
+TEST(StoreTest, ATransactionIsKeptOrTakenBackAsAWhole) {
+  TempFolder folder;
+  const auto store = OpenStore(folder / "a.store");
+  StoreRegistry registry(*store);
+  RegHandle created = 0;
+  {
+    Transaction change(*store);
+    registry.CreateKey(kMachine, "Gone", created);
+    ASSERT_TRUE(Transaction(*store).Commit());
+  }
+  EXPECT_EQ(registry.SetValue(created, "v", RegType::kNone, {}), RegStatus::kInvalidHandle);
+  EXPECT_EQ(Get(*store, "Gone", ""), "(no key)");
+  {
+    Transaction change(*store);
+    EXPECT_EQ(Set(*store, "Kept", "v", "1"), RegStatus::kSuccess);
+    store->SetMachineState("clock", "350");
+    EXPECT_EQ(Get(*OpenStore(folder / "a.store"), "Kept", "v"), "(no key)");
+    EXPECT_TRUE(change.Commit());
+  }
+  EXPECT_EQ(Get(*store, "Kept", "v"), "1");
+  EXPECT_EQ(store->MachineState("clock"), "350");
+  {
+    Transaction outer(*store);
+    { Transaction taken_back(*store); }
+    EXPECT_EQ(Set(*store, "Kept", "v", "2"), RegStatus::kWriteFault);
+    EXPECT_FALSE(outer.Commit());
+  }
+  EXPECT_EQ(Get(*store, "Kept", "v"), "1");
+}
+
+TEST(StoreTest, AnInterruptedFirstFillStartsAgain) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  EXPECT_EQ(Refusal({.path = path,
+                     .fill =
+                         [](Store& store) {
+                           Set(store, "Half", "v", "1");
+                           return std::optional<std::string>("The rest is missing.");
+                         }}),
+            "The rest is missing.");
+  auto store = Store::Open({.path = path, .fill = FillWithOne});
+  ASSERT_TRUE(store.Ok());
+  EXPECT_TRUE(store.Value()->IsNew());
+  EXPECT_EQ(Get(*store.Value(), "Half", "v"), "(no key)");
+  EXPECT_EQ(Get(*store.Value(), "K", "v"), "filled");
+  EXPECT_EQ(Refusal({.path = path, .fill = [](Store&) { return std::optional("again"); }}),
+            "(opened)");
+}
+
+TEST(StoreTest, ProgramsThatMeetAtANewStoreFillItOnce) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  constexpr int kPrograms = 8;
+  const auto fill = [](Store& store) -> std::optional<std::string> {
+    const std::string before = store.MachineState("fills").value_or("");
+    store.SetMachineState("fills", before + "x");
+    return std::nullopt;
+  };
+  for (int i = 0; i < kPrograms; ++i) {
+    if (fork() != 0) continue;
+    auto store = Store::Open({.path = path, .fill = fill});
+    _exit(store.Ok() && Set(*store.Value(), "K", std::to_string(i), "1") == RegStatus::kSuccess
+              ? 0
+              : 1);
+  }
+  for (int i = 0; i < kPrograms; ++i) {
+    int status = 0;
+    wait(&status);
+    EXPECT_EQ(status, 0);
+  }
+  const auto store = OpenStore(path);
+  EXPECT_EQ(store->MachineState("fills"), "x");
+  EXPECT_EQ(store->Values(kMachine, "K")->size(), std::size_t{kPrograms});
+}
+
+TEST(StoreFaultTest, FilesThatCanNotBeAStoreAreRefusedUntouched) {
+  TempFolder folder;
+  const std::string good = folder / "good.store";
+  {
+    const auto store = OpenStore(good);
+    for (int i = 0; i < 400; ++i) Set(*store, "K\\" + std::to_string(i), "v", "value");
+  }
+  const std::string bytes = ReadAll(good);
+  ASSERT_GT(bytes.size(), 32768u);
+  const auto patched = [&bytes](std::size_t at, std::string_view with) {
+    return std::string(bytes).replace(at, with.size(), with);
+  };
+  struct Case {
+    const char* name;
+    std::string bytes;
+    std::string reason;
+  };
+  for (const Case& c : {
+           Case{"text", "REGEDIT4\r\n\r\n", "The file ? isn't a registry store."},
+           Case{"long text", std::string(9000, 'x'), "The file ? isn't a registry store."},
+           Case{"other program's", patched(68, "\1\2\3\4"), "The file ? isn't a registry store."},
+           Case{"newer", patched(60, std::string("\0\0\0\2", 4)),
+                "The store ? was written by a newer version of this program."},
+           Case{"cut short", bytes.substr(0, 16384), "The store ? is damaged."},
+           Case{"overwritten", patched(4096, std::string(8192, '\x55')), "The store ? is damaged."},
+           Case{"bad schema", patched(120, std::string(3900, '\x55')), "The store ? is damaged."},
+       }) {
+    for (const bool dry_run : {false, true}) {
+      const std::string path = folder.Write("bad.store", c.bytes);
+      std::string expected = c.reason;
+      expected.replace(expected.find('?'), 1, path);
+      EXPECT_EQ(Refusal({.path = path, .dry_run = dry_run}), expected) << c.name;
+      EXPECT_TRUE(ReadAll(path) == c.bytes) << c.name;
+    }
+  }
+}
+
+TEST(StoreFaultTest, PlacesWhereNoStoreCanBe) {
+  TempFolder folder;
+  const std::string file = folder.Write("file", "x");
+  EXPECT_EQ(Refusal({.path = file + "/below/a.store"}),
+            "The folder " + file + "/below for the store can't be made: Not a directory.");
+  EXPECT_EQ(Refusal({.path = std::filesystem::path(file).parent_path()}),
+            "The store " + std::filesystem::path(file).parent_path().string() +
+                " can't be opened: it is a folder.");
+  EXPECT_EQ(Refusal({.path = ""}), "The store's path is empty.");
+}
+
+TEST(StoreFaultTest, AnEmptyFileBecomesAStore) {
+  TempFolder folder;
+  EXPECT_TRUE(OpenStore(folder.Write("a.store", ""))->IsNew());
+}
+
+TEST(StoreFaultTest, AStoreThatIsLockedForTooLongFailsAndIsRemembered) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  const auto store = OpenStore(path);
+  Set(*store, "K", "v", "1");
+  const auto other = OpenStore(path);
+  {
+    Transaction held(*other);
+    ASSERT_TRUE(held.IsOpen());
+    EXPECT_EQ(Get(*store, "K", "v"), "1");
+    EXPECT_EQ(Set(*store, "K", "v", "1"), RegStatus::kSuccess);
+    EXPECT_EQ(store->FirstFailure(), std::nullopt);
+    EXPECT_EQ(Set(*store, "K", "v", "2"), RegStatus::kWriteFault);
+    EXPECT_FALSE(Transaction(*store).IsOpen());
+  }
+  EXPECT_EQ(
+      store->FirstFailure(),
+      "The store " + path + " can't be written: another program has kept it locked for too long.");
+  EXPECT_EQ(Set(*store, "K", "v", "2"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(*store, "K", "v"), "2");
+}
+
+TEST(StoreFaultTest, AStoreThatCanNotBeWrittenStillServesReads) {
+  for (const bool folder_too : {true, false}) {
+    TempFolder folder;
+    const std::string path = folder / "ro #1/a.store";
+    Set(*OpenStore(path), "K", "v", "1");
+    chmod(path.c_str(), 0444);
+    chmod((folder / "ro #1").c_str(), folder_too ? 0555 : 0777);
+    PlainUser user;
+    if (!user.Works()) GTEST_SKIP() << "this user can't give up its rights";
+    const auto store = OpenStore(path);
+    ASSERT_NE(store, nullptr);
+    EXPECT_TRUE(store->IsReadOnly());
+    EXPECT_EQ(Get(*store, "K", "v"), "1");
+    EXPECT_EQ(Set(*store, "K", "v", "1"), RegStatus::kSuccess);
+    EXPECT_EQ(store->FirstFailure(), std::nullopt);
+    EXPECT_EQ(Set(*store, "New", "v", "1"), RegStatus::kWriteFault);
+    EXPECT_EQ(store->FirstFailure(), "The store " + path + " can't be written: it is read-only.");
+    EXPECT_EQ(Get(*store, "K", "v"), "1");
+    const auto copy = store->CopyToMemory();
+    ASSERT_TRUE(copy.Ok());
+    EXPECT_EQ(Set(*copy.Value(), "K", "v", "2"), RegStatus::kSuccess);
+  }
+}
+
+TEST(StoreFaultTest, MissingRightsAreToldAsSuch) {
+  TempFolder folder;
+  const std::string unreadable = folder.Write("closed/unreadable.store", "x");
+  const std::string missing = folder / "closed/missing.store";
+  chmod(unreadable.c_str(), 0);
+  chmod((folder / "closed").c_str(), 0555);
+  PlainUser user;
+  if (!user.Works()) GTEST_SKIP() << "this user can't give up its rights";
+  EXPECT_EQ(Refusal({.path = missing}),
+            "The store " + missing + " can't be made: Permission denied.");
+  EXPECT_EQ(Refusal({.path = unreadable}),
+            "The store " + unreadable + " can't be opened: Permission denied.");
+}
+
+TEST(StoreFaultTest, AnImportWithAFaultyWriteLeavesNothing) {
+  TempFolder folder;
+  const auto store = OpenStore(folder / "a.store");
+  CodePages code_pages(1252);
+  auto changes = ParseRegFile("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"a\"=\"1\"\n", code_pages);
+  ASSERT_TRUE(changes.Ok());
+  const auto other = OpenStore(folder / "a.store");
+  {
+    Transaction held(*other);
+    EXPECT_EQ(ApplyRegFile(changes.Value(), *store), store->FirstFailure());
+  }
+  EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
+  EXPECT_EQ(ApplyRegFile(changes.Value(), *store), std::nullopt);
+  EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1", 2));
+}
+
+}  // namespace
+}  // namespace kestrune::platform::portable

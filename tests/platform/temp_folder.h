@@ -1,0 +1,48 @@
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace kestrune::platform {
+
+/// A folder for one test, gone with it.
+class TempFolder {
+ public:
+  TempFolder() {
+    std::string path = (std::filesystem::temp_directory_path() / "kestrune-XXXXXX").string();
+    path_ = mkdtemp(path.data());
+    // Tests that give up their rights still have to get in.
+    std::filesystem::permissions(path_, std::filesystem::perms(0777));
+  }
+  ~TempFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+  std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
+
+  /// Writes a file, with the folders that lead to it.
+  std::string Write(std::string_view name, std::string_view bytes) const {
+    const std::string file = *this / name;
+    std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file;
+  }
+
+ private:
+  std::string path_;
+};
+
+inline std::string ReadAll(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace kestrune::platform
