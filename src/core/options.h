@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+namespace kestrune::core {
+
+/// The program's own version: 3.5.3.
+inline constexpr int kMajorVersion = 3;
+inline constexpr int kMinorVersion = 5;
+inline constexpr int kRevision = 3;
+
+/// The title of the program's messages.
+inline constexpr std::string_view kProgramTitle = "Kestrune";
+
+/// The key of the program's own options, below HKEY_CURRENT_USER, and its values.
+inline constexpr std::string_view kOptionsKey = "Software\\Kestrune";
+inline constexpr std::string_view kVersionValue = "Version";
+inline constexpr std::string_view kLastUpdateValue = "LastUpDate35";
+inline constexpr std::string_view kHelpSystemValue = "HelpSystem";
+inline constexpr std::string_view kLastVisitedPageValue = "LVP";
+inline constexpr std::string_view kLanguageValue = "Language";
+inline constexpr std::string_view kOverrideMultiTextureValue = "OverrideMultiTexture";
+inline constexpr std::string_view kOverrideShadersValue = "OverrideShaders";
+
+/// Makes the driver's control-panel library start anew, so that it picks up changed values.
+inline constexpr std::string_view kReloadCommand = "rundll32 NvCpl.dll,NvStartup";
+
+}  // namespace kestrune::core

@@ -1,0 +1,154 @@
+#include "core/registry.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+#include "core/number.h"
+
+namespace kestrune::core {
+
+using platform::RegHandle;
+using platform::RegStatus;
+using platform::RegType;
+
+namespace {
+
+constexpr std::size_t kDwordSize = 4;
+/// The driver keeps some numbers in binary values of up to six bytes, of which four count.
+constexpr std::size_t kBinaryCapacity = 6;
+
+/// The data of a write: a 32-bit number, or the text to store, or why neither is possible.
+struct Converted {
+  WriteResult result = WriteResult::kDone;
+  std::int32_t number = 0;
+  std::optional<std::string> text;
+};
+
+Converted ConvertNumber(double number) {
+  const std::optional<std::int32_t> rounded = RoundToInt32(number);
+  if (!rounded) return {WriteResult::kOverflow, 0, {}};
+  return {WriteResult::kDone, *rounded, {}};
+}
+
+Converted Convert(const RegInput& value, bool as_binary) {
+  if (const auto* number = std::get_if<std::int32_t>(&value)) return {{}, *number, {}};
+  if (const auto* boolean = std::get_if<bool>(&value)) return {{}, *boolean ? -1 : 0, {}};
+  if (const auto* number = std::get_if<double>(&value)) return ConvertNumber(*number);
+  const std::string& text = std::get<std::string>(value);
+  if (const std::optional<double> number = ParseNumber(text)) return ConvertNumber(*number);
+  if (as_binary) return {WriteResult::kTypeMismatch, 0, {}};
+  return {{}, 0, std::string(TrimBlanks(text))};
+}
+
+std::array<std::byte, kDwordSize> LittleEndian(std::int32_t number) {
+  const auto bits = static_cast<std::uint32_t>(number);
+  std::array<std::byte, kDwordSize> bytes;
+  for (std::size_t i = 0; i < kDwordSize; ++i) bytes[i] = static_cast<std::byte>(bits >> (8 * i));
+  return bytes;
+}
+
+std::int32_t FromLittleEndian(std::span<const std::byte> bytes) {
+  std::uint32_t bits = 0;
+  for (std::size_t i = 0; i < kDwordSize; ++i) {
+    bits |= std::to_integer<std::uint32_t>(bytes[i]) << (8 * i);
+  }
+  return static_cast<std::int32_t>(bits);
+}
+
+}  // namespace
+
+bool RegValue::IsEmpty() const {
+  const auto* text = std::get_if<std::string>(&value_);
+  return text != nullptr && text->empty();
+}
+
+std::string RegValue::Text() const {
+  if (const auto* text = std::get_if<std::string>(&value_)) return *text;
+  return std::to_string(std::get<std::int32_t>(value_));
+}
+
+std::optional<std::int32_t> RegValue::Number() const {
+  if (const auto* number = std::get_if<std::int32_t>(&value_)) return *number;
+  return ParseInt32(std::get<std::string>(value_));
+}
+
+RegValue basRegistry::ReadRegValue(RegRoot root, std::string_view path, std::string_view name) {
+  RegHandle key = 0;
+  LastRegStatus = api_.OpenKey(root, path, key);
+  if (key == 0) return {};
+  RegValue value = ReadOpenKey(key, name);
+  api_.CloseKey(key);
+  return value;
+}
+
+RegValue basRegistry::ReadOpenKey(RegHandle key, std::string_view name) {
+  RegType type = RegType::kNone;
+  std::size_t size = 0;
+  // A missing value leaves the type at none, which reads as empty text.
+  LastRegStatus = api_.QueryValue(key, name, type, size, {});
+  switch (type) {
+    case RegType::kSz:
+      return ReadText(key, name, size);
+    case RegType::kDword:
+      return ReadNumber(key, name, kDwordSize);
+    case RegType::kBinary:
+      return ReadNumber(key, name, kBinaryCapacity);
+    default:
+      return {};
+  }
+}
+
+RegValue basRegistry::ReadText(RegHandle key, std::string_view name, std::size_t size) {
+  std::string text(size, '\0');
+  RegType type = RegType::kNone;
+  LastRegStatus = api_.QueryValue(key, name, type, size, std::as_writable_bytes(std::span(text)));
+  if (LastRegStatus != RegStatus::kSuccess) return {};
+  return RegValue(text.substr(0, text.find('\0')));
+}
+
+RegValue basRegistry::ReadNumber(RegHandle key, std::string_view name, std::size_t capacity) {
+  std::array<std::byte, kBinaryCapacity> buffer{};
+  RegType type = RegType::kNone;
+  std::size_t size = 0;
+  LastRegStatus = api_.QueryValue(key, name, type, size, std::span(buffer).first(capacity));
+  if (LastRegStatus != RegStatus::kSuccess) return {};
+  return RegValue(FromLittleEndian(buffer));
+}
+
+WriteResult basRegistry::WriteRegValue(RegRoot root, std::string_view path, std::string_view name,
+                                       const RegInput& value) {
+  RegHandle key = 0;
+  LastRegStatus = api_.CreateKey(root, path, key);
+  const Converted data = Convert(value, WriteAsBinary == 1);
+  if (data.result == WriteResult::kDone && key != 0) {
+    if (data.text) {
+      // The closing NUL is part of the data.
+      const std::span text(data.text->c_str(), data.text->size() + 1);
+      LastRegStatus = api_.SetValue(key, name, RegType::kSz, std::as_bytes(text));
+    } else {
+      const RegType type = WriteAsBinary == 1 ? RegType::kBinary : RegType::kDword;
+      LastRegStatus = api_.SetValue(key, name, type, LittleEndian(data.number));
+    }
+  }
+  if (key != 0) api_.CloseKey(key);
+  return data.result;
+}
+
+void basRegistry::DeleteRegValue(RegRoot root, std::string_view path, std::string_view name) {
+  RegHandle key = 0;
+  LastRegStatus = api_.OpenKey(root, path, key);
+  if (key == 0) return;
+  LastRegStatus = api_.DeleteValue(key, name);
+  api_.CloseKey(key);
+}
+
+bool basRegistry::RegKeyExists(RegRoot root, std::string_view path) {
+  RegHandle key = 0;
+  LastRegStatus = api_.OpenKey(root, path, key);
+  if (key == 0) return false;
+  api_.CloseKey(key);
+  return true;
+}
+
+}  // namespace kestrune::core

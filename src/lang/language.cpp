@@ -1,0 +1,103 @@
+#include "lang/language.h"
+
+#include <charconv>
+
+#include "core/field_reader.h"
+#include "core/options.h"
+#include "core/outcome.h"
+
+namespace kestrune::lang {
+
+namespace {
+
+constexpr std::string_view kFolder = "\\DATA\\LANGUAGE\\";
+constexpr std::string_view kEnding = ".dat";
+constexpr std::string_view kDefaultLanguage = "en";
+constexpr std::string_view kCommentMark = "- ";
+constexpr std::string_view kCodePageMark = "- codepage ";
+constexpr std::size_t kMostFiles = 65;
+constexpr std::string_view kTooManyTexts = "Error in loading language";
+constexpr std::string_view kRestartNeeded = "Please restart Kestrune for change language.";
+
+/// The code page that a file names in the comment right after its two header fields; 0 is none.
+int DeclaredCodePage(std::string_view bytes) {
+  core::FieldReader fields(bytes);
+  fields.Next();
+  fields.Next();
+  const std::optional<std::string> comment = fields.Next();
+  if (!comment || !comment->starts_with(kCodePageMark)) return 0;
+  const std::string_view number = std::string_view(*comment).substr(kCodePageMark.size());
+  int code_page = 0;
+  std::from_chars(number.data(), number.data() + number.size(), code_page);
+  return code_page;
+}
+
+}  // namespace
+
+const std::string& LangTable::operator[](int number) const {
+  static const std::string kEmpty;
+  if (number < 0 || number >= kTextCount) return kEmpty;
+  return texts_[static_cast<std::size_t>(number)];
+}
+
+void LangTable::Set(int number, std::string text) {
+  if (number >= 0 && number < kTextCount) texts_[static_cast<std::size_t>(number)] = std::move(text);
+}
+
+void Language::LoadLanguage() {
+  LanguageName =
+      registry_.ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, core::kLanguageValue)
+          .Text();
+  if (LanguageName.empty()) LanguageName = kDefaultLanguage;
+  if (ReadTexts()) return;
+  LanguageName = kDefaultLanguage;
+  core::Ignore(ReadTexts());
+}
+
+std::string Language::Decode(const std::string& bytes) const {
+  return files_.DecodeText(bytes, DeclaredCodePage(bytes));
+}
+
+/// False when the file has too many texts, after the message that says so.
+bool Language::ReadTexts() {
+  const std::optional<std::string> bytes =
+      files_.ReadBytes(std::string(kFolder) + LanguageName + std::string(kEnding));
+  if (!bytes) return true;
+  const std::string text = Decode(*bytes);
+  core::FieldReader fields(text);
+  fields.Next();
+  HeaderText = fields.Next().value_or("");
+  for (int number = 0; number < kTextCount; ++number) {
+    if (fields.AtEnd()) return true;
+    std::string field = *fields.Next();
+    if (field.starts_with(kCommentMark)) field = fields.Next().value_or("");
+    LangText.Set(number, std::move(field));
+  }
+  core::Ignore(dialog_.ShowMessage(core::kProgramTitle, kTooManyTexts, platform::Buttons::kOk));
+  return false;
+}
+
+void Language::ListLanguages() {
+  DisplayNames.clear();
+  LanguageFiles.clear();
+  for (const std::string& name : files_.ListFiles(kFolder, kEnding)) {
+    if (name.find('_') != std::string::npos) continue;
+    const std::optional<std::string> bytes = files_.ReadBytes(std::string(kFolder) + name);
+    if (!bytes) continue;
+    const std::string text = Decode(*bytes);
+    DisplayNames.push_back(core::FieldReader(text).Next().value_or(""));
+    if (LanguageFiles.size() < kMostFiles) LanguageFiles.push_back(name);
+  }
+}
+
+void Language::ChooseLanguage(int position) {
+  if (position < 0 || static_cast<std::size_t>(position) >= LanguageFiles.size()) return;
+  std::string name = LanguageFiles[static_cast<std::size_t>(position)];
+  name.resize(name.size() - kEnding.size());
+  registry_.WriteAsBinary = 0;
+  core::Ignore(registry_.WriteRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey,
+                                       core::kLanguageValue, name));
+  core::Ignore(dialog_.ShowMessage(core::kProgramTitle, kRestartNeeded, platform::Buttons::kOk));
+}
+
+}  // namespace kestrune::lang

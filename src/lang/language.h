@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "core/registry.h"
+#include "platform/dialog_api.h"
+#include "platform/files_api.h"
+
+namespace kestrune::lang {
+
+inline constexpr int kTextCount = 301;
+
+/// The interface texts of the chosen language, by number. A number outside the table is empty.
+class LangTable {
+ public:
+  const std::string& operator[](int number) const;
+  void Set(int number, std::string text);
+
+ private:
+  std::array<std::string, kTextCount> texts_;
+};
+
+/// The chosen language and the ones that can be chosen.
+///
+/// A language file is DATA\LANGUAGE\<name>.dat: its display name, the text beside the language
+/// choice, then the interface texts 0, 1, 2 and so on, at most 300. A field that begins with "- "
+/// is a comment. A comment "- codepage 1250" right after the header names the file's code page;
+/// without one it is the machine's.
+class Language {
+ public:
+  Language(core::basRegistry& registry, platform::FilesApi& files, platform::DialogApi& dialog)
+      : registry_(registry), files_(files), dialog_(dialog) {}
+
+  /// Reads the chosen language's texts. A missing file leaves them empty; one with more than 300
+  /// texts gives a message and English.
+  void LoadLanguage();
+  /// Finds the language files, in order of their names, leaving out names with "_".
+  void ListLanguages();
+  /// Stores the language at a position of the list; it is used from the next start on.
+  void ChooseLanguage(int position);
+
+  LangTable LangText;
+  /// The chosen language's file name without its ending.
+  std::string LanguageName;
+  /// The text beside the language choice.
+  std::string HeaderText;
+  /// The display names of the languages that can be chosen.
+  std::vector<std::string> DisplayNames;
+  /// Their file names, of the first 65 alone.
+  std::vector<std::string> LanguageFiles;
+
+ private:
+  bool ReadTexts();
+  std::string Decode(const std::string& bytes) const;
+
+  core::basRegistry& registry_;
+  platform::FilesApi& files_;
+  platform::DialogApi& dialog_;
+};
+
+}  // namespace kestrune::lang
