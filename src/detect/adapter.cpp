@@ -1,0 +1,142 @@
+#include "detect/adapter.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "core/number.h"
+
+namespace kestrune::detect {
+
+namespace {
+
+using core::RegRoot;
+
+constexpr std::string_view kNvidiaVendor = "10DE";
+/// Where the vendor, the device and the whole identifier stand in
+/// PCI\VEN_vvvv&DEV_dddd&SUBSYS_ssssssss&REV_rr.
+constexpr std::size_t kVendorAt = 8;
+constexpr std::size_t kDeviceAt = 17;
+constexpr std::size_t kIdDigits = 4;
+constexpr std::size_t kInstanceAt = 4;
+constexpr std::size_t kInstanceLength = 40;
+constexpr std::size_t kPrefixLength = 3;
+
+constexpr std::string_view kServiceKey = "SYSTEM\\CurrentControlSet\\Services\\nv4\\Device0";
+constexpr std::string_view kClassKey = "System\\CurrentControlSet\\Services\\Class\\Display\\0000";
+constexpr std::string_view kVideoKey = "SYSTEM\\CurrentControlSet\\Control\\Video\\";
+/// The adapter's key name in braces and "\0000".
+constexpr std::size_t kVideoKeyTail = 43;
+
+constexpr std::string_view kTweakKey = "Software\\NVIDIA Corporation\\Global\\NVTweak\\";
+constexpr std::string_view kClockSubkey = "Hardware";
+/// From this driver on, Windows 9x keeps the clocks below the device's own key as well.
+constexpr int kFirstInstanceDriver = 2500;
+
+constexpr std::string_view kRevisionMark = "REV_";
+
+std::string Part(std::string_view text, std::size_t at, std::size_t length) {
+  return at < text.size() ? std::string(text.substr(at, length)) : std::string();
+}
+
+std::string_view UntilNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+/// A driver key as the system reports it, without what stands before its "System" level.
+std::string_view BelowRoot(std::string_view driver_key) {
+  const std::size_t at = driver_key.find("\\System");
+  return at == std::string_view::npos ? driver_key : driver_key.substr(at + 1);
+}
+
+std::string Upper(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+  return text;
+}
+
+std::int16_t HexNumber(std::string_view digits) {
+  std::uint16_t number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
+  return static_cast<std::int16_t>(number);
+}
+
+}  // namespace
+
+bool AdapterState::IsOneOf(std::initializer_list<std::string_view> prefixes,
+                           std::initializer_list<std::string_view> ids) const {
+  return std::find(prefixes.begin(), prefixes.end(), DeviceIdPrefix) != prefixes.end() ||
+         std::find(ids.begin(), ids.end(), DeviceId) != ids.end();
+}
+
+void Adapter::FindVideoKey() {
+  if (versions_.OSFamily == kWindows9x) {
+    state.PureKey = kClassKey;
+  } else if (versions_.OSFamily <= kWindows2000) {
+    state.PureKey = kServiceKey;
+  } else {
+    const std::string video = registry_
+                                  .ReadRegValue(RegRoot::kLocalMachine,
+                                                "HARDWARE\\DEVICEMAP\\VIDEO", "\\Device\\Video0")
+                                  .Text();
+    const std::size_t tail = video.size() > kVideoKeyTail ? video.size() - kVideoKeyTail : 0;
+    state.PureKey = std::string(kVideoKey) + video.substr(tail);
+  }
+}
+
+void Adapter::FindDisplayAdapter() {
+  std::optional<std::string> first_key;
+  for (int index = 0;; ++index) {
+    const std::optional<platform::DisplayDevice> device = display_.DeviceAt(index);
+    if (!device) break;
+    const std::string_view hardware_id = core::TrimBlanks(device->hardware_id);
+    if (Part(hardware_id, kVendorAt, kIdDigits) != kNvidiaVendor) continue;
+    TakeIdentity(hardware_id);
+    if (!first_key) first_key = BelowRoot(UntilNul(device->driver_key));
+  }
+  state.PureKey = first_key.value_or("");
+}
+
+void Adapter::TakeIdentity(std::string_view hardware_id) {
+  state.DeviceId = Part(hardware_id, kDeviceAt, kIdDigits);
+  state.DeviceIdNumber = HexNumber(state.DeviceId);
+  state.DeviceIdPrefix = state.DeviceId.substr(0, kPrefixLength);
+  state.VendorId = Part(hardware_id, kVendorAt, kIdDigits);
+  const std::string instance = Part(hardware_id, kInstanceAt, kInstanceLength);
+  state.DeviceInstanceKey = "Devices\\" + std::string(core::TrimBlanks(instance)) + "&INST00";
+  state.HardwareKey = ClockKey();
+}
+
+std::string Adapter::ClockKey() const {
+  const std::string key(kTweakKey);
+  if (versions_.OSFamily == kWindows9x && versions_.DrvVer < kFirstInstanceDriver) {
+    return key + std::string(kClockSubkey);
+  }
+  return key + state.DeviceInstanceKey + "\\" + std::string(kClockSubkey);
+}
+
+void Adapter::ReadCardName() {
+  const std::string_view value =
+      versions_.OSFamily == kWindows9x ? "DriverDesc" : "Device Description";
+  std::string name = registry_.ReadRegValue(RegRoot::kLocalMachine, state.PureKey, value).Text();
+  if (name.empty()) name = "Unknown card";
+  card_name_->SetCaption(LangText[101] + name);
+}
+
+void Adapter::IdentifyGpu() {
+  AdapterState card;
+  card.DeviceId = Upper(state.DeviceId);
+  card.DeviceIdPrefix = card.DeviceId.substr(0, kPrefixLength);
+  if (card.IsOneOf({"033", "030", "034", "004", "00C", "009"}, {"00F1", "00FB", "00F9", "0140"})) {
+    state.CardVar = 1;
+  } else {
+    state.CardVar = card.IsOneOf({"014"}) ? 2 : 0;
+  }
+}
+
+void Adapter::ReadGpuRevision() {
+  const std::size_t mark = state.HardwareKey.find(kRevisionMark);
+  if (mark == std::string::npos) return;
+  const std::string revision = Part(state.HardwareKey, mark + kRevisionMark.size(), 2);
+  state.GpuRevision = core::TrimBlanks(revision);
+}
+
+}  // namespace kestrune::detect

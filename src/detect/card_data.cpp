@@ -1,0 +1,33 @@
+#include "detect/card_data.h"
+
+#include "core/field_reader.h"
+
+namespace kestrune::detect {
+
+std::string CardData::Key(std::string_view table) const {
+  const std::string& id = adapter_.DeviceId;
+  if (table == "mt" && adapter_.DeviceIdPrefix == "004") return id;
+  // The identifiers 00Fx are those of a bus bridge; their last digit tells the chip behind it.
+  const std::size_t first = adapter_.DeviceIdPrefix == "00F" ? 2 : 1;
+  return id.size() > first ? id.substr(first, 2) : std::string();
+}
+
+std::string CardData::GetCardData(std::string_view table, bool with_extra) {
+  const std::optional<std::string> bytes =
+      files_.ReadBytes("\\DATA\\" + std::string(table) + ".dat");
+  if (!bytes) return {};
+  const std::string wanted = Key(table);
+  const std::string text = files_.DecodeText(*bytes, 0);
+  core::FieldReader fields(text);
+  while (!fields.AtEnd()) {
+    const std::string key = fields.Next().value_or("");
+    std::string value = fields.Next().value_or("");
+    std::string extra = with_extra ? fields.Next().value_or("") : std::string();
+    if (key != wanted) continue;
+    CardDataExtra = std::move(extra);
+    return value;
+  }
+  return {};
+}
+
+}  // namespace kestrune::detect

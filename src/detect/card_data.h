@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "detect/adapter.h"
+#include "platform/files_api.h"
+
+namespace kestrune::detect {
+
+/// Looks the card up in the small tables DATA\<name>.dat, which are keyed by short forms of the
+/// device identifier: "mt" textures per pass, "ps" and "vs" highest shader version with its slider
+/// position, "af" highest anisotropic level, "aa" class of antialiasing.
+class CardData {
+ public:
+  CardData(platform::FilesApi& files, const AdapterState& adapter)
+      : files_(files), adapter_(adapter) {}
+
+  /// The value of the card's record, or empty text. With `with_extra` the records have a third
+  /// field, which CardDataExtra takes when there is a match.
+  std::string GetCardData(std::string_view table, bool with_extra);
+
+  std::string CardDataExtra;
+
+ private:
+  std::string Key(std::string_view table) const;
+
+  platform::FilesApi& files_;
+  const AdapterState& adapter_;
+};
+
+}  // namespace kestrune::detect
