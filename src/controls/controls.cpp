@@ -1,0 +1,151 @@
+#include "controls/controls.h"
+
+#include <algorithm>
+
+namespace kestrune::controls {
+
+namespace {
+
+bool HasPositionIn(const std::vector<std::string>& items, int position) {
+  return position >= 0 && static_cast<std::size_t>(position) < items.size();
+}
+
+}  // namespace
+
+bool CheckBox::Use(int state) {
+  if (state < 0 || state > 2) return false;
+  if (Assign(state_, state) && on_change) on_change();
+  return true;
+}
+
+void CheckBox::Show(int state) {
+  if (state >= 0 && state <= 2) Assign(state_, state);
+}
+
+std::string CheckBox::ValueText() const {
+  constexpr const char* kTexts[] = {"off", "on", "mixed"};
+  return kTexts[state_];
+}
+
+void OptionButton::Use() {
+  Show(true);
+  Click();
+}
+
+void OptionButton::Show(bool chosen) {
+  Assign(chosen_, chosen);
+  if (!chosen) return;
+  for (OptionButton* other : others_) other->Show(false);
+}
+
+void OptionButton::Group(const std::vector<OptionButton*>& options) {
+  for (OptionButton* option : options) {
+    option->others_ = options;
+    std::erase(option->others_, option);
+  }
+}
+
+bool ComboBox::HasPosition(int position) const { return HasPositionIn(items_, position); }
+
+int ComboBox::PositionOf(const std::string& text) const {
+  const auto found = std::find(items_.begin(), items_.end(), text);
+  return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
+bool ComboBox::Choose(int position) {
+  if (!HasPosition(position)) return false;
+  ShowPosition(position);
+  if (on_change) on_change(ComboChange::kChosen);
+  return true;
+}
+
+bool ComboBox::Type(std::string text) {
+  if (!takes_typing_) return false;
+  if (text == text_) return true;
+  ShowText(std::move(text));
+  if (on_change) on_change(ComboChange::kText);
+  return true;
+}
+
+void ComboBox::PassOn(int position) {
+  if (position != position_ && HasPosition(position)) (void)Choose(position);
+}
+
+void ComboBox::ShowText(std::string text) {
+  position_ = PositionOf(text);
+  Assign(text_, std::move(text));
+}
+
+void ComboBox::ShowPosition(int position) {
+  if (!HasPosition(position)) return;
+  position_ = position;
+  Assign(text_, items_[static_cast<std::size_t>(position)]);
+}
+
+void ComboBox::SetItems(std::vector<std::string> items) {
+  const bool changed = items != items_;
+  items_ = std::move(items);
+  position_ = PositionOf(text_);
+  if (changed) Notify();
+}
+
+bool ListBox::Choose(int position) {
+  if (!HasPositionIn(items_, position)) return false;
+  Assign(position_, position);
+  if (on_change) on_change();
+  return true;
+}
+
+void ListBox::SetItems(std::vector<std::string> items) {
+  items_ = std::move(items);
+  position_ = -1;
+  Notify();
+}
+
+std::string ListBox::ValueText() const {
+  return position_ < 0 ? std::string() : items_[static_cast<std::size_t>(position_)];
+}
+
+void TextBox::Type(std::string text) {
+  if (Assign(text_, std::move(text)) && on_change) on_change();
+}
+
+bool Slider::Use(int value) {
+  if (!Takes(value)) return false;
+  if (Assign(value_, value) && on_change) on_change();
+  return true;
+}
+
+void Slider::Show(int value) {
+  if (Takes(value)) Assign(value_, value);
+}
+
+void Slider::SetRange(int minimum, int maximum) {
+  if (minimum > maximum) return;
+  const bool same = minimum == minimum_ && maximum == maximum_;
+  minimum_ = minimum;
+  maximum_ = maximum;
+  const bool moved = Assign(value_, std::clamp(value_, minimum_, maximum_));
+  if (!same && !moved) Notify();
+}
+
+void Window::UseResized(const Rect& bounds, bool maximised) {
+  SetBounds(bounds);
+  SetMaximised(maximised);
+  if (on_resize) on_resize();
+}
+
+void CheckBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void OptionButton::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void ComboBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void ListBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void TextBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Slider::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Label::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Button::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void PictureBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Frame::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void ToolKey::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Window::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+
+}  // namespace kestrune::controls
