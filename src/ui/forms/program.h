@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "controls/timer.h"
+#include "platform/services.h"
+#include "ui/forms/form.h"
+
+namespace kestrune::forms {
+
+class HelpForm;
+class MainForm;
+
+/// A shared value by its name: a number or a text.
+using StateRow = std::pair<std::string_view, std::variant<int, std::string>>;
+
+/// The program: it owns the shared state and the forms and connects them with a machine. Several
+/// may live in one process. The services outlive it.
+class Program {
+ public:
+  explicit Program(const platform::Services& services);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  /// Runs the whole start-up. `command_line` is the path of a speed profile, or empty; with a path
+  /// the program ends without showing its window. False when what it was asked for could not be
+  /// done.
+  [[nodiscard]] bool Start(std::string_view command_line);
+
+  MainForm& Main();
+  HelpForm& Help();
+  controls::Scheduler& Timers();
+  /// Every form, the main window's first.
+  const std::vector<Form*>& Forms() const;
+  /// The control with that id in any form, or null.
+  controls::Control* Find(std::string_view id) const;
+  /// The page on which a control stands, 0 to 15; -1 for a control that stands on none.
+  int PageOf(const controls::Control& control) const;
+  int ActivePage() const;
+  /// Goes to a page as its menu item does.
+  void GoToPage(int page);
+  /// Whether the main window has been closed.
+  bool Ended() const;
+  /// The shared values, in their fixed order.
+  std::vector<StateRow> State() const;
+  /// The display names of the languages that can be chosen.
+  const std::vector<std::string>& Languages() const;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace kestrune::forms

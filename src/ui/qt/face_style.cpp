@@ -1,0 +1,48 @@
+#include "ui/qt/face_style.h"
+
+#include <QPainter>
+#include <QStyleOptionComboBox>
+
+namespace kestrune::qt {
+
+namespace {
+
+constexpr int kDarkLightness = 128;
+
+bool IsDark(const QStyleOption& option) {
+  return option.palette.color(QPalette::Window).lightness() < kDarkLightness;
+}
+
+void DrawOutline(const QStyleOption& option, QPainter& painter, qreal radius) {
+  QColor colour = option.palette.color(QPalette::WindowText);
+  colour.setAlphaF(0.45F);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(colour);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.restore();
+}
+
+}  // namespace
+
+void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (!IsDark(*option) || option->state.testFlag(State_HasFocus)) return;
+  if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit) {
+    DrawOutline(*option, *painter, 1);
+  } else if (element == PE_IndicatorRadioButton) {
+    DrawOutline(*option, *painter, option->rect.width() / 2.0);
+  }
+}
+
+void FaceStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (combo == nullptr || !combo->editable || !IsDark(*combo)) return;
+  if (!combo->state.testFlag(State_HasFocus)) DrawOutline(*combo, *painter, 2);
+}
+
+}  // namespace kestrune::qt

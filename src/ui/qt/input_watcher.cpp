@@ -1,0 +1,82 @@
+#include "ui/qt/input_watcher.h"
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QSlider>
+#include <QWidget>
+
+#include "controls/control.h"
+#include "ui/qt/face_context.h"
+
+namespace kestrune::qt {
+
+namespace {
+
+bool WheelChangesValue(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) != nullptr ||
+         qobject_cast<const QSlider*>(&widget) != nullptr;
+}
+
+}  // namespace
+
+InputWatcher::InputWatcher(controls::Control& control, FaceContext& context, QWidget* widget)
+    : QObject(widget), control_(control), context_(context), widget_(widget) {
+  Watch(widget);
+}
+
+void InputWatcher::Watch(QWidget* part) {
+  part->setMouseTracking(true);
+  part->installEventFilter(this);
+}
+
+void InputWatcher::MakeLink() {
+  is_link_ = true;
+  widget_->setFocusPolicy(Qt::StrongFocus);
+  widget_->setCursor(Qt::PointingHandCursor);
+}
+
+bool InputWatcher::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+      return MouseMoves(event);
+    case QEvent::FocusIn: {
+      // Coming back to the window is no act on the control.
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+          reason == Qt::ShortcutFocusReason) {
+        context_.Reach(control_);
+      }
+      return false;
+    }
+    case QEvent::Wheel:
+      // Values are written at once, so a wheel turned over a control that isn't in use must not
+      // change it.
+      if (widget_->hasFocus() || !WheelChangesValue(*widget_)) return false;
+      event->ignore();
+      return true;
+    default:
+      if (!is_link_ || !Presses(event)) return false;
+      context_.Act([this] { control_.Click(); });
+      return true;
+  }
+}
+
+bool InputWatcher::MouseMoves(QEvent* event) {
+  context_.Hover(control_);
+  // Only the innermost control is hovered over; a drag still reaches the widget.
+  return static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton;
+}
+
+bool InputWatcher::Presses(QEvent* event) const {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  }
+  if (event->type() != QEvent::MouseButtonRelease) return false;
+  const auto* mouse = static_cast<QMouseEvent*>(event);
+  return mouse->button() == Qt::LeftButton && widget_->rect().contains(mouse->position().toPoint());
+}
+
+}  // namespace kestrune::qt

@@ -1,0 +1,59 @@
+#include "ui/qt/list_widget.h"
+
+#include <QSignalBlocker>
+
+#include "ui/qt/face_context.h"
+
+namespace kestrune::qt {
+
+ListWidget::ListWidget(controls::ListBox& control, FaceContext& context, QWidget* parent)
+    : QListWidget(parent), control_(control), context_(context) {
+  setSelectionMode(SingleSelection);
+  setUniformItemSizes(true);
+  connect(this, &QListWidget::itemSelectionChanged, this, [this] { SelectionChanged(); });
+  connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    if (row(item) == row_before_press_) Choose(row_before_press_);
+  });
+}
+
+void ListWidget::SelectionChanged() {
+  const QList<QListWidgetItem*> selected = selectedItems();
+  if (selected.isEmpty()) {
+    Redraw();
+  } else {
+    Choose(row(selected.first()));
+  }
+}
+
+void ListWidget::Choose(int row) {
+  context_.Act([this, row] { (void)control_.Choose(row); });
+  Redraw();
+}
+
+void ListWidget::RedrawItems() {
+  const std::vector<std::string>& items = control_.Items();
+  QStringList texts;
+  for (const std::string& item : items) texts += QString::fromStdString(item);
+  bool same = count() == texts.size();
+  for (int i = 0; same && i < count(); ++i) same = item(i)->text() == texts[i];
+  if (same) return;
+  clear();
+  addItems(texts);
+}
+
+void ListWidget::Redraw() {
+  const QSignalBlocker blocker(this);
+  RedrawItems();
+  if (control_.Position() < 0) {
+    clearSelection();
+  } else {
+    setCurrentRow(control_.Position());
+  }
+}
+
+void ListWidget::mousePressEvent(QMouseEvent* event) {
+  row_before_press_ = control_.Position();
+  QListWidget::mousePressEvent(event);
+}
+
+}  // namespace kestrune::qt

@@ -1,0 +1,84 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTimer>
+#include <cstdio>
+#include <string>
+
+#include "platform/portable/portable_machine.h"
+#include "platform/services.h"
+#include "ui/forms/main_form.h"
+#include "ui/forms/program.h"
+#include "ui/qt/face.h"
+#include "ui/qt/face_style.h"
+#include "ui/qt/qt_dialog.h"
+
+namespace {
+
+using namespace kestrune;
+
+constexpr int kFailed = 3;
+
+/// The whole command line is one path, blanks and all.
+std::string JoinArguments(int count, char** arguments) {
+  std::string joined;
+  for (int i = 1; i < count; ++i) {
+    if (i > 1) joined += ' ';
+    joined += arguments[i];
+  }
+  return joined;
+}
+
+bool HasScreen() {
+  const QString platform = QGuiApplication::platformName();
+  return platform != "offscreen" && platform != "minimal";
+}
+
+int Fail(const std::string& sentence) {
+  std::fprintf(stderr, "kestrune: %s\n", sentence.c_str());
+  if (HasScreen() && !qEnvironmentVariableIsSet("KESTRUNE_SCREENSHOT")) {
+    QMessageBox::critical(nullptr, "Kestrune", QString::fromStdString(sentence));
+  }
+  return kFailed;
+}
+
+/// KESTRUNE_SCREENSHOT names a file: once the window has been painted its picture goes there, and
+/// the program ends, with status 3 if the file can't be written.
+void TakeScreenshotIfAsked(QWidget& window) {
+  const QString file = qEnvironmentVariable("KESTRUNE_SCREENSHOT");
+  if (file.isEmpty()) return;
+  // A timer of 0 runs when the events of the window's appearance have been dealt with.
+  QTimer::singleShot(0, &window, [&window, file] {
+    QCoreApplication::exit(window.grab().save(file, "PNG") ? 0 : kFailed);
+  });
+}
+
+int Run(const std::string& profile_path) {
+  auto opened = platform::portable::PortableMachine::Open({});
+  if (!opened) return Fail(opened.Reason());
+  platform::portable::PortableMachine& machine = *opened.Value();
+  for (const std::string& warning : machine.Warnings()) {
+    std::fprintf(stderr, "kestrune: %s\n", warning.c_str());
+  }
+  qt::QtDialog dialog;
+  const platform::Services services{machine.Registry(), machine.Display(), machine.Version(),
+                                    machine.Shell(),    machine.Files(),   dialog};
+  forms::Program program(services);
+  const bool done = program.Start(profile_path);
+  if (program.Ended()) return done ? 0 : kFailed;
+  const qt::Face face(program, machine.Files(), [&machine] { return machine.FirstFailure(); });
+  TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+  QApplication::setStyle(new qt::FaceStyle);
+  QApplication::setApplicationName("kestrune");
+  QGuiApplication::setDesktopFileName("kestrune");
+  // The toolkit would take its own options out of a path that happens to look like one.
+  int own_count = 1;
+  const QApplication application(own_count, arguments);
+  return Run(JoinArguments(argument_count, arguments));
+}

@@ -1,0 +1,86 @@
+#include "ui/qt/tool_button.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+
+#include "ui/forms/form.h"
+#include "ui/qt/captions.h"
+#include "ui/qt/face_context.h"
+
+namespace kestrune::qt {
+
+namespace {
+
+constexpr int kIconPixels = 24;
+
+std::vector<controls::ToolKey*> KeysIn(const forms::Form& form, const controls::Control& parent) {
+  std::vector<controls::ToolKey*> keys;
+  for (const auto& control : form.Controls()) {
+    auto* key = dynamic_cast<controls::ToolKey*>(control.get());
+    if (key != nullptr && key->Parent() == &parent) keys.push_back(key);
+  }
+  return keys;
+}
+
+QIcon IconOf(const controls::Control& key) {
+  const std::string& id = key.Id();
+  const QString path =
+      QStringLiteral(":/icons/%1.svg").arg(QString::fromStdString(id.substr(id.rfind('.') + 1)));
+  return QIcon(path);
+}
+
+// Without a language file the keys have no captions; their ids keep them usable.
+QString ShownCaption(const controls::Control& key) {
+  return key.Caption().empty() ? ReadableName(key.Id()) : QString::fromStdString(key.Caption());
+}
+
+}  // namespace
+
+ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, FaceContext& context,
+                       QWidget* parent)
+    : QToolButton(parent), key_(key), context_(context), items_(KeysIn(form, key)) {
+  setAutoRaise(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setIcon(IconOf(key));
+  setIconSize(QSize(kIconPixels, kIconPixels));
+  connect(this, &QToolButton::clicked, this, [this] { context_.Act([this] { key_.Click(); }); });
+  if (items_.empty()) return;
+  auto* menu = new QMenu(this);
+  connect(menu, &QMenu::aboutToShow, this, [this] { FillMenu(); });
+  setMenu(menu);
+  setPopupMode(MenuButtonPopup);
+}
+
+void ToolButton::FillMenu() {
+  menu()->clear();
+  QStringList captions;
+  for (const controls::ToolKey* item : items_) captions += ShownCaption(*item);
+  captions = WithMnemonics(captions);
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    controls::ToolKey* item = items_[i];
+    QAction* action = menu()->addAction(captions[static_cast<qsizetype>(i)]);
+    action->setObjectName(QString::fromStdString(item->Id()));
+    action->setEnabled(item->Enabled());
+    action->setVisible(item->Visible());
+    connect(action, &QAction::triggered, this,
+            [this, item] { context_.Act([item] { item->Click(); }); });
+  }
+}
+
+void ToolButton::Redraw() {
+  setText(WithoutMnemonic(QString::fromStdString(key_.Caption())));
+  const bool has_room_below = height() >= kIconPixels + fontMetrics().height();
+  setToolButtonStyle(key_.Caption().empty() ? Qt::ToolButtonIconOnly
+                     : has_room_below       ? Qt::ToolButtonTextUnderIcon
+                                            : Qt::ToolButtonTextBesideIcon);
+}
+
+void ToolButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Down && menu() != nullptr) {
+    showMenu();
+  } else {
+    QToolButton::keyPressEvent(event);
+  }
+}
+
+}  // namespace kestrune::qt

@@ -1,0 +1,21 @@
+#include "ui/qt/captions.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrune::qt {
+namespace {
+
+TEST(Captions, IdsBecomeWords) {
+  EXPECT_EQ(ReadableName("direct3d.antialiasing.antialiasing-mode"), "Antialiasing mode");
+  EXPECT_EQ(ReadableName("main"), "Main");
+  EXPECT_EQ(ReadableName(""), "");
+}
+
+TEST(Captions, EachMnemonicIsTheFirstLetterStillFree) {
+  const QStringList captions = {"Shaders", "Sound & vision", "...", "os", "So", "Öffnen"};
+  const QStringList expected = {"&Shaders", "S&ound && vision", "...", "os", "So", "&Öffnen"};
+  EXPECT_EQ(WithMnemonics(captions), expected);
+}
+
+}  // namespace
+}  // namespace kestrune::qt

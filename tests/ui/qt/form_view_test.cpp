@@ -1,0 +1,333 @@
+#include "ui/qt/form_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QWheelEvent>
+
+#include "sample_form.h"
+
+namespace kestrune::qt {
+namespace {
+
+using controls::CheckBox;
+using controls::ComboBox;
+using controls::ComboChange;
+using controls::Frame;
+using controls::ListBox;
+using controls::OptionButton;
+using controls::Slider;
+using controls::TextBox;
+
+class FormViewTest : public testing::Test {
+ protected:
+  /// What a combo's handler was told, one word after the other.
+  void Log(ComboBox& combo) {
+    combo.on_change = [this](ComboChange change) {
+      log_ += change == ComboChange::kChosen ? "chosen " : "text ";
+    };
+  }
+  void PickInList(QComboBox& combo, const std::vector<Qt::Key>& keys) {
+    combo.showPopup();
+    for (const Qt::Key key : keys) QTest::keyClick(combo.view(), key);
+  }
+
+  SampleWindow window_;
+  std::string log_;
+};
+
+TEST_F(FormViewTest, AnEntryIsChosenOnceForEachTimeItIsPicked) {
+  auto& control = window_.Control<ComboBox>("page.limit");
+  auto& widget = window_.Widget<QComboBox>("page.limit");
+  Log(control);
+  PickInList(widget, {Qt::Key_Home, Qt::Key_Down, Qt::Key_Return});
+  EXPECT_EQ(control.Text(), "1");
+  EXPECT_EQ(log_, "chosen ");
+  PickInList(widget, {Qt::Key_Return});
+  EXPECT_EQ(log_, "chosen chosen ");
+}
+
+TEST_F(FormViewTest, AComboMarksNoEntryForATextThatIsNone) {
+  auto& widget = window_.Widget<QComboBox>("page.limit");
+  EXPECT_EQ(widget.currentIndex(), -1);
+  window_.Control<ComboBox>("page.limit").ShowText("2");
+  EXPECT_EQ(widget.currentIndex(), 2);
+}
+
+TEST_F(FormViewTest, TypingReachesTheControlWhenItIsFinished) {
+  auto& control = window_.Control<ComboBox>("page.mode");
+  auto& widget = window_.Widget<QComboBox>("page.mode");
+  Log(control);
+  widget.setFocus();
+  widget.lineEdit()->selectAll();
+  QTest::keyClicks(&widget, "32x");
+  EXPECT_EQ(control.Text(), "Auto");
+  QTest::keyClick(&widget, Qt::Key_Return);
+  EXPECT_EQ(control.Text(), "32x");
+  QTest::keyClick(&widget, Qt::Key_Return);
+  EXPECT_EQ(log_, "text ");
+}
+
+TEST_F(FormViewTest, LeavingFinishesTypingAndEscapeTakesItBack) {
+  auto& control = window_.Control<ComboBox>("page.mode");
+  auto& widget = window_.Widget<QComboBox>("page.mode");
+  widget.setFocus();
+  QTest::keyClicks(&widget, "!");
+  QTest::keyClick(&widget, Qt::Key_Escape);
+  EXPECT_EQ(widget.currentText(), "Auto");
+  widget.lineEdit()->selectAll();
+  QTest::keyClicks(&widget, "16x");
+  QTest::keyClick(&widget, Qt::Key_Tab);
+  EXPECT_EQ(control.Text(), "16x");
+}
+
+TEST_F(FormViewTest, ATypedEntryIsChosenWhateverItsCase) {
+  auto& control = window_.Control<ComboBox>("page.mode");
+  auto& widget = window_.Widget<QComboBox>("page.mode");
+  Log(control);
+  widget.setFocus();
+  widget.lineEdit()->selectAll();
+  QTest::keyClicks(&widget, "4X");
+  QTest::keyClick(&widget, Qt::Key_Return);
+  EXPECT_EQ(control.Text(), "4x");
+  EXPECT_EQ(widget.currentText(), "4x");
+  EXPECT_EQ(log_, "chosen ");
+}
+
+TEST_F(FormViewTest, NewItemsLeaveAnUnfinishedTextAlone) {
+  auto& control = window_.Control<ComboBox>("page.mode");
+  auto& widget = window_.Widget<QComboBox>("page.mode");
+  widget.setFocus();
+  widget.lineEdit()->selectAll();
+  QTest::keyClicks(&widget, "8");
+  control.SetItems({"Auto", "8x", "16x"});
+  EXPECT_EQ(widget.currentText(), "8");
+  QTest::keyClicks(&widget, "x");
+  QTest::keyClick(&widget, Qt::Key_Return);
+  EXPECT_EQ(control.Position(), 1);
+}
+
+TEST_F(FormViewTest, AClickTicksAndWhatTheHandlerPutsBackIsDrawn) {
+  auto& control = window_.Control<CheckBox>("page.gamma");
+  auto& widget = window_.Widget<QCheckBox>("page.gamma");
+  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(5, 8));
+  EXPECT_TRUE(control.Checked());
+  control.on_change = [&] { control.Show(1); };
+  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(5, 8));
+  EXPECT_TRUE(widget.isChecked());
+}
+
+TEST_F(FormViewTest, OptionsFollowTheirGroupAndRunAgainWhenClickedAgain) {
+  int clicks = 0;
+  window_.Control<OptionButton>("page.zoom").on_click = [&] { ++clicks; };
+  auto& zoom = window_.Widget<QRadioButton>("page.zoom");
+  for (int i = 0; i < 2; ++i) {
+    QTest::mouseClick(&zoom, Qt::LeftButton, {}, QPoint(5, 8));
+    EXPECT_TRUE(zoom.isChecked());
+  }
+  EXPECT_EQ(clicks, 2);
+  EXPECT_FALSE(window_.Widget<QRadioButton>("page.normal").isChecked());
+}
+
+TEST_F(FormViewTest, KeysMoveASliderAndARefusedPlaceIsDrawnBack) {
+  auto& control = window_.Control<Slider>("page.lod");
+  auto& widget = window_.Widget<QSlider>("page.lod");
+  QTest::keyClick(&widget, Qt::Key_Right);
+  EXPECT_EQ(control.Value(), 1);
+  control.on_change = [&] { control.Show(1); };
+  QTest::keyClick(&widget, Qt::Key_Right);
+  EXPECT_EQ(control.Value(), 1);
+  EXPECT_EQ(widget.value(), 1);
+}
+
+TEST_F(FormViewTest, AWheelTurnedInPassingMovesNothing) {
+  auto& widget = window_.Widget<QSlider>("page.lod");
+  const auto turn = [&widget] {
+    QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+  };
+  window_.Widget<QPushButton>("page.apply").setFocus();
+  turn();
+  EXPECT_EQ(widget.value(), 0);
+  widget.setFocus();
+  turn();
+  EXPECT_GT(widget.value(), 0);
+}
+
+TEST_F(FormViewTest, WhatCodeShowsIsDrawnAndRunsNoHandler) {
+  const auto fail = [] { ADD_FAILURE() << "a handler ran"; };
+  auto& combo = window_.Control<ComboBox>("page.mode");
+  auto& slider = window_.Control<Slider>("page.lod");
+  auto& text = window_.Control<TextBox>("page.clock");
+  auto& box = window_.Control<CheckBox>("page.gamma");
+  combo.on_change = [&](ComboChange) { fail(); };
+  slider.on_change = text.on_change = box.on_change = fail;
+  combo.ShowText("2x");
+  slider.Show(-4);
+  slider.SetRange(0, 3);
+  text.ShowText("400");
+  box.Show(2);
+  EXPECT_EQ(window_.Widget<QComboBox>("page.mode").currentText(), "2x");
+  EXPECT_EQ(window_.Widget<QSlider>("page.lod").value(), 0);
+  EXPECT_EQ(window_.Widget<QLineEdit>("page.clock").text(), "400");
+  EXPECT_EQ(window_.Widget<QCheckBox>("page.gamma").checkState(), Qt::PartiallyChecked);
+}
+
+TEST_F(FormViewTest, APageIsBuiltWhenItIsFirstShown) {
+  auto& page = window_.Control<Frame>("page");
+  auto& other = window_.Control<Frame>("other");
+  EXPECT_EQ(window_.View().WidgetOf(other), nullptr);
+  page.SetVisible(false);
+  other.SetVisible(true);
+  EXPECT_TRUE(window_.Widget<QListWidget>("other.lines").isVisible());
+  EXPECT_FALSE(window_.Widget<QComboBox>("page.mode").isVisible());
+}
+
+TEST_F(FormViewTest, ALineIsChosenByClickAlsoAgainButNotByPassingThrough) {
+  window_.Control<Frame>("page").SetVisible(false);
+  window_.Control<Frame>("other").SetVisible(true);
+  auto& control = window_.Control<ListBox>("other.lines");
+  auto& widget = window_.Widget<QListWidget>("other.lines");
+  int choices = 0;
+  control.on_change = [&] { ++choices; };
+  widget.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(choices, 0);
+  for (int i = 1; i <= 2; ++i) {
+    const QPoint second = widget.visualItemRect(widget.item(1)).center();
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(control.Position(), 1);
+    EXPECT_EQ(choices, i);
+  }
+  QTest::keyClick(&widget, Qt::Key_Down);
+  EXPECT_EQ(control.Position(), 2);
+  EXPECT_EQ(choices, 3);
+}
+
+TEST_F(FormViewTest, TabVisitsTheVisiblePageInTheOrderOfTheForm) {
+  window_.Control<Frame>("other").SetVisible(true);
+  window_.Control<Frame>("other").SetVisible(false);
+  window_.Control<TextBox>("page.clock").SetEnabled(false);
+  window_.Widget<QToolButton>("main.dx").setFocus();
+  std::vector<std::string> visited;
+  do {
+    visited.push_back(QApplication::focusWidget()->objectName().toStdString());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  } while (QApplication::focusWidget()->objectName() != "main.dx" && visited.size() < 30);
+  const std::vector<std::string> expected = {"main.dx",    "main.group-scroll-bar",
+                                             "page.mode",  "page.limit",
+                                             "page.gamma", "page.normal",
+                                             "page.zoom",  "page.lod",
+                                             "page.apply", "main.help"};
+  EXPECT_EQ(visited, expected);
+}
+
+TEST_F(FormViewTest, OnlyTheInnermostControlIsHoveredOver) {
+  for (const auto& control : window_.Form().Controls()) {
+    control->on_hover = [this, id = control->Id()] { log_ += id + " "; };
+  }
+  QTest::mouseMove(&window_.Widget<QWidget>("page.mode-label"), QPoint(3, 3));
+  QTest::mouseMove(window_.Widget<QComboBox>("page.mode").lineEdit(), QPoint(3, 3));
+  QTest::mouseMove(&window_.Widget<QWidget>("page"), QPoint(300, 120));
+  QTest::mouseMove(&window_.View(), QPoint(300, 300));
+  EXPECT_EQ(log_, "page.mode-label page.mode page main ");
+}
+
+TEST_F(FormViewTest, TheKeyboardCountsAsHoveringOverTheNearestThatCares) {
+  window_.Control<Frame>("page").on_hover = [this] { log_ += "page "; };
+  window_.Control<CheckBox>("page.gamma").on_hover = [this] { log_ += "gamma "; };
+  window_.Widget<QWidget>("page.limit").setFocus(Qt::TabFocusReason);
+  window_.Widget<QWidget>("page.gamma").setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(log_, "page gamma ");
+}
+
+TEST_F(FormViewTest, MenusCarryMnemonicsAndDisabledItems) {
+  auto& button = window_.Widget<QToolButton>("main.dx");
+  window_.Control<controls::ToolKey>("main.one").on_click = [this] { log_ += "one "; };
+  QTimer::singleShot(0, &button, [&button] {
+    const QList<QAction*> items = button.menu()->actions();
+    EXPECT_EQ(items[0]->text(), "&Save && close");
+    EXPECT_EQ(items[1]->text(), "S&end");
+    EXPECT_FALSE(items[1]->isEnabled());
+    QTest::keyClick(button.menu(), Qt::Key_S);
+  });
+  QTest::keyClick(&button, Qt::Key_Down);
+  EXPECT_EQ(log_, "one ");
+}
+
+TEST_F(FormViewTest, EverythingHasANameAlsoWithoutItsCaption) {
+  EXPECT_EQ(window_.Widget<QWidget>("page.mode").accessibleName(), "Mode");
+  EXPECT_EQ(window_.Widget<QWidget>("main.help").accessibleName(), "Help");
+  EXPECT_EQ(window_.Widget<QWidget>("main.help").toolTip(), "Help");
+  window_.Control<controls::Label>("page.mode-label").SetCaption("Modus:");
+  EXPECT_EQ(window_.Widget<QWidget>("page.mode").accessibleName(), "Modus");
+}
+
+TEST_F(FormViewTest, ACaptionThatDoesNotFitIsCutAndWholeInItsTip) {
+  auto& control = window_.Control<CheckBox>("page.gamma");
+  auto& widget = window_.Widget<QCheckBox>("page.gamma");
+  EXPECT_TRUE(widget.toolTip().isEmpty());
+  control.SetCaption("A caption & a half, much too long for its place");
+  EXPECT_TRUE(widget.text().endsWith(QChar(0x2026)));
+  EXPECT_EQ(widget.toolTip(), "A caption & a half, much too long for its place");
+}
+
+TEST_F(FormViewTest, TheFormDecidesAboutWidthAndMaximising) {
+  auto& control = window_.Control<controls::Window>("main");
+  control.on_resize = [&control] {
+    control.SetMaximised(false);
+    controls::Rect bounds = control.Bounds();
+    bounds.width = 8175;
+    control.SetBounds(bounds);
+  };
+  FormView& view = window_.View();
+  view.setMinimumSize(0, 0);
+  view.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  view.resize(700, 400);
+  EXPECT_TRUE(QTest::qWaitFor([&view] { return view.width() == 545; }));
+  EXPECT_EQ(control.Bounds().height, 6000);
+  view.setWindowState(Qt::WindowMaximized);
+  EXPECT_TRUE(QTest::qWaitFor([&view] { return !view.isMaximized(); }));
+  EXPECT_TRUE(QTest::qWaitFor([&view] { return view.width() == 545; }));
+}
+
+TEST_F(FormViewTest, TheWindowGrowsWithItsControl) {
+  auto& control = window_.Control<controls::Window>("main");
+  int reports = 0;
+  control.on_resize = [&reports] { ++reports; };
+  control.SetBounds({300, 300, 8175, 5725});
+  QTest::qWait(20);
+  EXPECT_EQ(window_.View().height(), 382);
+  EXPECT_EQ(reports, 0);
+}
+
+TEST_F(FormViewTest, AMovedWindowTellsItsPlace) {
+  auto& control = window_.Control<controls::Window>("main");
+  window_.View().move(40, 50);
+  EXPECT_TRUE(QTest::qWaitFor([&control] { return control.Bounds().left == 600; }));
+  EXPECT_EQ(control.Bounds().top, 750);
+}
+
+TEST_F(FormViewTest, TheCloseBoxAsksTheForm) {
+  auto& control = window_.Control<controls::Window>("main");
+  window_.View().close();
+  EXPECT_TRUE(window_.View().isVisible());
+  control.on_close = [&control] { control.SetVisible(false); };
+  window_.View().close();
+  EXPECT_FALSE(window_.View().isVisible());
+}
+
+}  // namespace
+}  // namespace kestrune::qt

@@ -1,0 +1,191 @@
+#include <QApplication>
+#include <QCursor>
+#include <QDir>
+#include <QMenu>
+#include <QPainter>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+
+#include "platform/portable/portable_machine.h"
+#include "platform/services.h"
+#include "ui/forms/main_form.h"
+#include "ui/forms/program.h"
+#include "ui/qt/face.h"
+#include "ui/qt/face_style.h"
+#include "ui/qt/qt_dialog.h"
+
+namespace {
+
+using namespace kestrune;
+
+struct Arguments {
+  QString folder;
+  QByteArray scale = "1";
+  bool dark = false;
+};
+
+std::optional<Arguments> Parse(int count, char** values) {
+  Arguments arguments;
+  for (int i = 1; i < count; ++i) {
+    const std::string_view value = values[i];
+    const std::string_view next = i + 1 < count ? values[i + 1] : "";
+    if (value == "--scale" && (next == "1" || next == "2")) {
+      arguments.scale = values[++i];
+    } else if (value == "--scheme" && (next == "light" || next == "dark")) {
+      arguments.dark = values[++i][0] == 'd';
+    } else if (arguments.folder.isEmpty() && !value.starts_with("--")) {
+      arguments.folder = values[i];
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (arguments.folder.isEmpty()) return std::nullopt;
+  return arguments;
+}
+
+/// The same colours wherever the pictures are made.
+QPalette MakePalette(bool dark) {
+  const QColor button = dark ? QColor(53, 53, 57) : QColor(239, 239, 239);
+  const QColor window = dark ? QColor(42, 42, 46) : QColor(239, 239, 239);
+  QPalette palette(button, window);
+  palette.setColor(QPalette::Base, dark ? QColor(30, 30, 33) : QColor(Qt::white));
+  palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::ToolTipBase, palette.color(QPalette::Base));
+  palette.setColor(QPalette::ToolTipText, palette.color(QPalette::Text));
+  return palette;
+}
+
+class Photographer {
+ public:
+  Photographer(forms::Program& program, qt::Face& face, const QDir& folder)
+      : program_(program), face_(face), folder_(folder) {}
+
+  bool TakeAll() {
+    TakePages();
+    TakeMenu();
+    TakeLowerPanel();
+    TakeHelp();
+    return all_saved_;
+  }
+
+ private:
+  QWidget& Window() { return *face_.ViewOf(program_.Main()); }
+
+  void Save(const QPixmap& picture, const QString& name) {
+    const QString file = folder_.filePath(name + ".png");
+    const bool saved = picture.save(file);
+    if (!saved) std::fprintf(stderr, "can't write %s\n", qPrintable(file));
+    all_saved_ = all_saved_ && saved;
+  }
+
+  void GoTo(std::string_view page_id) {
+    program_.GoToPage(program_.PageOf(*program_.Find(page_id)));
+    QCoreApplication::processEvents();
+  }
+
+  void TakePages() {
+    for (int page = 0; page < forms::kPageCount; ++page) {
+      const std::string_view id = forms::kPageIds[static_cast<std::size_t>(page)];
+      GoTo(id);
+      const QString name = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));
+      Save(Window().grab(), QString("page-%1-%2").arg(page, 2, 10, QChar('0')).arg(name));
+    }
+  }
+
+  /// Both widgets as they stand on the screen, `second` over or beside `first`.
+  QPixmap Together(QWidget& first, QWidget& second) {
+    const QRect first_place(first.mapToGlobal(QPoint()), first.size());
+    const QRect second_place(second.mapToGlobal(QPoint()), second.size());
+    const QRect all = first_place.united(second_place);
+    const qreal ratio = first.devicePixelRatioF();
+    QPixmap picture(all.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(QApplication::palette().color(QPalette::Dark));
+    QPainter painter(&picture);
+    painter.drawPixmap(first_place.topLeft() - all.topLeft(), first.grab());
+    painter.drawPixmap(second_place.topLeft() - all.topLeft(), second.grab());
+    return picture;
+  }
+
+  void TakeMenu() {
+    GoTo("control-panel.settings");
+    auto* button = dynamic_cast<QToolButton*>(
+        face_.ViewOf(program_.Main())->WidgetOf(*program_.Find("main.nvcpl")));
+    if (button == nullptr) return;
+    button->menu()->popup(button->mapToGlobal(QPoint(0, button->height())));
+    QCoreApplication::processEvents();
+    Save(Together(Window(), *button->menu()), "menu");
+    button->menu()->close();
+  }
+
+  void TakeLowerPanel() {
+    GoTo("direct3d.antialiasing");
+    program_.Find("main.lower-panel-edge")->Hover();
+    program_.Timers().Advance(2000);
+    QCoreApplication::processEvents();
+    Save(Window().grab(), "lower-panel");
+  }
+
+  void TakeHelp() {
+    GoTo("direct3d.filtering");
+    program_.Find("direct3d.filtering.texture-lod-bias")->Hover();
+    program_.Timers().Advance(5000);
+    QCoreApplication::processEvents();
+    for (const forms::Form* form : program_.Forms()) {
+      qt::FormView* view = face_.ViewOf(*form);
+      if (view == nullptr || view == &Window() || !view->isVisible()) continue;
+      Save(Together(Window(), *view), "help");
+    }
+  }
+
+  forms::Program& program_;
+  qt::Face& face_;
+  QDir folder_;
+  bool all_saved_ = true;
+};
+
+int Run(const Arguments& arguments) {
+  const QTemporaryDir user_folder;
+  qputenv("XDG_DATA_HOME", user_folder.path().toUtf8());
+  platform::portable::MachineOptions options;
+  options.store = user_folder.filePath("pictures.store").toStdString();
+  auto opened = platform::portable::PortableMachine::Open(options);
+  if (!opened) {
+    std::fprintf(stderr, "%s\n", opened.Reason().c_str());
+    return 3;
+  }
+  platform::portable::PortableMachine& machine = *opened.Value();
+  qt::QtDialog dialog;
+  forms::Program program({machine.Registry(), machine.Display(), machine.Version(), machine.Shell(),
+                          machine.Files(), dialog});
+  if (!program.Start("")) return 3;
+  qt::Face face(program, machine.Files());
+  // No button may look as if the mouse were over it.
+  QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+  QCoreApplication::processEvents();
+  QDir().mkpath(arguments.folder);
+  return Photographer(program, face, QDir(arguments.folder)).TakeAll() ? 0 : 3;
+}
+
+}  // namespace
+
+int main(int argument_count, char** values) {
+  const std::optional<Arguments> arguments = Parse(argument_count, values);
+  if (!arguments) {
+    std::fprintf(stderr,
+                 "usage: kestrune_screenshots OUTPUT_FOLDER [--scale 1|2] [--scheme light|dark]\n");
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_SCALE_FACTOR", arguments->scale);
+  QApplication::setStyle(new qt::FaceStyle);
+  int own_count = 1;
+  const QApplication application(own_count, values);
+  QApplication::setPalette(MakePalette(arguments->dark));
+  return Run(*arguments);
+}
