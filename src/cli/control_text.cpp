@@ -1,0 +1,250 @@
+#include "cli/control_text.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/portable/case_fold.h"
+
+namespace kestrune::cli {
+
+namespace {
+
+using controls::Control;
+using controls::ControlVisitor;
+
+/// The kind of a control as a script knows it, and what else there is to say of it.
+class JsonMaker : public ControlVisitor {
+ public:
+  explicit JsonMaker(Json& json) : json_(json) {}
+
+  void Visit(controls::CheckBox&) override { Kind("check"); }
+  void Visit(controls::OptionButton&) override { Kind("option"); }
+  void Visit(controls::ComboBox& combo) override {
+    Kind("combo");
+    Items(combo.Items(), combo.Position());
+  }
+  void Visit(controls::ListBox& list) override {
+    Kind("list");
+    Items(list.Items(), list.Position());
+  }
+  void Visit(controls::TextBox&) override { Kind("text"); }
+  void Visit(controls::Slider& slider) override {
+    Kind("slider");
+    json_["value"] = slider.Value();
+    json_["min"] = slider.Minimum();
+    json_["max"] = slider.Maximum();
+  }
+  void Visit(controls::Label&) override { Kind("label"); }
+  void Visit(controls::Button&) override { Kind("button"); }
+  void Visit(controls::PictureBox& picture) override {
+    Kind("picture");
+    json_["picture"] = picture.File();
+  }
+  void Visit(controls::Frame&) override { Kind("frame"); }
+  void Visit(controls::ToolKey&) override { Kind("key"); }
+  void Visit(controls::Window& window) override {
+    Kind("window");
+    json_["left"] = window.Bounds().left;
+    json_["top"] = window.Bounds().top;
+    json_["width"] = window.Bounds().width;
+    json_["height"] = window.Bounds().height;
+  }
+
+ private:
+  void Kind(std::string_view kind) { json_["kind"] = kind; }
+  void Items(const std::vector<std::string>& items, int position) {
+    json_["items"] = items;
+    json_["position"] = position;
+  }
+
+  Json& json_;
+};
+
+/// The position in a list that a value names: an item, exactly or without regard to case, or "#n".
+int FindItem(const std::vector<std::string>& items, const std::string& value) {
+  const auto index = [&items](auto found) {
+    return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+  };
+  if (const int exact = index(std::find(items.begin(), items.end(), value)); exact >= 0) {
+    return exact;
+  }
+  const int folded = index(std::find_if(items.begin(), items.end(), [&value](const auto& item) {
+    return platform::portable::SameWithoutCase(item, value);
+  }));
+  if (folded >= 0 || !value.starts_with('#')) return folded;
+  int position = -1;
+  const auto [end, error] =
+      std::from_chars(value.data() + 1, value.data() + value.size(), position);
+  const bool is_number = error == std::errc() && end == value.data() + value.size();
+  return is_number && position >= 0 && static_cast<std::size_t>(position) < items.size() ? position
+                                                                                         : -1;
+}
+
+std::string Listed(const std::vector<std::string>& items) {
+  if (items.empty()) return "it has no items";
+  std::string text = "its items are";
+  for (const std::string& item : items) {
+    text += (&item == &items.front() ? " \"" : ", \"") + item + "\"";
+  }
+  return text;
+}
+
+class ValueUser : public ControlVisitor {
+ public:
+  explicit ValueUser(const std::string& value) : value_(value) {}
+
+  void Visit(controls::CheckBox& box) override {
+    if (value_ == "on" || value_ == "off") {
+      (void)box.Use(value_ == "on" ? 1 : 0);
+    } else {
+      Refuse("it takes on or off");
+    }
+  }
+  void Visit(controls::OptionButton& option) override {
+    if (value_ == "on") {
+      option.Use();
+    } else {
+      Refuse("an option takes only on");
+    }
+  }
+  void Visit(controls::ComboBox& combo) override {
+    const int position = FindItem(combo.Items(), value_);
+    if (position >= 0) {
+      (void)combo.Choose(position);
+    } else if (!combo.Type(value_)) {
+      Refuse(Listed(combo.Items()));
+    }
+  }
+  void Visit(controls::ListBox& list) override {
+    if (!list.Choose(FindItem(list.Items(), value_))) Refuse(Listed(list.Items()));
+  }
+  void Visit(controls::TextBox& box) override { box.Type(value_); }
+  void Visit(controls::Slider& slider) override {
+    int number = 0;
+    const auto [end, error] =
+        std::from_chars(value_.data(), value_.data() + value_.size(), number);
+    const bool is_number = error == std::errc() && end == value_.data() + value_.size();
+    if (!is_number || value_.empty() || !slider.Use(number)) {
+      Refuse("it takes a number from " + std::to_string(slider.Minimum()) + " to " +
+             std::to_string(slider.Maximum()));
+    }
+  }
+  void Visit(controls::Label&) override { Refuse("a label takes no value"); }
+  void Visit(controls::Button&) override { Refuse("a button is pressed"); }
+  void Visit(controls::PictureBox&) override { Refuse("a picture takes no value"); }
+  void Visit(controls::Frame&) override { Refuse("a frame takes no value"); }
+  void Visit(controls::ToolKey&) override { Refuse("a key is pressed"); }
+  void Visit(controls::Window&) override { Refuse("a window takes no value"); }
+
+  std::optional<std::string> why_not;
+
+ private:
+  void Refuse(std::string why) { why_not = std::move(why); }
+
+  const std::string& value_;
+};
+
+/// Finds out whether a control is one that a person presses.
+class Presser : public ControlVisitor {
+ public:
+  void Visit(controls::CheckBox&) override {}
+  void Visit(controls::OptionButton&) override {}
+  void Visit(controls::ComboBox&) override {}
+  void Visit(controls::ListBox&) override {}
+  void Visit(controls::TextBox&) override {}
+  void Visit(controls::Slider&) override {}
+  void Visit(controls::Label& label) override { PressWhereItActs(label); }
+  void Visit(controls::Button& button) override { PressIt(button); }
+  void Visit(controls::PictureBox& picture) override { PressWhereItActs(picture); }
+  void Visit(controls::Frame&) override {}
+  void Visit(controls::ToolKey& key) override { PressIt(key); }
+  void Visit(controls::Window&) override {}
+
+  bool pressed = false;
+
+ private:
+  void PressIt(Control& control) {
+    pressed = true;
+    control.Click();
+  }
+  void PressWhereItActs(Control& control) {
+    if (control.on_click) PressIt(control);
+  }
+};
+
+std::optional<std::string> WhyNotUsable(const Control& control) {
+  if (!IsVisible(control)) return control.Id() + " is hidden.";
+  if (!IsEnabled(control)) return control.Id() + " is disabled.";
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::string OneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\n') {
+      line += "\\n";
+    } else if (c == '\t') {
+      line += "\\t";
+    } else if (c != '\r') {
+      line += c;
+    }
+  }
+  return line;
+}
+
+bool IsEnabled(const Control& control) {
+  for (const Control* each = &control; each != nullptr; each = each->Parent()) {
+    if (!each->Enabled()) return false;
+  }
+  return true;
+}
+
+bool IsVisible(const Control& control) {
+  if (!control.Visible()) return false;
+  for (const Control* each = control.Parent(); each != nullptr; each = each->Parent()) {
+    // Pages stand directly in the window; which of them is shown says nothing of their controls.
+    const bool is_page = each->Parent() != nullptr && each->Parent()->Parent() == nullptr;
+    const bool is_window = each->Parent() == nullptr;
+    if (!is_page && !is_window && !each->Visible()) return false;
+  }
+  return true;
+}
+
+std::string ShowLine(const Control& control) {
+  std::string line = control.Id() + "\t" + OneLine(control.ValueText());
+  if (!IsVisible(control)) return line + "\thidden";
+  return IsEnabled(control) ? line : line + "\tdisabled";
+}
+
+Json ControlJson(Control& control) {
+  Json json = {{"id", control.Id()},
+               {"kind", ""},
+               {"caption", control.Caption()},
+               {"value", control.ValueText()},
+               {"enabled", IsEnabled(control)},
+               {"visible", IsVisible(control)}};
+  if (!control.ToolTip().empty()) json["tip"] = control.ToolTip();
+  JsonMaker maker(json);
+  control.Accept(maker);
+  return json;
+}
+
+std::optional<std::string> UseValue(Control& control, const std::string& value) {
+  if (auto why = WhyNotUsable(control)) return why;
+  ValueUser user(value);
+  control.Accept(user);
+  if (!user.why_not) return std::nullopt;
+  return control.Id() + " can't be set to \"" + OneLine(value) + "\": " + *user.why_not + ".";
+}
+
+std::optional<std::string> Press(Control& control) {
+  if (auto why = WhyNotUsable(control)) return why;
+  Presser presser;
+  control.Accept(presser);
+  if (presser.pressed) return std::nullopt;
+  return control.Id() + " is nothing that can be pressed.";
+}
+
+}  // namespace kestrune::cli
