@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 
+#include "cli/clock_commands.h"
 #include "cli/control_text.h"
 #include "cli/registry_commands.h"
 #include "cli/script.h"
@@ -22,6 +23,9 @@ struct Request {
   std::string key;
   std::string name;
   std::string type;
+  std::string core;
+  std::string memory;
+  bool is_3d = false;
   std::function<Status()> run;
 };
 
@@ -31,6 +35,7 @@ class CommandLine {
   explicit CommandLine(const Streams& streams) : streams_(streams) {
     AddGlobalOptions();
     AddProgramCommands();
+    AddClockCommands();
     AddRegistryCommands();
     AddMachineCommand();
   }
@@ -42,6 +47,7 @@ class CommandLine {
                 std::function<Status()> run);
   void AddGlobalOptions();
   void AddProgramCommands();
+  void AddClockCommands();
   void AddRegistryCommands();
   void AddMachineCommand();
 
@@ -127,23 +133,23 @@ Status CommandLine::RunSteps(Step::Kind kind) {
 }
 
 void CommandLine::AddProgramCommands() {
-  Add(app_, "pages", "Print the pages: index, id, caption", [this] {
-    return InProgram([this](forms::Program& program) { return Pages(program); });
-  });
+  Add(app_, "pages", "Print the pages: index, id, caption",
+      [this] { return InProgram([this](forms::Program& program) { return Pages(program); }); });
   Add(app_, "show", "Print every control of a page or window, or of all pages", [this] {
     return InProgram([this](forms::Program& program) {
       return Script(program, request_.options, streams_).Show(request_.name);
     });
   })->add_option("PAGE|WINDOW", request_.name);
-  Add(app_, "get", "Print the values of controls", [this] {
-    return RunSteps(Step::Kind::kPrint);
-  })->add_option("ID", request_.words)->required();
-  Add(app_, "set", "Change controls as a person would, in order", [this] {
-    return RunSteps(Step::Kind::kSet);
-  })->add_option("ID=VALUE", request_.words)->required();
-  Add(app_, "press", "Press buttons and keys", [this] {
-    return RunSteps(Step::Kind::kPress);
-  })->add_option("ID", request_.words)->required();
+  Add(app_, "get", "Print the values of controls", [this] { return RunSteps(Step::Kind::kPrint); })
+      ->add_option("ID", request_.words)
+      ->required();
+  Add(app_, "set", "Change controls as a person would, in order",
+      [this] { return RunSteps(Step::Kind::kSet); })
+      ->add_option("ID=VALUE", request_.words)
+      ->required();
+  Add(app_, "press", "Press buttons and keys", [this] { return RunSteps(Step::Kind::kPress); })
+      ->add_option("ID", request_.words)
+      ->required();
   Add(app_, "do",
       "Carry out steps: ID=VALUE sets, ID presses, ?ID prints, ~ID moves the mouse over, "
       "open:WINDOW, close:WINDOW, page:PAGE, wait:MS",
@@ -161,12 +167,33 @@ void CommandLine::AddProgramCommands() {
       })
       ->add_option("STEP", request_.words)
       ->required();
-  Add(app_, "state", "Print the shared values", [this] {
-    return InProgram([this](forms::Program& program) { return State(program); });
-  });
-  Add(app_, "languages", "Print the languages that can be chosen", [this] {
-    return InProgram([this](forms::Program& program) { return Languages(program); });
-  });
+  Add(app_, "state", "Print the shared values",
+      [this] { return InProgram([this](forms::Program& program) { return State(program); }); });
+  Add(app_, "languages", "Print the languages that can be chosen",
+      [this] { return InProgram([this](forms::Program& program) { return Languages(program); }); });
+}
+
+void CommandLine::AddClockCommands() {
+  CLI::App& clocks = *Add(app_, "clocks", "The overclocking page in one word", nullptr);
+  clocks.require_subcommand(1);
+  clocks.add_flag("--3d", request_.is_3d, "The 3D pair of a card that has two");
+  const auto add = [&](const std::string& name, const std::string& what, auto work) {
+    return Add(clocks, name, what, [this, work] {
+      return InProgram([&](forms::Program& program) {
+        return work(program, request_.options, streams_, request_.is_3d);
+      });
+    });
+  };
+  add("show", "Print the default and the current clocks", ShowClocks);
+  CLI::App* set =
+      add("set", "Set the clocks, in MHz",
+          [this](forms::Program& program, const GlobalOptions& options, const Streams& streams,
+                 bool is_3d) {
+            return SetClocks(program, options, streams, is_3d, request_.core, request_.memory);
+          });
+  set->add_option("CORE", request_.core)->required();
+  set->add_option("MEMORY", request_.memory)->required();
+  add("reset", "Go back to the driver's default clocks", ResetClocks);
 }
 
 void CommandLine::AddRegistryCommands() {
@@ -191,15 +218,19 @@ void CommandLine::AddRegistryCommands() {
   write->add_option("NAME", request_.name)->required();
   write->add_option("TYPE", request_.type)->required();
   write->add_option("DATA", request_.words);
-  add_key(add("delete", "Delete one value", [this](Session& session) {
-    return DeleteRegistry(session, streams_, request_.key, request_.name);
-  }))->add_option("NAME", request_.name)->required();
+  add_key(add("delete", "Delete one value",
+              [this](Session& session) {
+                return DeleteRegistry(session, streams_, request_.key, request_.name);
+              }))
+      ->add_option("NAME", request_.name)
+      ->required();
   add_key(add("list", "Print the keys below a key and its values", [this](Session& session) {
     return ListRegistry(session, request_.options, streams_, request_.key);
   }));
-  add("import", "Make the changes of a registry file", [this](Session& session) {
-    return ImportRegistry(session, streams_, request_.name);
-  })->add_option("FILE", request_.name)->required();
+  add("import", "Make the changes of a registry file",
+      [this](Session& session) { return ImportRegistry(session, streams_, request_.name); })
+      ->add_option("FILE", request_.name)
+      ->required();
 }
 
 void CommandLine::AddMachineCommand() {

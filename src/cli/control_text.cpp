@@ -121,8 +121,7 @@ class ValueUser : public ControlVisitor {
   void Visit(controls::TextBox& box) override { box.Type(value_); }
   void Visit(controls::Slider& slider) override {
     int number = 0;
-    const auto [end, error] =
-        std::from_chars(value_.data(), value_.data() + value_.size(), number);
+    const auto [end, error] = std::from_chars(value_.data(), value_.data() + value_.size(), number);
     const bool is_number = error == std::errc() && end == value_.data() + value_.size();
     if (!is_number || value_.empty() || !slider.Use(number)) {
       Refuse("it takes a number from " + std::to_string(slider.Minimum()) + " to " +

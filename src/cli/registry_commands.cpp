@@ -93,8 +93,7 @@ Status WriteRegistry(Session& session, const Streams& streams, const std::string
   RegistryApi& registry = session.Registry();
   OpenedKey opened(registry);
   if (registry.CreateKey(address->root, address->path, opened.handle) != RegStatus::kSuccess ||
-      registry.SetValue(opened.handle, ValueName(name), *reg_type, *bytes) !=
-          RegStatus::kSuccess) {
+      registry.SetValue(opened.handle, ValueName(name), *reg_type, *bytes) != RegStatus::kSuccess) {
     streams.Complain(key + " can't be written.");
     return Status::kImpossible;
   }
@@ -158,8 +157,8 @@ Status ImportRegistry(Session& session, const Streams& streams, const std::strin
                      changes.Reason().reason);
     return Status::kImpossible;
   }
-  if (const auto fault = platform::portable::ApplyRegFile(changes.Value(),
-                                                          session.Machine().RegistryStore())) {
+  if (const auto fault =
+          platform::portable::ApplyRegFile(changes.Value(), session.Machine().RegistryStore())) {
     streams.Complain(*fault);
     return Status::kImpossible;
   }

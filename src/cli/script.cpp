@@ -19,9 +19,9 @@ struct Prefix {
   Step::Kind kind;
 };
 
-constexpr Prefix kPrefixes[] = {
-    {"?", Step::Kind::kPrint},      {"~", Step::Kind::kHover},    {"open:", Step::Kind::kOpen},
-    {"close:", Step::Kind::kClose}, {"page:", Step::Kind::kPage}, {"wait:", Step::Kind::kWait}};
+constexpr Prefix kPrefixes[] = {{"?", Step::Kind::kPrint},    {"~", Step::Kind::kHover},
+                                {"open:", Step::Kind::kOpen}, {"close:", Step::Kind::kClose},
+                                {"page:", Step::Kind::kPage}, {"wait:", Step::Kind::kWait}};
 
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
@@ -60,9 +60,8 @@ std::optional<Step> ParseStep(const std::string& text) {
   }
   const std::size_t equals = text.find('=');
   if (equals == std::string::npos) return Step{.kind = Step::Kind::kPress, .id = text};
-  return Step{.kind = Step::Kind::kSet,
-              .id = text.substr(0, equals),
-              .value = text.substr(equals + 1)};
+  return Step{
+      .kind = Step::Kind::kSet, .id = text.substr(0, equals), .value = text.substr(equals + 1)};
 }
 
 bool Script::IsPage(std::string_view id) const {
@@ -111,8 +110,8 @@ bool Script::CheckIds(const std::vector<Step>& steps) const {
     const bool wants_page = step.kind == Step::Kind::kPage;
     const bool wants_window = step.kind == Step::Kind::kOpen || step.kind == Step::Kind::kClose;
     const std::string what = wants_page ? "page" : wants_window ? "window" : "control";
-    streams_.Complain("there is no " + what + " \"" + OneLine(step.id) + "\"; nearest: " +
-                      Nearest(step.id));
+    streams_.Complain("there is no " + what + " \"" + OneLine(step.id) +
+                      "\"; nearest: " + Nearest(step.id));
     all_known = false;
   }
   return all_known;

@@ -34,9 +34,8 @@ Session::Session(std::unique_ptr<platform::portable::PortableMachine> machine,
       dialog_(streams.err, options.answer) {}
 
 forms::Program& Session::Start() {
-  program_ = std::make_unique<forms::Program>(
-      platform::Services{registry_, machine_->Display(), machine_->Version(), shell_,
-                         machine_->Files(), dialog_});
+  program_ = std::make_unique<forms::Program>(platform::Services{
+      registry_, machine_->Display(), machine_->Version(), shell_, machine_->Files(), dialog_});
   core::Ignore(program_->Start(""));
   tracing_ = options_.trace != Trace::kOff;
   return *program_;

@@ -63,8 +63,7 @@ std::int32_t ControlPanelOptions::Read(std::string_view name, std::int32_t not_s
   return registry_.ReadRegValue(RegRoot::kLocalMachine, kTweakKey, name).NumberOr(not_set);
 }
 
-void ControlPanelOptions::Store(std::string_view key, std::string_view name,
-                                std::int32_t number) {
+void ControlPanelOptions::Store(std::string_view key, std::string_view name, std::int32_t number) {
   registry_.WriteAsBinary = 0;
   core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, key, name, number));
 }

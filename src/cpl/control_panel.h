@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "controls/controls.h"
 #include "core/program_state.h"
 #include "core/registry.h"
-#include "controls/controls.h"
 #include "detect/adapter.h"
 #include "platform/files_api.h"
 

@@ -158,8 +158,8 @@ std::optional<Change> ChangeOf(const Catalogue<C>& catalogue, int code, std::int
 /// Puts on the page what a writer's call makes it show: the caption of a slider, both combos of
 /// twins.
 template <typename C>
-void ShowWritten(const Catalogue<C>& catalogue, const C& controls, int code,
-                 std::int32_t argument, const lang::LangTable& lang_text) {
+void ShowWritten(const Catalogue<C>& catalogue, const C& controls, int code, std::int32_t argument,
+                 const lang::LangTable& lang_text) {
   for (const SliderRow<C>& row : catalogue.sliders) {
     if (row.code != code) continue;
     (controls.*row.label)->SetCaption(row.prefix.In(lang_text) + std::to_string(argument));

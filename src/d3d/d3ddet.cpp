@@ -45,10 +45,9 @@ void Direct3DReader::ReadDirect3DSettings() {
   ReadShader(kPixelShaderRow, *controls.pixel_shader, context_.state.PixelShaderVersionText);
   ReadShader(kVertexShaderRow, *controls.vertex_shader, context_.state.VertexShaderVersionText);
   context_.state.MaxSimultaneousTextures = Read(kMaxTexturesValue).value_or(-1);
-  CatalogueReader reader(controls, context_.lang_text,
-                         [this](std::string_view name, Place place) {
-                           return context_.key.Read(name, place);
-                         });
+  CatalogueReader reader(controls, context_.lang_text, [this](std::string_view name, Place place) {
+    return context_.key.Read(name, place);
+  });
   reader.Show(kDirect3DCatalogue);
 }
 

@@ -12,16 +12,34 @@ using C = Direct3DControls;
 constexpr std::int32_t Bits(std::uint32_t pattern) { return static_cast<std::int32_t>(pattern); }
 
 constexpr CheckRow<C> kChecks[] = {
-    {&C::z_compression, "D3d_46205529", Bits(0x88204955), Bits(0x86752318), Bits(0x88204955),
-     Otherwise::kClear, {16}, {15}},
-    {&C::disable_mipmap_filtering, "D3D_36759435", 0x48391723, 0x24829101, 0x24829101,
-     Otherwise::kCheck, {34}, {35}},
+    {&C::z_compression,
+     "D3d_46205529",
+     Bits(0x88204955),
+     Bits(0x86752318),
+     Bits(0x88204955),
+     Otherwise::kClear,
+     {16},
+     {15}},
+    {&C::disable_mipmap_filtering,
+     "D3D_36759435",
+     0x48391723,
+     0x24829101,
+     0x24829101,
+     Otherwise::kCheck,
+     {34},
+     {35}},
     {&C::low_mip_level, "D3D_69109016", 1, 0, 0, Otherwise::kLeave, {109}, {108}},
     {&C::negative_lod, "D3D_16579523", 0, 1, 0, Otherwise::kLeave, {126, 0}, {126, 1}},
     {&C::trilinear, "D3D_94118636", 0, 1, 0, Otherwise::kLeave, {115}, {114}},
     {&C::aniso_mip, "D3D_40792312", 1, 0, 0, Otherwise::kLeave, {116}, {117}},
     {&C::aniso_sample, "D3D_30913648", 1, 0, 1, Otherwise::kLeave, {120}, {121}},
-    {&C::fog_table, "D3d_20466189", 0x31259154, 0x78176879, 0x31259154, Otherwise::kClear, {123},
+    {&C::fog_table,
+     "D3d_20466189",
+     0x31259154,
+     0x78176879,
+     0x31259154,
+     Otherwise::kClear,
+     {123},
      {122}},
 };
 
@@ -82,27 +100,24 @@ constexpr AaFlagRow kFlagRows[] = {
     {10, "13432", kAaSupersamplingFlag + kAaGammaFlag, 1, 2},
 };
 
-constexpr ShownText kOldTexts[] = {Ui(137),      Word("2x"),  Word("Quincunx"), Word("4x"),
-                                   Word("4x 9-tap"), Word("4xS"), Word("6x"),   Word("8x"),
+constexpr ShownText kOldTexts[] = {Ui(137),           Word("2x"),  Word("Quincunx"), Word("4x"),
+                                   Word("4x 9-tap"),  Word("4xS"), Word("6x"),       Word("8x"),
                                    Word("6xS (12x)"), Word("8xS"), Word("4xSS")};
 
 constexpr AnisoLevel kLevels[] = {
-    {Word("Point s."), 1, 0, -1, 9, -1},
-    {Ui(135), 0x10000001, 1, 0, 10, -1},
-    {Word("2x"), 0x10000002, 2, 1, 11, 4},
-    {Word("4x"), 0x10000004, 4, 2, 60, 31},
-    {Word("8x"), 0x10000008, 8, 3, 61, 32},
-    {Word("16x"), 0x10000010, 16, 4, 112, -1},
+    {Word("Point s."), 1, 0, -1, 9, -1},    {Ui(135), 0x10000001, 1, 0, 10, -1},
+    {Word("2x"), 0x10000002, 2, 1, 11, 4},  {Word("4x"), 0x10000004, 4, 2, 60, 31},
+    {Word("8x"), 0x10000008, 8, 3, 61, 32}, {Word("16x"), 0x10000010, 16, 4, 112, -1},
 };
 
 constexpr std::int32_t kPixelToken = Bits(0xFFFF0000);
 constexpr std::int32_t kVertexToken = Bits(0xFFFE0000);
 
 constexpr ShaderVersion kPixelVersions[] = {
-    {kPixelToken, kShaderOffName, 0, 37}, {kPixelToken + 0x0101, "1.1", 1, 86},
-    {kPixelToken + 0x0103, "1.3", 2, 87}, {kPixelToken + 0x0104, "1.4", 3, 88},
+    {kPixelToken, kShaderOffName, 0, 37},  {kPixelToken + 0x0101, "1.1", 1, 86},
+    {kPixelToken + 0x0103, "1.3", 2, 87},  {kPixelToken + 0x0104, "1.4", 3, 88},
     {kPixelToken + 0x0105, "1.5", -1, -1}, {kPixelToken + 0x0106, "1.6", -1, -1},
-    {kPixelToken + 0x0200, "2.0", 4, 89}, {kPixelToken + 0x0201, "2.1", -1, -1},
+    {kPixelToken + 0x0200, "2.0", 4, 89},  {kPixelToken + 0x0201, "2.1", -1, -1},
     {kPixelToken + 0x0204, "2.4", -1, -1}, {kPixelToken + 0x0300, "3.0", 5, 125},
 };
 
@@ -114,13 +129,13 @@ constexpr ShaderVersion kVertexVersions[] = {
 };
 
 constexpr LegacyRow kLegacy[] = {
-    {0, "ANTIALIASENABLE", 0},   {0, "ANTIALIASQUALITY", 0},    {0, "ANTIALIASFORCEENABLE", 0},
-    {1, "ANTIALIASENABLE", 1},   {1, "ANTIALIASQUALITY", 1},    {1, "ANTIALIASFORCEENABLE", 4},
-    {3, "ANTIALIASENABLE", 1},   {3, "ANTIALIASQUALITY", 3},    {3, "ANTIALIASFORCEENABLE", 4},
-    {9, "ANISOTROPICLEVEL", 0},  {10, "ANISOTROPICLEVEL", 1},   {11, "ANISOTROPICLEVEL", 2},
-    {60, "ANISOTROPICLEVEL", 4}, {61, "ANISOTROPICLEVEL", 8},   {15, "ZCOMPRESSENABLE", 0},
-    {16, "ZCOMPRESSENABLE", 1},  {30, "LODBIASADJUST", 10},     {33, "Z24ENABLE", 1},
-    {34, "USERMIPMAPENABLE", 0}, {35, "USERMIPMAPENABLE", 1},   {37, "FOGTABLEENABLE", 0},
+    {0, "ANTIALIASENABLE", 0},   {0, "ANTIALIASQUALITY", 0},  {0, "ANTIALIASFORCEENABLE", 0},
+    {1, "ANTIALIASENABLE", 1},   {1, "ANTIALIASQUALITY", 1},  {1, "ANTIALIASFORCEENABLE", 4},
+    {3, "ANTIALIASENABLE", 1},   {3, "ANTIALIASQUALITY", 3},  {3, "ANTIALIASFORCEENABLE", 4},
+    {9, "ANISOTROPICLEVEL", 0},  {10, "ANISOTROPICLEVEL", 1}, {11, "ANISOTROPICLEVEL", 2},
+    {60, "ANISOTROPICLEVEL", 4}, {61, "ANISOTROPICLEVEL", 8}, {15, "ZCOMPRESSENABLE", 0},
+    {16, "ZCOMPRESSENABLE", 1},  {30, "LODBIASADJUST", 10},   {33, "Z24ENABLE", 1},
+    {34, "USERMIPMAPENABLE", 0}, {35, "USERMIPMAPENABLE", 1}, {37, "FOGTABLEENABLE", 0},
     {38, "FOGTABLEENABLE", 1},
 };
 

@@ -52,12 +52,12 @@ inline constexpr int kFirstSharedDriver = 5000;
 
 /// An antialiasing mode, under all its numbers and names.
 struct AaMode {
-  ShownText text;               ///< on the Direct3D page
-  ShownText opengl;             ///< on the OpenGL page
-  std::string_view sli;         ///< on both pages while SLI antialiasing is on; empty: the same
-  std::int32_t number;          ///< mode code in the shared value, without the flag bits
-  std::int16_t code;            ///< Direct3D write code; -1: never written
-  std::int16_t opengl_code;     ///< OpenGL operation; -1: the OpenGL page writes `code`
+  ShownText text;            ///< on the Direct3D page
+  ShownText opengl;          ///< on the OpenGL page
+  std::string_view sli;      ///< on both pages while SLI antialiasing is on; empty: the same
+  std::int32_t number;       ///< mode code in the shared value, without the flag bits
+  std::int16_t code;         ///< Direct3D write code; -1: never written
+  std::int16_t opengl_code;  ///< OpenGL operation; -1: the OpenGL page writes `code`
 };
 
 inline constexpr std::string_view kSharedAaValue = "D3DOGL_70835937";
@@ -102,7 +102,7 @@ inline constexpr int kFirstNewAnisoDriver = 4103;
 /// An anisotropic level. The numbers below release 50.00 changed with release 41.03.
 struct AnisoLevel {
   ShownText text;
-  std::int32_t shared;      ///< number in the shared value
+  std::int32_t shared;  ///< number in the shared value
   std::int32_t below_4103;
   std::int32_t below_5000;
   std::int16_t code;         ///< Direct3D write code
@@ -136,8 +136,8 @@ struct ShaderVersion {
 struct ShaderRow {
   std::string_view name;
   std::string_view deleted_name;
-  int prefix;                ///< interface text of the label
-  int default_position;      ///< slider position of the driver's default, with the override
+  int prefix;            ///< interface text of the label
+  int default_position;  ///< slider position of the driver's default, with the override
   std::int16_t delete_code;
   std::span<const ShaderVersion> versions;
 };

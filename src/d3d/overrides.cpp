@@ -155,8 +155,8 @@ void CapabilityOverrides::ShaderMoved(const ShaderRow& row, const ShaderControls
                                       std::string& version_text) {
   const int position = controls.slider->Value();
   const std::string prefix = context_.lang_text[row.prefix];
-  const bool is_default = position > 0 && (position == controls.slider->Maximum() ||
-                                           position == row.default_position);
+  const bool is_default =
+      position > 0 && (position == controls.slider->Maximum() || position == row.default_position);
   if (is_default) {
     writer_.WriteDirect3DSetting(row.delete_code, 0);
     controls.label->SetCaption(prefix + context_.lang_text[88]);

@@ -65,8 +65,7 @@ class CapabilityOverrides {
   void InitShader(const ShaderRow& row, const ShaderControls& controls, std::string& version_text,
                   const std::optional<ShaderLimit>& limit);
   void RemoveShader(const ShaderRow& row, controls::Label& label, std::string& version_text);
-  void ShaderMoved(const ShaderRow& row, const ShaderControls& controls,
-                   std::string& version_text);
+  void ShaderMoved(const ShaderRow& row, const ShaderControls& controls, std::string& version_text);
   void ShowTextures(std::optional<int> count);
   int ReadOption(std::string_view name);
   void StoreOption(std::string_view name, const controls::CheckBox& box);

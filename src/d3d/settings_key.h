@@ -18,8 +18,7 @@ class SettingsKey {
   /// `subkey` is "\NVidia\Direct3D" or "\NVidia\OpenGL"; `prefix` stands before the names on the
   /// NT family. The key follows the adapter's state.
   SettingsKey(core::basRegistry& registry, const detect::VersionState& versions,
-              const detect::AdapterState& adapter, std::string_view subkey,
-              std::string_view prefix)
+              const detect::AdapterState& adapter, std::string_view subkey, std::string_view prefix)
       : registry_(registry),
         versions_(versions),
         adapter_(adapter),

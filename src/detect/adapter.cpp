@@ -73,10 +73,10 @@ void Adapter::FindVideoKey() {
   } else if (versions_.OSFamily <= kWindows2000) {
     state.PureKey = kServiceKey;
   } else {
-    const std::string video = registry_
-                                  .ReadRegValue(RegRoot::kLocalMachine,
-                                                "HARDWARE\\DEVICEMAP\\VIDEO", "\\Device\\Video0")
-                                  .Text();
+    const std::string video =
+        registry_
+            .ReadRegValue(RegRoot::kLocalMachine, "HARDWARE\\DEVICEMAP\\VIDEO", "\\Device\\Video0")
+            .Text();
     const std::size_t tail = video.size() > kVideoKeyTail ? video.size() - kVideoKeyTail : 0;
     state.PureKey = std::string(kVideoKey) + video.substr(tail);
   }

@@ -1,10 +1,8 @@
 #include "detect/versions.h"
 
-#include <charconv>
-
-#include "core/number.h"
 #include "core/options.h"
 #include "core/outcome.h"
+#include "platform/release_number.h"
 
 namespace kestrune::detect {
 
@@ -12,6 +10,7 @@ namespace {
 
 using core::RegRoot;
 using platform::OsVersion;
+using platform::ReleaseNumber;
 
 constexpr int kAny = -1;
 constexpr int kPlatform9x = 1;
@@ -70,16 +69,6 @@ std::string_view DirectXName(int build) {
 
 }  // namespace
 
-std::optional<int> ReleaseNumber(std::string_view version_text) {
-  std::string_view text = core::TrimBlanks(version_text);
-  if (text.size() > 4) text.remove_prefix(text.size() - 4);
-  if (text.size() == 4 && text.front() == '.') text.remove_prefix(1);
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
 void Versions::DetectOSAndDirectX() {
   const FamilyRow& family = FamilyOf(version_.SystemVersion());
   state.OSFamily = family.family;
@@ -100,8 +89,7 @@ void Versions::ShowOperatingSystem(std::string_view name) {
 }
 
 void Versions::GetDirectXBuild() {
-  const std::optional<std::string> text =
-      version_.FileVersionText(kDirect3DFiles[state.OSFamily]);
+  const std::optional<std::string> text = version_.FileVersionText(kDirect3DFiles[state.OSFamily]);
   if (!text) return;
   state.DirectXBuild =
       ReleaseNumber(text->substr(0, kDirect3DTextLength)).value_or(state.DirectXBuild);

@@ -33,10 +33,6 @@ struct VersionControls {
   controls::Label* directx_version;
 };
 
-/// The release number at the end of a file's version text: its last four characters, or the last
-/// three when the fourth from the end is a point. Nothing when they are no number.
-std::optional<int> ReleaseNumber(std::string_view version_text);
-
 /// Finds the versions of the operating system, DirectX and the display driver and shows them.
 class Versions {
  public:

@@ -41,7 +41,8 @@ const std::string& LangTable::operator[](int number) const {
 }
 
 void LangTable::Set(int number, std::string text) {
-  if (number >= 0 && number < kTextCount) texts_[static_cast<std::size_t>(number)] = std::move(text);
+  if (number >= 0 && number < kTextCount)
+    texts_[static_cast<std::size_t>(number)] = std::move(text);
 }
 
 void Language::LoadLanguage() {

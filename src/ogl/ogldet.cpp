@@ -22,10 +22,9 @@ void OpenGLReader::ReadOpenGLSettings() {
   } else {
     ReadOldEmulation();
   }
-  d3d::CatalogueReader reader(controls, context_.lang_text,
-                              [this](std::string_view name, Place place) {
-                                return context_.key.Read(name, place);
-                              });
+  d3d::CatalogueReader reader(
+      controls, context_.lang_text,
+      [this](std::string_view name, Place place) { return context_.key.Read(name, place); });
   reader.Show(kOpenGLCatalogue);
   const bool has_glsl = context_.versions.DrvVer >= kFirstGlslDriver;
   controls.nv4x_glsl->SetEnabled(has_glsl);
@@ -105,9 +104,9 @@ void OpenGLReader::ReadOldEmulation() {
     combo.ShowText(Text(kEmulations[row.emulation].text));
     return;
   }
-  const bool off = std::all_of(
-      std::begin(kOldEmulationValues), std::end(kOldEmulationValues),
-      [this](std::string_view name) { return Read(name).value_or(0) == 0; });
+  const bool off =
+      std::all_of(std::begin(kOldEmulationValues), std::end(kOldEmulationValues),
+                  [this](std::string_view name) { return Read(name).value_or(0) == 0; });
   combo.ShowText(Text(off ? kEmulations[0].text : Ui(183)));
 }
 

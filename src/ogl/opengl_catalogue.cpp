@@ -22,28 +22,53 @@ using d3d::Word;
 constexpr std::int32_t Bits(std::uint32_t pattern) { return static_cast<std::int32_t>(pattern); }
 
 constexpr CheckRow<C> kChecks[] = {
-    {&C::trilinear, "563A95F1", 0x413ABD43, 0x34198CB4, 0x413ABD43, Otherwise::kClear, {79, 1},
+    {&C::trilinear,
+     "563A95F1",
+     0x413ABD43,
+     0x34198CB4,
+     0x413ABD43,
+     Otherwise::kClear,
+     {79, 1},
      {79, 0}},
     {&C::aniso_mip, "01887890", 1, 0, 0, Otherwise::kClear, {80, 1}, {80, 0}},
-    {&C::aniso_sample, "1190801A", Bits(0xA95300C4), 0, Bits(0xA95300C4), Otherwise::kClear,
-     {81, 1}, {81, 0}},
+    {&C::aniso_sample,
+     "1190801A",
+     Bits(0xA95300C4),
+     0,
+     Bits(0xA95300C4),
+     Otherwise::kClear,
+     {81, 1},
+     {81, 0}},
     {&C::texture_sharpening, "TexSharpen", 1, 0, 0, Otherwise::kClear, {22}, {23}},
     {&C::cpu_instructions, "ForceGenericCPU", 0, 1, 0, Otherwise::kLeave, {72}, {71}},
     {&C::triple_buffering, kTripleBuffer, 1, 0, 0, Otherwise::kLeave, {12}, {13}},
-    {&C::nv4x_glsl, "NV4xGLSLFunctionality", 1, 0, 0, Otherwise::kState, {77, 1}, {77, 0},
+    {&C::nv4x_glsl,
+     "NV4xGLSLFunctionality",
+     1,
+     0,
+     0,
+     Otherwise::kState,
+     {77, 1},
+     {77, 0},
      Place::kDebugKey},
-    {&C::software_rasterization, "Renderer", 1, 0, 0, Otherwise::kState, {78, 1}, {78, 0},
+    {&C::software_rasterization,
+     "Renderer",
+     1,
+     0,
+     0,
+     Otherwise::kState,
+     {78, 1},
+     {78, 0},
      Place::kDebugKey},
 };
 
 constexpr Choice kImageSettings[] = {
     {Ui(129), 20, {58}}, {Ui(128), 10, {57}}, {Ui(127), 0, {56}}, {Ui(130), -10, {64}, 6100}};
 
-constexpr Choice kColorDepth[] = {{Ui(161), 0, {19}}, {Word("16-bit"), 4, {20}},
-                                  {Word("32-bit"), 8, {21}}};
+constexpr Choice kColorDepth[] = {
+    {Ui(161), 0, {19}}, {Word("16-bit"), 4, {20}}, {Word("32-bit"), 8, {21}}};
 
-constexpr Choice kSynchronization[] = {
-    {Ui(145), -1, {24}}, {Ui(159), 1, {26}}, {Ui(160), 0, {25}}};
+constexpr Choice kSynchronization[] = {{Ui(145), -1, {24}}, {Ui(159), 1, {26}}, {Ui(160), 0, {25}}};
 
 constexpr ChoiceRow<C> kChoices[] = {
     {&C::image_settings, nullptr, "QualityEnhancements", 0, std::nullopt, kImageSettings},
@@ -89,7 +114,7 @@ constexpr CodeRow kCodes[] = {
 };
 
 constexpr AaNumber kNumbers[] = {
-    {0, Ui(137), 0},     {1, Word("2x"), 2},        {2, Word("Quincunx"), 1},
+    {0, Ui(137), 0},          {1, Word("2x"), 2},   {2, Word("Quincunx"), 1},
     {3, Word("Value 3"), -1}, {4, Word("4x"), 3},   {5, Word("4x 9tap"), 60},
     {6, Word("8xS"), 61},     {7, Word("16x"), 62},
 };

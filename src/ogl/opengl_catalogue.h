@@ -85,8 +85,8 @@ std::int32_t PackedVersion(std::string_view version);
 /// value holds its number; before that four values do, and only the first six are offered.
 struct Emulation {
   d3d::ShownText text;
-  std::int32_t number;          ///< of NVEmulate
-  std::int16_t old_operation;   ///< -1: not on older drivers
+  std::int32_t number;         ///< of NVEmulate
+  std::int16_t old_operation;  ///< -1: not on older drivers
 };
 inline constexpr std::string_view kEmulationValue = "NVEmulate";
 inline constexpr std::int16_t kEmulationOperation = 76;
@@ -126,7 +126,7 @@ inline constexpr std::string_view kAnisoOffText = "Disabled";
 inline constexpr std::string_view kQualityFlags = "RenderQualityFlags";
 struct QualityFlagRow {
   std::int16_t operation;
-  std::int32_t lowest;   ///< stored numbers that the operation changes, both ends included
+  std::int32_t lowest;  ///< stored numbers that the operation changes, both ends included
   std::int32_t highest;
   std::int32_t added;
   bool rewrites_others;  ///< stores other numbers again as they are

@@ -29,24 +29,25 @@ constexpr AaEntry kNone[] = {{Ui(137), 0}};
 constexpr AaEntry kOrdered[] = {{Ui(137), 0}, {Word("2x"), 0}, {Word("4x"), 0}};
 constexpr AaEntry kQuincunx[] = {
     {Ui(137), 0}, {Word("2x"), 0}, {Word("Quincunx"), 0}, {Word("4x"), 0}};
-constexpr AaEntry kFull[] = {
-    {Ui(137), 0},           {Word("2x"), 0},     {Word("Quincunx"), 0}, {Word("4x"), 0},
-    {Word("4x 9-tap"), 5000}, {Word("4xS"), 5000}, {Word("6xS"), 5000},   {Word("8xS"), 5000},
-    {Word("8x"), 5000},     {Word("16x"), 6000}};
-constexpr AaEntry kSli[] = {
-    {Ui(137), 0},         {Word("SLI 4x"), 0},   {Word("SLI 4xQ"), 0},
-    {Word("SLI 8x"), 0},  {Word("SLI 8xG"), 0},  {Word("SLI 8xS"), 0},
-    {Word("SLI 12xS"), 0}, {Word("SLI 16x"), 0}, {Word("SLI 32x"), 0}};
+constexpr AaEntry kFull[] = {{Ui(137), 0},        {Word("2x"), 0},          {Word("Quincunx"), 0},
+                             {Word("4x"), 0},     {Word("4x 9-tap"), 5000}, {Word("4xS"), 5000},
+                             {Word("6xS"), 5000}, {Word("8xS"), 5000},      {Word("8x"), 5000},
+                             {Word("16x"), 6000}};
+constexpr AaEntry kSli[] = {{Ui(137), 0},          {Word("SLI 4x"), 0},  {Word("SLI 4xQ"), 0},
+                            {Word("SLI 8x"), 0},   {Word("SLI 8xG"), 0}, {Word("SLI 8xS"), 0},
+                            {Word("SLI 12xS"), 0}, {Word("SLI 16x"), 0}, {Word("SLI 32x"), 0}};
 
-constexpr AaClass kAaClasses[] = {
-    {"0", kNone, kNone}, {"4", kOrdered, kOrdered}, {"q", kQuincunx, kQuincunx}, {"8", kFull, kSli}};
+constexpr AaClass kAaClasses[] = {{"0", kNone, kNone},
+                                  {"4", kOrdered, kOrdered},
+                                  {"q", kQuincunx, kQuincunx},
+                                  {"8", kFull, kSli}};
 
 /// An anisotropic entry and the lowest level of a card that offers it.
 struct AnisoEntry {
   ShownText text;
   int level;
 };
-constexpr AnisoEntry kAnisoEntries[] = {{Ui(137), 0},   {Ui(135), 2},   {Word("2x"), 2},
+constexpr AnisoEntry kAnisoEntries[] = {{Ui(137), 0},    {Ui(135), 2},    {Word("2x"), 2},
                                         {Word("4x"), 8}, {Word("8x"), 8}, {Word("16x"), 16}};
 constexpr int kAnisoLevelsOfCards[] = {0, 2, 8, 16};
 /// The OpenGL list has the bilinear entry above this release alone.

@@ -14,8 +14,8 @@ class OptionLists {
   OptionLists(detect::CardData& cards, const detect::VersionState& versions,
               const detect::AdapterState& adapter, const core::ProgramState& program,
               const d3d::Direct3DState& direct3d, const lang::LangTable& lang_text,
-              const d3d::Direct3DControls& direct3d_controls,
-              const OpenGLControls& opengl_controls, controls::ComboBox* resolutions)
+              const d3d::Direct3DControls& direct3d_controls, const OpenGLControls& opengl_controls,
+              controls::ComboBox* resolutions)
       : cards_(cards),
         versions_(versions),
         adapter_(adapter),

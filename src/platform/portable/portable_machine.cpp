@@ -145,7 +145,10 @@ PortableMachine::PortableMachine(MachinePlaces places, LoadedDescription loaded,
       registry_(store_registry_, [this] { return ProcessorOf(description_); }),
       display_(description_),
       version_(description_),
+      driver_(description_, *store_),
       shell_(dry_run),
-      files_(places_.program_folders, description_.code_page) {}
+      files_(places_.program_folders, description_.code_page) {
+  shell_.SetDriverStandIn(&driver_);
+}
 
 }  // namespace kestrune::platform::portable

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/portable/display.h"
+#include "platform/portable/driver.h"
 #include "platform/portable/files.h"
 #include "platform/portable/hardware_keys.h"
 #include "platform/portable/machine_description.h"
@@ -74,6 +75,7 @@ class PortableMachine {
   HardwareKeys registry_;
   DescribedDisplays display_;
   DescribedVersions version_;
+  DescribedDriver driver_;
   ProcessShell shell_;
   FolderFiles files_;
 };

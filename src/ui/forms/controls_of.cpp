@@ -140,8 +140,7 @@ cpl::ControlPanelControls ControlPanelControlsOf(const MainForm& form) {
   const PageOf page(form, "control-panel.settings");
   return {
       .options = {page.Check("enable-coolbits-overclocking"),
-                  page.Check("enable-agp-settings-page"),
-                  page.Check("enable-additional-info-page"),
+                  page.Check("enable-agp-settings-page"), page.Check("enable-additional-info-page"),
                   page.Check("enable-troubleshooting-page"),
                   page.Check("enable-application-profile-page"),
                   page.Check("override-nview-capable"),

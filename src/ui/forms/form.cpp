@@ -60,8 +60,7 @@ std::unique_ptr<Control> Make(const ControlSpec& spec, Control* parent) {
       return MakeText(spec, std::move(id), parent);
     case Kind::kLabel:
     case Kind::kHeading:
-      return std::make_unique<controls::Label>(std::move(id), parent,
-                                               spec.kind == Kind::kHeading);
+      return std::make_unique<controls::Label>(std::move(id), parent, spec.kind == Kind::kHeading);
     case Kind::kButton:
       return std::make_unique<controls::Button>(std::move(id), parent);
     case Kind::kPicture:

@@ -30,10 +30,10 @@ enum class Kind {
 /// One control of a window's or a page's table. Tables are in tab order.
 struct ControlSpec {
   Kind kind;
-  std::string_view id;       ///< the whole id
-  std::string_view parent;   ///< id of the window, page, frame or toolbar button it stands in
-  controls::Rect bounds;     ///< twips, relative to the parent
-  std::string_view caption;  ///< design caption, replaced by the language's text at start
+  std::string_view id;         ///< the whole id
+  std::string_view parent;     ///< id of the window, page, frame or toolbar button it stands in
+  controls::Rect bounds;       ///< twips, relative to the parent
+  std::string_view caption;    ///< design caption, replaced by the language's text at start
   std::string_view text = {};  ///< initial text of a combo or a text box
   int minimum = 0;             ///< of a slider
   int maximum = 0;

@@ -29,17 +29,23 @@ constexpr ControlSpec kSpecs[] = {
      .caption = "Help System",
      .visible = false},
     Panel("help.topic-0", "Anisotropic filtering"),
-    Text("help.topic-0-text", "help.topic-0",
-         "Higher degree of anisotropy makes textures (which are far away from view) more detailed."),
+    Text(
+        "help.topic-0-text", "help.topic-0",
+        "Higher degree of anisotropy makes textures (which are far away from view) more detailed."),
     Panel("help.topic-1", "Texture LOD bias"),
     Text("help.topic-1-text", "help.topic-1",
-         "Texture Level of Detail make mipmap textures more smooth (high values) or sharp (negative values) from orginal (zero value)."),
+         "Texture Level of Detail make mipmap textures more smooth (high values) or sharp "
+         "(negative values) from orginal (zero value)."),
     Panel("help.topic-2", "Force mipmaps"),
     Text("help.topic-2-text", "help.topic-2",
-         "You can enable mipmaps for application that do not support it. Three options are for select - None if you dont want force mipmaps, Bilinear for better quality and good performance, Trilinear fot good quality and slow performance."),
+         "You can enable mipmaps for application that do not support it. Three options are for "
+         "select - None if you dont want force mipmaps, Bilinear for better quality and good "
+         "performance, Trilinear fot good quality and slow performance."),
     Panel("help.topic-3", "Image quality"),
     Text("help.topic-3-text", "help.topic-3",
-         "In this option you can select performance and quality enhancements settings. Select HIGH PERFORMANCE for best performance, PERFORMANCE for optimal performance and good image quality, QUALITY for optimal image quality and HIGH QUALITY for best image quality."),
+         "In this option you can select performance and quality enhancements settings. Select HIGH "
+         "PERFORMANCE for best performance, PERFORMANCE for optimal performance and good image "
+         "quality, QUALITY for optimal image quality and HIGH QUALITY for best image quality."),
     Panel("help.topic-4", "Mipmap filtering"),
     Text("help.topic-4-text", "help.topic-4",
          "You can force mipmap filtering off for more sharpness textures."),
@@ -47,23 +53,29 @@ constexpr ControlSpec kSpecs[] = {
     Text("help.topic-5-text", "help.topic-5",
          "Filtering optimizations improves performance and have small impact on image quality."),
     Panel("help.topic-6", "Anisotropic filtering"),
-    Text("help.topic-6-text", "help.topic-6",
-         "Higher degree of anisotropy makes textures (which are far away from view) more detailed."),
+    Text(
+        "help.topic-6-text", "help.topic-6",
+        "Higher degree of anisotropy makes textures (which are far away from view) more detailed."),
     Panel("help.topic-7", "Vertical synchronization"),
     Text("help.topic-7-text", "help.topic-7",
-         "By enabling, remove image interference or horizontal banding effect caused by fast movements, but can decrease performace."),
+         "By enabling, remove image interference or horizontal banding effect caused by fast "
+         "movements, but can decrease performace."),
     Panel("help.topic-8", "Prerender limit"),
     Text("help.topic-8-text", "help.topic-8",
-         "This option specify number of frames prepared before processing by GPU. High limit can increase performance, but can make input lag effect."),
+         "This option specify number of frames prepared before processing by GPU. High limit can "
+         "increase performance, but can make input lag effect."),
     Panel("help.topic-9", "Z-buffer compression"),
     Text("help.topic-9-text", "help.topic-9",
-         "Z-buffer compression can save memory bandwidth wit 4 time Z-buffer data compression. This compression have no impact on image quality, because is lossless."),
+         "Z-buffer compression can save memory bandwidth wit 4 time Z-buffer data compression. "
+         "This compression have no impact on image quality, because is lossless."),
     Panel("help.topic-10", "Fog-table emulation"),
     Text("help.topic-10-text", "help.topic-10",
-         "Disabling can increase performance a bit (only with TNT/2 graphics processors), but can produce visual artifacts on some applications."),
+         "Disabling can increase performance a bit (only with TNT/2 graphics processors), but can "
+         "produce visual artifacts on some applications."),
     Panel("help.topic-11", "S3TC texture compression"),
     Text("help.topic-11-text", "help.topic-11",
-         "This option forces texture compression alghoritm. By enabled gives better image quality in applications which use DXT1 compression, but can slightly reduce performance."),
+         "This option forces texture compression alghoritm. By enabled gives better image quality "
+         "in applications which use DXT1 compression, but can slightly reduce performance."),
     Panel("help.topic-12", "Dithering for DXT1 textures"),
     Text("help.topic-12-text", "help.topic-12",
          "By disabling speed up performance, but cost some of image quality."),
@@ -72,7 +84,8 @@ constexpr ControlSpec kSpecs[] = {
          "This option forced default bit depth for textures used in OpenGL applications."),
     Panel("help.topic-14", "Intellisample configuration"),
     Text("help.topic-14-text", "help.topic-14",
-         "This options override trilinear filtering quality and texture compression settings defined by selected Intellisample mode."),
+         "This options override trilinear filtering quality and texture compression settings "
+         "defined by selected Intellisample mode."),
 };
 
 }  // namespace

@@ -4,13 +4,22 @@
 
 namespace kestrune::forms {
 
-const std::array<std::string_view, kPageCount> kPageIds = {
-    "control-panel.settings", "direct3d.antialiasing", "opengl.antialiasing",
-    "overclocking",           "info.basic",            "opengl.filtering",
-    "direct3d.filtering",     "opengl.misc",           "direct3d.misc",
-    "info.directx",           "control-panel.resolution", "direct3d.multitexturing",
-    "direct3d.shaders",       "opengl.compatibility",  "info.monitoring",
-    "info.processes"};
+const std::array<std::string_view, kPageCount> kPageIds = {"control-panel.settings",
+                                                           "direct3d.antialiasing",
+                                                           "opengl.antialiasing",
+                                                           "overclocking",
+                                                           "info.basic",
+                                                           "opengl.filtering",
+                                                           "direct3d.filtering",
+                                                           "opengl.misc",
+                                                           "direct3d.misc",
+                                                           "info.directx",
+                                                           "control-panel.resolution",
+                                                           "direct3d.multitexturing",
+                                                           "direct3d.shaders",
+                                                           "opengl.compatibility",
+                                                           "info.monitoring",
+                                                           "info.processes"};
 
 namespace {
 
@@ -67,7 +76,10 @@ constexpr ControlSpec kLowerPanel[] = {
      .bounds = {150, 5640, 3150, 330},
      .caption = "Enable help system",
      .value = 1},
-    {Kind::kCheck, "main.remember-last-visited-page", "main", {150, 5985, 3150, 330},
+    {Kind::kCheck,
+     "main.remember-last-visited-page",
+     "main",
+     {150, 5985, 3150, 330},
      "Remember last visited page"},
     {Kind::kLabel, "main.language-label", "main", {3420, 5670, 1500, 270}, "Language:"},
     {Kind::kCombo, "main.language", "main", {4935, 5640, 2190, 375}, ""},

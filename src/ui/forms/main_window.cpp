@@ -39,6 +39,8 @@ constexpr std::array<PageRow, kPageCount> kPages = {{{'c', 1},
                                                      {'i', 4}}};
 
 constexpr int kFallbackPage = 4;
+constexpr int kControlPanelPage = 0;
+constexpr int kOverclockingPage = 3;
 
 const PageRow& RowOf(int page) { return kPages[static_cast<std::size_t>(page)]; }
 
@@ -193,7 +195,8 @@ void MainWindow::ShowPage() {
     form_.Page(page).SetVisible(page == state_.ActivePage);
   }
   if (!IsPage(state_.ActivePage)) return;
-  if (state_.ActivePage == 0 && hooks_.read_control_panel) hooks_.read_control_panel();
+  if (state_.ActivePage == kControlPanelPage) hooks_.read_control_panel();
+  if (state_.ActivePage == kOverclockingPage) hooks_.overclocking_shown();
   auto& bar = form_.Get<controls::Slider>("main.group-scroll-bar");
   const PageRow& row = RowOf(state_.ActivePage);
   if (row.group != kNoGroup) {
@@ -296,8 +299,7 @@ void MainWindow::RememberOptionChanged() {
 
 void MainWindow::SaveVisitedPage() {
   if (!form_.Get<CheckBox>("main.remember-last-visited-page").Checked()) {
-    registry_.DeleteRegValue(RegRoot::kCurrentUser, core::kOptionsKey,
-                             core::kLastVisitedPageValue);
+    registry_.DeleteRegValue(RegRoot::kCurrentUser, core::kOptionsKey, core::kLastVisitedPageValue);
     return;
   }
   registry_.WriteAsBinary = 0;
@@ -324,8 +326,7 @@ void MainWindow::ReadOptions() {
 
 void MainWindow::LoadHelpPicture() {
   if (files_.IsPicture(kHelpPicture)) {
-    form_.Get<controls::PictureBox>("main.help-system-picture")
-        .ShowFile(std::string(kHelpPicture));
+    form_.Get<controls::PictureBox>("main.help-system-picture").ShowFile(std::string(kHelpPicture));
   }
 }
 

@@ -17,11 +17,12 @@ class MainWindow {
   /// What showing a page or pressing a key asks of the pages' own logic.
   struct Hooks {
     std::function<void()> read_control_panel;
+    std::function<void()> overclocking_shown;
   };
 
-  MainWindow(MainForm& form, HelpForm& help, core::ProgramState& state,
-             core::basRegistry& registry, platform::ShellApi& shell, platform::FilesApi& files,
-             controls::Scheduler& scheduler, Hooks hooks);
+  MainWindow(MainForm& form, HelpForm& help, core::ProgramState& state, core::basRegistry& registry,
+             platform::ShellApi& shell, platform::FilesApi& files, controls::Scheduler& scheduler,
+             Hooks hooks);
 
   /// Shows page ActivePage and hides the others.
   void ShowPage();

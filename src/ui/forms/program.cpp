@@ -1,6 +1,6 @@
 #include "ui/forms/program.h"
 
-#include "clocks/clock_state.h"
+#include "clocks/clocks.h"
 #include "core/options.h"
 #include "core/outcome.h"
 #include "cpl/control_panel.h"
@@ -9,6 +9,7 @@
 #include "ogl/option_lists.h"
 #include "ui/forms/controls_of.h"
 #include "ui/forms/main_window.h"
+#include "ui/forms/overclocking_page.h"
 #include "ui/forms/setting_handlers.h"
 #include "ui/forms/texts.h"
 
@@ -52,16 +53,15 @@ struct Program::Parts {
                           &main.Get<controls::Label>("info.basic.vga-device")};
   detect::CardData cards{services.files, adapter.state};
 
-  const d3d::SettingsKey direct3d_key{registry, versions.state, adapter.state,
-                                      "\\NVidia\\Direct3D", ""};
+  const d3d::SettingsKey direct3d_key{registry, versions.state, adapter.state, "\\NVidia\\Direct3D",
+                                      ""};
   d3d::Direct3DState direct3d_state;
-  const d3d::Direct3DContext direct3d_context{direct3d_key, versions.state,    adapter.state,
-                                              state,        LangText,          direct3d_controls,
-                                              direct3d_state};
+  const d3d::Direct3DContext direct3d_context{direct3d_key, versions.state,    adapter.state, state,
+                                              LangText,     direct3d_controls, direct3d_state};
   d3d::Direct3DReader direct3d_reader{direct3d_context};
   d3d::Direct3DWriter direct3d_writer{direct3d_context};
-  d3d::CapabilityOverrides overrides{direct3d_context, direct3d_writer, registry,
-                                     cards,            services.shell,  override_controls};
+  d3d::CapabilityOverrides overrides{direct3d_context, direct3d_writer,  registry, cards,
+                                     services.shell,   override_controls};
 
   const d3d::SettingsKey opengl_key{registry, versions.state, adapter.state, "\\NVidia\\OpenGL",
                                     "OGL_"};
@@ -74,25 +74,30 @@ struct Program::Parts {
       [this](int code) { direct3d_writer.WriteDirect3DSetting(code, 0); }};
   ogl::OpenGLReader opengl_reader{opengl_context};
   ogl::OpenGLWriter opengl_writer{opengl_context};
-  ogl::OptionLists lists{cards,
-                         versions.state,
-                         adapter.state,
-                         state,
-                         direct3d_state,
-                         LangText,
-                         direct3d_controls,
-                         opengl_controls,
-                         &main.Get<controls::ComboBox>(
-                             "control-panel.resolution.select-from-list")};
+  ogl::OptionLists lists{
+      cards,
+      versions.state,
+      adapter.state,
+      state,
+      direct3d_state,
+      LangText,
+      direct3d_controls,
+      opengl_controls,
+      &main.Get<controls::ComboBox>("control-panel.resolution.select-from-list")};
 
   const cpl::ControlPanelControls control_panel_controls = ControlPanelControlsOf(main);
-  cpl::ControlPanelOptions control_panel{registry,       services.files, versions.state,
-                                         adapter.state,  state,          control_panel_controls};
-  clocks::ClockState clocks;
+  cpl::ControlPanelOptions control_panel{registry,      services.files, versions.state,
+                                         adapter.state, state,          control_panel_controls};
+  clocks::Clocks clocks{registry,      services.shell, services.dialog,      versions.state,
+                        adapter.state, LangText,       ClockControlsOf(main)};
+  OverclockingPage overclocking{main,     state,  registry,     services.dialog,
+                                LangText, clocks, adapter.state};
 
-  MainWindow window{main,           help,      state,
-                    registry,       services.shell, services.files,
-                    scheduler,      {[this] { ReadControlPanel(); }}};
+  MainWindow window{
+      main,           help,
+      state,          registry,
+      services.shell, services.files,
+      scheduler,      {[this] { ReadControlPanel(); }, [this] { overclocking.PageShown(); }}};
   SettingHandlers handlers{state,
                            versions.state,
                            LangText,
@@ -197,10 +202,9 @@ void Program::Parts::FillSettings() {
 void Program::Parts::ShowVersion() {
   const std::string major = std::to_string(core::kMajorVersion);
   const std::string minor = std::to_string(core::kMinorVersion);
-  const int update = registry
-                         .ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey,
-                                       core::kLastUpdateValue)
-                         .NumberOr(0);
+  const int update =
+      registry.ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, core::kLastUpdateValue)
+          .NumberOr(0);
   std::string line = "Kestrune SE " + LangText[246] + major + "." + minor;
   if (update > 0) line += LangText[247] + std::to_string(update);
   main.Get<controls::Label>("info.basic.kestrune-se-version").SetCaption(line);
@@ -215,8 +219,7 @@ void Program::Parts::ShowVersion() {
 bool Program::Parts::RunCommandLine(std::string_view command_line) {
   state.CommandLinePreset = command_line;
   core::Ignore(services.dialog.ShowMessage(
-      core::kProgramTitle,
-      "Speed profiles can't be applied yet: " + std::string(command_line),
+      core::kProgramTitle, "Speed profiles can't be applied yet: " + std::string(command_line),
       platform::Buttons::kOk));
   services.dialog.RunPendingEvents();
   window.Close();
@@ -224,8 +227,7 @@ bool Program::Parts::RunCommandLine(std::string_view command_line) {
   return false;
 }
 
-Program::Program(const platform::Services& services)
-    : parts_(std::make_unique<Parts>(services)) {}
+Program::Program(const platform::Services& services) : parts_(std::make_unique<Parts>(services)) {}
 
 Program::~Program() = default;
 
@@ -239,6 +241,7 @@ bool Program::Start(std::string_view command_line) {
   parts.language.ListLanguages();
   Main().Get<controls::ComboBox>("main.language").SetItems(parts.language.DisplayNames);
   parts.services.dialog.RunPendingEvents();
+  parts.overclocking.OfferPairs();
   parts.FillSettings();
   parts.ShowVersion();
   parts.state.IsStart = 0;
@@ -258,9 +261,7 @@ const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->window.GoToPage(page); }
 bool Program::Ended() const { return parts_->window.Closed(); }
-const std::vector<std::string>& Program::Languages() const {
-  return parts_->language.DisplayNames;
-}
+const std::vector<std::string>& Program::Languages() const { return parts_->language.DisplayNames; }
 
 controls::Control* Program::Find(std::string_view id) const {
   for (const Form* form : parts_->forms) {
@@ -282,7 +283,7 @@ std::vector<StateRow> Program::State() const {
   const Parts& parts = *parts_;
   const detect::VersionState& versions = parts.versions.state;
   const detect::AdapterState& adapter = parts.adapter.state;
-  const clocks::ClockState& clocks = parts.clocks;
+  const clocks::ClockState& clocks = parts.clocks.state;
   const d3d::Direct3DState& direct3d = parts.direct3d_state;
   const core::ProgramState& program = parts.state;
   return {

@@ -82,10 +82,8 @@ void SettingHandlers::ConnectCatalogue(const d3d::Catalogue<C>& catalogue, const
 
 void SettingHandlers::ConnectTwins() {
   const d3d::TwinControls& twins = direct3d_controls_;
-  twins.mode->on_change =
-      Guarded([this](ComboChange change) { Direct3DModeChanged(change); });
-  twins.opengl_mode->on_change =
-      Guarded([this](ComboChange change) { OpenGLModeChanged(change); });
+  twins.mode->on_change = Guarded([this](ComboChange change) { Direct3DModeChanged(change); });
+  twins.opengl_mode->on_change = Guarded([this](ComboChange change) { OpenGLModeChanged(change); });
   twins.transparency->on_change = Guarded([this, &twins](ComboChange) {
     if (state_.D3dReaderBusy == 1) return;
     twins.opengl_transparency->PassOn(twins.transparency->Position());
@@ -99,10 +97,8 @@ void SettingHandlers::ConnectTwins() {
   twins.sli->on_change = Guarded([this, &twins] { SliChanged(*twins.sli, *twins.opengl_sli); });
   twins.opengl_sli->on_change =
       Guarded([this, &twins] { SliChanged(*twins.opengl_sli, *twins.sli); });
-  twins.anisotropic->on_change =
-      Guarded([this](ComboChange) { Direct3DAnisotropyChanged(); });
-  twins.opengl_anisotropic->on_change =
-      Guarded([this](ComboChange) { OpenGLAnisotropyChanged(); });
+  twins.anisotropic->on_change = Guarded([this](ComboChange) { Direct3DAnisotropyChanged(); });
+  twins.opengl_anisotropic->on_change = Guarded([this](ComboChange) { OpenGLAnisotropyChanged(); });
 }
 
 void SettingHandlers::ForgetFlags() {
@@ -212,8 +208,7 @@ void SettingHandlers::ConnectOpenGLOnly() {
   for (CheckBox* box : {controls.s3tc, controls.no_dxt1_dithering}) {
     box->on_change = Guarded([this] { S3tcChanged(); });
   }
-  controls.version_override->on_change =
-      Guarded([this](ComboChange) { VersionOverrideChanged(); });
+  controls.version_override->on_change = Guarded([this](ComboChange) { VersionOverrideChanged(); });
   controls.emulation->on_change = Guarded([this](ComboChange) { EmulationChanged(); });
 }
 

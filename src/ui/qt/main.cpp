@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "platform/portable/portable_machine.h"
@@ -34,6 +35,22 @@ bool HasScreen() {
   return platform != "offscreen" && platform != "minimal";
 }
 
+/// Messages where nobody could press a button: they are printed, and the first button counts.
+class PrintedDialog : public platform::DialogApi {
+ public:
+  platform::Answer ShowMessage(std::string_view, std::string_view text,
+                               platform::Buttons) override {
+    std::fprintf(stderr, "message: %.*s\n", static_cast<int>(text.size()), text.data());
+    return platform::Answer::kOk;
+  }
+  void RunPendingEvents() override {}
+};
+
+std::unique_ptr<platform::DialogApi> MakeDialog() {
+  if (HasScreen()) return std::make_unique<qt::QtDialog>();
+  return std::make_unique<PrintedDialog>();
+}
+
 int Fail(const std::string& sentence) {
   std::fprintf(stderr, "kestrune: %s\n", sentence.c_str());
   if (HasScreen() && !qEnvironmentVariableIsSet("KESTRUNE_SCREENSHOT")) {
@@ -60,9 +77,9 @@ int Run(const std::string& profile_path) {
   for (const std::string& warning : machine.Warnings()) {
     std::fprintf(stderr, "kestrune: %s\n", warning.c_str());
   }
-  qt::QtDialog dialog;
+  const std::unique_ptr<platform::DialogApi> dialog = MakeDialog();
   const platform::Services services{machine.Registry(), machine.Display(), machine.Version(),
-                                    machine.Shell(),    machine.Files(),   dialog};
+                                    machine.Shell(),    machine.Files(),   *dialog};
   forms::Program program(services);
   const bool done = program.Start(profile_path);
   if (program.Ended()) return done ? 0 : kFailed;

@@ -1,0 +1,193 @@
+#include "ui/forms/overclocking_page.h"
+
+#include <charconv>
+
+#include "core/number.h"
+#include "core/options.h"
+#include "core/outcome.h"
+
+namespace kestrune::forms {
+
+namespace {
+
+using controls::Button;
+using controls::CheckBox;
+using controls::Label;
+using controls::OptionButton;
+using controls::Slider;
+using controls::TextBox;
+using core::RegRoot;
+
+constexpr std::string_view kRunKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr std::string_view kStartupValue = "NvCplDaemon";
+constexpr std::string_view kStartupCommand =
+    "RUNDLL32.EXE C:\\WINDOWS\\System32\\NvCpl.dll,NvStartup";
+constexpr std::string_view kPerformanceKey = "Software\\NVIDIA Corporation\\Global\\NVTweak";
+constexpr std::string_view kPerformanceValue = "PerfLevel";
+constexpr int kPerformance2D = 0;
+constexpr int kPerformance3D = 2;
+/// The texts that name the two boxes.
+constexpr int kCoreText = 226;
+constexpr int kMemoryText = 227;
+constexpr int kRefusedText = 269;
+
+}  // namespace
+
+clocks::ClockControls ClockControlsOf(const MainForm& form) {
+  return {
+      .default_core = &form.Get<Label>("overclocking.default-core-speed"),
+      .default_memory = &form.Get<Label>("overclocking.default-memory-speed"),
+      .current_core = &form.Get<Label>("overclocking.current-core-speed"),
+      .current_memory = &form.Get<Label>("overclocking.current-memory-speed"),
+      .core_box = &form.Get<TextBox>("overclocking.core-clock"),
+      .memory_box = &form.Get<TextBox>("overclocking.memory-clock"),
+      .core_slider = &form.Get<Slider>("overclocking.core-clock-slider"),
+      .memory_slider = &form.Get<Slider>("overclocking.memory-clock-slider"),
+  };
+}
+
+OverclockingPage::OverclockingPage(const MainForm& form, core::ProgramState& state,
+                                   core::basRegistry& registry, platform::DialogApi& dialog,
+                                   const lang::LangTable& lang_text, clocks::Clocks& clocks,
+                                   const detect::AdapterState& adapter)
+    : state_(state),
+      registry_(registry),
+      dialog_(dialog),
+      LangText(lang_text),
+      clocks_(clocks),
+      adapter_(adapter),
+      controls_(ClockControlsOf(form)),
+      enable_(form.Get<CheckBox>("overclocking.enable-overclocking")),
+      startup_(form.Get<CheckBox>("overclocking.apply-settings-at-startup")),
+      speed_2d_(form.Get<OptionButton>("overclocking.2d-speed")),
+      speed_3d_(form.Get<OptionButton>("overclocking.3d-speed")),
+      settings_(form.Get<Label>("overclocking.settings")),
+      apply_(form.Get<Button>("overclocking.apply")),
+      default_(form.Get<Button>("overclocking.default")) {
+  OptionButton::Group({&speed_2d_, &speed_3d_});
+  enable_.on_change = [this] { OverclockingChanged(); };
+  startup_.on_change = [this] { StartupChanged(); };
+  speed_2d_.on_click = [this] { PairChosen(false); };
+  speed_3d_.on_click = [this] { PairChosen(true); };
+  const auto follow = [](Slider& slider, TextBox& box) {
+    slider.on_change = [&slider, &box] {
+      box.ShowText(std::to_string(slider.Value()));
+      box.SetMarked(false);
+    };
+    box.on_change = [&box] { box.SetMarked(false); };
+  };
+  follow(*controls_.core_slider, *controls_.core_box);
+  follow(*controls_.memory_slider, *controls_.memory_box);
+  apply_.on_click = [this] { Apply(); };
+  default_.on_click = [this] {
+    controls_.core_box->ShowText(std::to_string(clocks_.state.DefaultCoreMHz));
+    controls_.memory_box->ShowText(std::to_string(clocks_.state.DefaultMemoryMHz));
+    Apply();
+  };
+}
+
+void OverclockingPage::OfferPairs() {
+  if (adapter_.CardVar != 1) return;
+  speed_2d_.SetEnabled(true);
+  speed_3d_.SetEnabled(true);
+}
+
+void OverclockingPage::PageShown() {
+  if (!is_prepared_) EnableOC();
+}
+
+void OverclockingPage::SetUsable(bool usable) {
+  for (controls::Control* control : std::initializer_list<controls::Control*>{
+           controls_.default_core, controls_.default_memory, controls_.current_core,
+           controls_.current_memory, &settings_, &startup_, controls_.core_box,
+           controls_.memory_box, controls_.core_slider, controls_.memory_slider, &apply_,
+           &default_}) {
+    control->SetEnabled(usable);
+  }
+}
+
+void OverclockingPage::SelectPair(bool is_3d) {
+  clocks_.state.Clock3D = is_3d ? 1 : 0;
+  // The memory runs at one clock for both pairs; it is set with the 2D pair.
+  controls_.memory_box->SetEnabled(!is_3d);
+  controls_.memory_slider->SetEnabled(!is_3d);
+}
+
+void OverclockingPage::EnableOC() {
+  SetUsable(true);
+  {
+    const core::FlagScope starting(state_.IsStart);
+    const bool at_startup =
+        !registry_.ReadRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue).IsEmpty();
+    startup_.Show(at_startup ? 1 : 0);
+  }
+  const bool is_3d =
+      registry_.ReadRegValue(RegRoot::kCurrentUser, kPerformanceKey, kPerformanceValue)
+          .NumberOr(kPerformance2D) == kPerformance3D;
+  (is_3d ? speed_3d_ : speed_2d_).Show(true);
+  SelectPair(is_3d);
+  clocks_.RefreshClocks();
+  is_prepared_ = true;
+}
+
+void OverclockingPage::OverclockingChanged() {
+  if (state_.IsStart == 1) return;
+  if (enable_.Checked()) {
+    EnableOC();
+    OfferPairs();
+    return;
+  }
+  clocks_.ResetClocks();
+  SetUsable(false);
+  speed_2d_.SetEnabled(false);
+  speed_3d_.SetEnabled(false);
+}
+
+void OverclockingPage::StartupChanged() {
+  if (state_.IsStart == 1) return;
+  if (!startup_.Checked()) {
+    registry_.DeleteRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue);
+    return;
+  }
+  registry_.WriteAsBinary = 0;
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue,
+                                       std::string(kStartupCommand)));
+  core::Ignore(dialog_.ShowMessage(core::kProgramTitle, LangText[96], platform::Buttons::kOk));
+}
+
+void OverclockingPage::PairChosen(bool is_3d) {
+  if (state_.IsStart == 1) return;
+  SelectPair(is_3d);
+  clocks_.state.KeepClockValues = is_3d ? 1 : 0;
+  core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, kPerformanceKey, kPerformanceValue,
+                                       is_3d ? kPerformance3D : kPerformance2D));
+  clocks_.RefreshClocks();
+}
+
+std::optional<std::int16_t> OverclockingPage::ReadBox(TextBox& box, int name_text) {
+  std::string_view text = core::TrimBlanks(box.Text());
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int16_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc() && end == text.data() + text.size()) return number;
+  box.SetMarked(true);
+  core::Ignore(dialog_.ShowMessage(
+      core::kProgramTitle,
+      LangText[name_text] + " \"" + box.Text() + "\": " + LangText[kRefusedText],
+      platform::Buttons::kOk));
+  return std::nullopt;
+}
+
+void OverclockingPage::Apply() {
+  const std::optional<std::int16_t> core = ReadBox(*controls_.core_box, kCoreText);
+  if (!core) return;
+  const std::optional<std::int16_t> memory = ReadBox(*controls_.memory_box, kMemoryText);
+  if (!memory) return;
+  clocks_.state.CoreMHz = *core;
+  clocks_.state.MemoryMHz = *memory;
+  clocks_.SetAndRead();
+  dialog_.RunPendingEvents();
+  clocks_.RefreshClocks();
+}
+
+}  // namespace kestrune::forms

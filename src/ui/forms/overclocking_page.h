@@ -1,0 +1,51 @@
+#pragma once
+
+#include "clocks/clocks.h"
+#include "core/program_state.h"
+#include "ui/forms/main_form.h"
+
+namespace kestrune::forms {
+
+clocks::ClockControls ClockControlsOf(const MainForm& form);
+
+/// The overclocking page: switches clock control, chooses the pair, edits and applies the clocks.
+class OverclockingPage {
+ public:
+  OverclockingPage(const MainForm& form, core::ProgramState& state, core::basRegistry& registry,
+                   platform::DialogApi& dialog, const lang::LangTable& lang_text,
+                   clocks::Clocks& clocks, const detect::AdapterState& adapter);
+
+  /// Offers the choice between the pairs on processors that have two.
+  void OfferPairs();
+  /// Prepares the page the first time it is shown.
+  void PageShown();
+
+ private:
+  void EnableOC();
+  void OverclockingChanged();
+  void StartupChanged();
+  void PairChosen(bool is_3d);
+  void SelectPair(bool is_3d);
+  void SetUsable(bool usable);
+  void Apply();
+  /// The whole number in a box, or nothing after marking the box and saying why.
+  std::optional<std::int16_t> ReadBox(controls::TextBox& box, int name_text);
+
+  core::ProgramState& state_;
+  core::basRegistry& registry_;
+  platform::DialogApi& dialog_;
+  const lang::LangTable& LangText;
+  clocks::Clocks& clocks_;
+  const detect::AdapterState& adapter_;
+  clocks::ClockControls controls_;
+  controls::CheckBox& enable_;
+  controls::CheckBox& startup_;
+  controls::OptionButton& speed_2d_;
+  controls::OptionButton& speed_3d_;
+  controls::Label& settings_;
+  controls::Button& apply_;
+  controls::Button& default_;
+  bool is_prepared_ = false;
+};
+
+}  // namespace kestrune::forms
