@@ -48,6 +48,7 @@ class JsonMaker : public ControlVisitor {
     json_["top"] = window.Bounds().top;
     json_["width"] = window.Bounds().width;
     json_["height"] = window.Bounds().height;
+    json_["opacity"] = window.Opacity();
   }
 
  private:
@@ -171,7 +172,16 @@ class Presser : public ControlVisitor {
   }
 };
 
+const Control& RootOf(const Control& control) {
+  const Control* root = &control;
+  while (root->Parent() != nullptr) root = root->Parent();
+  return *root;
+}
+
 std::optional<std::string> WhyNotUsable(const Control& control) {
+  if (const Control& window = RootOf(control); !window.Visible()) {
+    return window.Id() + " isn't open, so " + control.Id() + " can't be used.";
+  }
   if (!IsVisible(control)) return control.Id() + " is hidden.";
   if (!IsEnabled(control)) return control.Id() + " is disabled.";
   return std::nullopt;

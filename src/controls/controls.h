@@ -227,6 +227,10 @@ class Window : public Control {
     if (on_close) on_close();
   }
 
+  /// 0 is invisible, 255 opaque.
+  int Opacity() const { return opacity_; }
+  void SetOpacity(int opacity) { Assign(opacity_, opacity); }
+
   void Accept(ControlVisitor& visitor) override;
 
   std::function<void()> on_resize;
@@ -235,6 +239,7 @@ class Window : public Control {
 
  private:
   bool maximised_ = false;
+  int opacity_ = 255;
 };
 
 /// One operation over every kind of control. A kind that is not handled doesn't compile.

@@ -214,7 +214,7 @@ constexpr ControlSpec kSpecs[] = {
     {Kind::kLabel,
      "direct3d.shaders.image-quality",
      kShaders,
-     {3000, 405, 2550, 255},
+     {4230, 405, 1950, 255},
      "Image Quality"},
     {Kind::kLabel,
      "direct3d.shaders.pixel-shader-label",

@@ -25,37 +25,43 @@ namespace {
 
 constexpr controls::Rect kItem = {0, 0, 0, 0};
 
+/// Disabled as long as the window that the key opens isn't part of the program.
+constexpr ControlSpec Missing(ControlSpec spec) {
+  spec.enabled = false;
+  return spec;
+}
+
 constexpr ControlSpec kWindow[] = {
     {Kind::kWindow, "main", "", {0, 0, kMainWidth, kLowHeight}, "Kestrune SE"},
 
-    {Kind::kKey, "main.nvcpl", "main", {120, 60, 1020, 735}, "nVidia"},
+    {Kind::kKey, "main.nvcpl", "main", {90, 60, 1080, 735}, "nVidia"},
     {Kind::kKey, "main.nvcpl1", "main.nvcpl", kItem, "Control Panel settings"},
     {Kind::kKey, "main.nvcpl2", "main.nvcpl", kItem, "Resolution setting"},
     {Kind::kKey, "main.nvcpl3", "main.nvcpl", kItem, "Display properties ..."},
     {Kind::kKey, "main.nvcpl4", "main.nvcpl", kItem, "nVidia overlay applet ..."},
     {Kind::kKey, "main.nvcpl5", "main.nvcpl", kItem, "nVidia TV applet ..."},
-    {Kind::kKey, "main.regedit", "main.nvcpl", kItem, "Registry editor"},
-    {Kind::kKey, "main.pedit", "main.nvcpl", kItem, "Profile manager"},
-    {Kind::kKey, "main.abouti", "main.nvcpl", kItem, "About ..."},
-    {Kind::kKey, "main.dx", "main", {1140, 60, 1170, 735}, "Direct3D"},
+    Missing({Kind::kKey, "main.regedit", "main.nvcpl", kItem, "Registry editor"}),
+    Missing({Kind::kKey, "main.pedit", "main.nvcpl", kItem, "Profile manager"}),
+    Missing({Kind::kKey, "main.abouti", "main.nvcpl", kItem, "About ..."}),
+    {Kind::kKey, "main.dx", "main", {1170, 60, 1125, 735}, "Direct3D"},
     {Kind::kKey, "main.aa2", "main.dx", kItem, "Antialiasing"},
     {Kind::kKey, "main.tf2", "main.dx", kItem, "Texture filtering"},
     {Kind::kKey, "main.ms2", "main.dx", kItem, "Miscellanous"},
     {Kind::kKey, "main.mt", "main.dx", kItem, "Multitexturing"},
     {Kind::kKey, "main.psvs", "main.dx", kItem, "Shaders settings"},
-    {Kind::kKey, "main.ogl", "main", {2310, 60, 1125, 735}, "OpenGL"},
+    {Kind::kKey, "main.ogl", "main", {2295, 60, 1095, 735}, "OpenGL"},
     {Kind::kKey, "main.aa", "main.ogl", kItem, "Antialiasing"},
     {Kind::kKey, "main.tf", "main.ogl", kItem, "Texture filtering"},
     {Kind::kKey, "main.ms", "main.ogl", kItem, "Miscellanous"},
     {Kind::kKey, "main.oglcs", "main.ogl", kItem, "Compatibility settings"},
-    {Kind::kKey, "main.oc", "main", {3435, 60, 1350, 735}, "Overclocking"},
-    {Kind::kKey, "main.info", "main", {4785, 60, 960, 735}, "Info"},
+    {Kind::kKey, "main.oc", "main", {3390, 60, 1200, 735}, "Overclocking"},
+    {Kind::kKey, "main.info", "main", {4590, 60, 885, 735}, "Info"},
     {Kind::kKey, "main.basic", "main.info", kItem, "Basic informations"},
     {Kind::kKey, "main.basicdx", "main.info", kItem, "DirectX informations"},
     {Kind::kKey, "main.sys", "main.info", kItem, "System monitoring"},
     {Kind::kKey, "main.proc", "main.info", kItem, "Processes informations"},
-    {Kind::kKey, "main.pw", "main", {5745, 60, 1440, 735}, "Performance Wizard"},
-    {Kind::kKey, "main.qorv", "main", {7185, 60, 870, 735}, "Web"},
+    Missing({Kind::kKey, "main.pw", "main", {5475, 60, 1770, 735}, "Performance Wizard"}),
+    {Kind::kKey, "main.qorv", "main", {7245, 60, 840, 735}, "Web"},
 
     {.kind = Kind::kSlider,
      .id = "main.group-scroll-bar",

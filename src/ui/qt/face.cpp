@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 
 #include "ui/forms/main_form.h"
 #include "ui/qt/store_notice.h"
@@ -23,7 +24,8 @@ Face::Face(forms::Program& program, platform::FilesApi& files, StoreFailure stor
       context_(Scale::ForFont(QApplication::font()), files, [this] { AfterAct(); }),
       timers_(program.Timers(), [this] { AfterAct(); }) {
   RegisterIcons();
-  QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg"));
+  // Nothing in the window waits for it.
+  QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg")); });
   QApplication::setQuitOnLastWindowClosed(false);
   main_view_ = std::make_unique<FormView>(program_.Main(), context_, nullptr);
   views_[&program_.Main()] = main_view_.get();

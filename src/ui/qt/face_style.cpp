@@ -8,6 +8,7 @@ namespace kestrune::qt {
 namespace {
 
 constexpr int kDarkLightness = 128;
+constexpr int kTitleGap = 3;
 
 bool IsDark(const QStyleOption& option) {
   return option.palette.color(QPalette::Window).lightness() < kDarkLightness;
@@ -24,10 +25,29 @@ void DrawOutline(const QStyleOption& option, QPainter& painter, qreal radius) {
   painter.restore();
 }
 
+/// The style's own frame is a bitmap that is slow to load and hardly seen on dark backgrounds.
+void DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
+  QColor line = option.palette.color(QPalette::WindowText);
+  line.setAlphaF(0.2F);
+  QColor ground = line;
+  ground.setAlphaF(0.02F);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(line);
+  painter.setBrush(ground);
+  const int title = option.fontMetrics.height() + kTitleGap;
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 2, 2);
+  painter.restore();
+}
+
 }  // namespace
 
 void FaceStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
+  if (element == PE_FrameGroupBox) {
+    DrawGroupFrame(*option, *painter);
+    return;
+  }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (!IsDark(*option) || option->state.testFlag(State_HasFocus)) return;
   if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit) {

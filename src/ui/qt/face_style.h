@@ -4,8 +4,8 @@
 
 namespace kestrune::qt {
 
-/// The desktop-neutral style, with outlines that can be told from a dark background: its own are
-/// darker than the window, whatever the window's colour.
+/// The desktop-neutral style, with outlines and frames that can be told from a dark background: its
+/// own are darker than the window, whatever the window's colour.
 class FaceStyle : public QProxyStyle {
  public:
   FaceStyle() : QProxyStyle("fusion") {}

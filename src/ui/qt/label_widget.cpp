@@ -15,6 +15,9 @@ QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
   const QFontMetrics metrics(font);
   const int fitting = std::max(1, room.height() / metrics.lineSpacing());
   QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
   QString result;
   layout.beginLayout();
   for (int count = 1;; ++count) {

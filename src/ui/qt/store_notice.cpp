@@ -5,11 +5,21 @@
 
 namespace kestrune::qt {
 
+namespace {
+
+// With the blank space around the label there is room for two lines.
+constexpr int kRoomAbove = 60;
+constexpr int kRoomBelow = 90;
+
+}  // namespace
+
 StoreNotice::StoreNotice(const QString& sentence, controls::Control& edge, FaceContext& context,
                          QWidget* window)
     : LabelWidget(window) {
-  setGeometry(context.TheScale().ToPixels(edge.Bounds()));
-  SetHeading();
+  controls::Rect bounds = edge.Bounds();
+  bounds.top -= kRoomAbove;
+  bounds.height += kRoomAbove + kRoomBelow;
+  setGeometry(context.TheScale().ToPixels(bounds));
   SetCaption(sentence);
   setToolTip(sentence);
   setAccessibleName(sentence);
