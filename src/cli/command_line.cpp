@@ -56,7 +56,8 @@ class CommandLine {
   /// Runs something in an opened machine.
   Status InSession(const std::function<Status(Session&)>& work);
   Status RunSteps(Step::Kind kind);
-  Status RunScript(const std::vector<Step>& steps);
+  /// Steps of a command that prints end with their document.
+  Status RunScript(const std::vector<Step>& steps, bool prints);
   Status Pages(forms::Program& program) const;
   Status State(forms::Program& program) const;
   Status Languages(forms::Program& program) const;
@@ -107,9 +108,12 @@ Status CommandLine::InProgram(const std::function<Status(forms::Program&)>& work
   return InSession([&work](Session& session) { return work(session.Start()); });
 }
 
-Status CommandLine::RunScript(const std::vector<Step>& steps) {
+Status CommandLine::RunScript(const std::vector<Step>& steps, bool prints) {
   return InProgram([&](forms::Program& program) {
-    return Script(program, request_.options, streams_).Run(steps);
+    Script script(program, request_.options, streams_);
+    const Status status = script.Run(steps);
+    if (prints && status != Status::kWrongUsage) script.PrintDocument();
+    return status;
   });
 }
 
@@ -129,7 +133,7 @@ Status CommandLine::RunSteps(Step::Kind kind) {
     }
     steps.push_back(std::move(step));
   }
-  return RunScript(steps);
+  return RunScript(steps, kind == Step::Kind::kPrint);
 }
 
 void CommandLine::AddProgramCommands() {
@@ -163,7 +167,7 @@ void CommandLine::AddProgramCommands() {
           }
           steps.push_back(std::move(*step));
         }
-        return RunScript(steps);
+        return RunScript(steps, true);
       })
       ->add_option("STEP", request_.words)
       ->required();

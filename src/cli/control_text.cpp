@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "platform/portable/case_fold.h"
+#include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
 
@@ -213,10 +214,9 @@ bool IsEnabled(const Control& control) {
 bool IsVisible(const Control& control) {
   if (!control.Visible()) return false;
   for (const Control* each = control.Parent(); each != nullptr; each = each->Parent()) {
-    // Pages stand directly in the window; which of them is shown says nothing of their controls.
-    const bool is_page = each->Parent() != nullptr && each->Parent()->Parent() == nullptr;
+    // Which page is shown, and whether a window is open, says nothing of the controls in it.
     const bool is_window = each->Parent() == nullptr;
-    if (!is_page && !is_window && !each->Visible()) return false;
+    if (!is_window && !forms::IsPageId(each->Id()) && !each->Visible()) return false;
   }
   return true;
 }

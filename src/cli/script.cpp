@@ -64,10 +64,6 @@ std::optional<Step> ParseStep(const std::string& text) {
       .kind = Step::Kind::kSet, .id = text.substr(0, equals), .value = text.substr(equals + 1)};
 }
 
-bool Script::IsPage(std::string_view id) const {
-  return std::find(forms::kPageIds.begin(), forms::kPageIds.end(), id) != forms::kPageIds.end();
-}
-
 bool Script::IsWindow(std::string_view id) const {
   return dynamic_cast<controls::Window*>(program_.Find(id)) != nullptr;
 }
@@ -77,7 +73,7 @@ bool Script::KnowsTarget(const Step& step) const {
     case Step::Kind::kWait:
       return true;
     case Step::Kind::kPage:
-      return IsPage(step.id);
+      return forms::IsPageId(step.id);
     case Step::Kind::kOpen:
     case Step::Kind::kClose:
       return IsWindow(step.id);
@@ -120,16 +116,17 @@ bool Script::CheckIds(const std::vector<Step>& steps) const {
 Status Script::Run(const std::vector<Step>& steps) {
   if (!CheckIds(steps)) return Status::kWrongUsage;
   std::optional<std::string> refusal;
-  bool prints = false;
   for (const Step& step : steps) {
-    prints = prints || step.kind == Step::Kind::kPrint;
     refusal = Do(step);
     if (refusal) break;
   }
-  if (options_.json && prints) streams_.out << printed_.dump(2) << '\n';
   if (!refusal) return Status::kDone;
   streams_.Complain(*refusal);
   return Status::kImpossible;
+}
+
+void Script::PrintDocument() const {
+  if (options_.json) streams_.out << printed_.dump(2) << '\n';
 }
 
 void Script::GoTo(const Control& control) {
@@ -184,7 +181,7 @@ void Script::Print(Control& control) {
 }
 
 Status Script::Show(const std::string& id) {
-  if (!id.empty() && !IsPage(id) && !IsWindow(id)) {
+  if (!id.empty() && !forms::IsPageId(id) && !IsWindow(id)) {
     return CheckIds({{.kind = Step::Kind::kPage, .id = id}}) ? Status::kDone : Status::kWrongUsage;
   }
   std::vector<Control*> shown;
@@ -199,9 +196,9 @@ Status Script::Show(const std::string& id) {
       collect(*form, [this](const Control& control) { return program_.PageOf(control) < 0; });
     }
   }
-  if (IsPage(id)) GoTo(*program_.Find(id));
+  if (forms::IsPageId(id)) GoTo(*program_.Find(id));
   for (int page = 0; page < forms::kPageCount; ++page) {
-    if (IsWindow(id) || (IsPage(id) && page != program_.ActivePage())) continue;
+    if (IsWindow(id) || (forms::IsPageId(id) && page != program_.ActivePage())) continue;
     collect(program_.Main(),
             [this, page](const Control& control) { return program_.PageOf(control) == page; });
   }

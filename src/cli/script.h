@@ -30,14 +30,15 @@ class Script {
       : program_(program), options_(options), streams_(streams) {}
 
   /// Checks every id before anything is done; then the steps run in order until one is refused.
-  /// What was done stays. Printed values come one a line, or as one JSON array.
+  /// What was done stays. Printed values come one a line, or wait for PrintDocument.
   Status Run(const std::vector<Step>& steps);
+  /// Prints what the steps of all runs printed as one document, where JSON is asked for.
+  void PrintDocument() const;
   /// Prints every control of a page or window, or of all pages.
   Status Show(const std::string& id);
 
  private:
   bool CheckIds(const std::vector<Step>& steps) const;
-  bool IsPage(std::string_view id) const;
   bool IsWindow(std::string_view id) const;
   bool KnowsTarget(const Step& step) const;
   std::string Nearest(std::string_view id) const;

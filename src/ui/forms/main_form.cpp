@@ -1,5 +1,7 @@
 #include "ui/forms/main_form.h"
 
+#include <algorithm>
+
 #include "ui/forms/pages.h"
 
 namespace kestrune::forms {
@@ -103,6 +105,10 @@ MainForm::MainForm() {
   Add(kOverclockingPages);
   Add(kInformationPages);
   Add(kLowerPanel);
+}
+
+bool IsPageId(std::string_view id) {
+  return std::find(kPageIds.begin(), kPageIds.end(), id) != kPageIds.end();
 }
 
 controls::Frame& MainForm::Page(int index) const {

@@ -10,6 +10,7 @@ inline constexpr int kPageCount = 16;
 
 /// The ids of the pages, by index.
 extern const std::array<std::string_view, kPageCount> kPageIds;
+bool IsPageId(std::string_view id);
 
 /// The main window's fixed width and the heights between which it grows and shrinks, in twips.
 inline constexpr int kMainWidth = 8175;
