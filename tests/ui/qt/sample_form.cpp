@@ -45,6 +45,7 @@ SampleForm::SampleForm() {
 SampleWindow::SampleWindow()
     : context_(Scale(1.0 / 15), files_, nullptr),
       view_(std::make_unique<FormView>(form_, context_, nullptr)) {
+  view_->FollowWindow();
   view_->activateWindow();
   (void)QTest::qWaitForWindowActive(view_.get());
 }

@@ -1,0 +1,365 @@
+// kestrunectl, run in this process on stores of its own.
+
+#include "cli/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/script.h"
+#include "fake_machine.h"
+
+namespace kestrune::cli {
+namespace {
+
+constexpr const char* kMode = "direct3d.antialiasing.antialiasing-mode";
+constexpr const char* kLimit = "direct3d.misc.prerender-limit";
+const std::string kKey =
+    R"(HKLM\System\CurrentControlSet\Control\Video\{3E8D1C47-A2B6-4D95-8F13-5B7A60C9E2D4}\0000)";
+
+struct Outcome {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+struct CommandLineTest : testing::Test {
+  Outcome Run(std::vector<std::string> arguments,
+              const std::string& machine = "winxp-geforce7800") {
+    std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
+                                    "--machine",        machine,
+                                    "--program-folder", KESTRUNE_DATA_FOLDER};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = RunCommandLine(all, {out, err});
+    return {status, out.str(), err.str()};
+  }
+  /// What a run prints, which must succeed in silence.
+  std::string Out(const std::vector<std::string>& arguments) {
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
+  }
+
+  platform::TempFolder folder;
+};
+
+TEST_F(CommandLineTest, ASettingIsOneTracedWriteThatTheNextRunShows) {
+  const Outcome set = Run({"--trace", "set", std::string(kMode) + "=4x"});
+  EXPECT_EQ(set.status, 0);
+  EXPECT_EQ(set.err, "write\t" + kKey + "\tD3DOGL_70835937\tREG_BINARY 10 00 00 10\n");
+  EXPECT_EQ(Out({"get", kMode, "opengl.antialiasing.antialiasing-mode"}), "4x\n4x\n");
+  EXPECT_EQ(Out({"registry", "read", kKey, "d3dogl_70835937"}), "REG_BINARY 10 00 00 10\n");
+  const Outcome flags = Run({"--trace", "do", "direct3d.antialiasing.gamma-correct-antialiasing=on",
+                             "opengl.antialiasing.transparency-antialiasing=supersampling",
+                             "?direct3d.antialiasing.transparency-antialiasing"});
+  EXPECT_EQ(flags.out, "Supersampling\n");
+  EXPECT_TRUE(flags.err.ends_with("D3DOGL_70835937\tREG_BINARY 10 00 10 50\n")) << flags.err;
+}
+
+TEST_F(CommandLineTest, TracingFromTheFirstStepShowsTheStartUpToo) {
+  EXPECT_EQ(Run({"--trace", "get", kLimit}).err, "");
+  EXPECT_EQ(Run({"--trace=all", "get", kLimit}).err,
+            "write\tHKCU\\Software\\Kestrune\tVersion\tREG_DWORD 353\n");
+}
+
+TEST_F(CommandLineTest, TheOldDriversOfWindows98StoreTheirOwnForms) {
+  const auto trace = [this](const std::string& machine, const std::string& mode) {
+    std::string err = Run({"--trace", "set", std::string(kMode) + "=" + mode}, machine).err;
+    std::replace(err.begin(), err.end(), '\t', ' ');
+    return err;
+  };
+  const std::string key =
+      R"(write HKLM\System\CurrentControlSet\Services\Class\Display\0000\NVidia\Direct3D )";
+  EXPECT_EQ(trace("win98-geforce4ti", "Quincunx"),
+            key + "D3D_08285629 REG_DWORD 1459706256\n" + key + "D3d_70835937 REG_DWORD 2\n");
+  EXPECT_EQ(trace("win98-tnt2", "4x"), key + "ANTIALIASENABLE REG_DWORD 1\n" + key +
+                                           "ANTIALIASQUALITY REG_DWORD 3\n" + key +
+                                           "ANTIALIASFORCEENABLE REG_DWORD 4\n");
+}
+
+TEST_F(CommandLineTest, ADryRunKeepsNothingAndSaysWhatItWouldStart) {
+  const Outcome dry = Run(
+      {"--dry-run", "do", std::string(kLimit) + "=7", "?" + std::string(kLimit), "main.nvcpl4"});
+  EXPECT_EQ(dry.status, 0);
+  EXPECT_EQ(dry.out, "7\n");
+  EXPECT_EQ(dry.err, "run\trundll32.exe nvcpl.dll, launchoverlayapplet\n");
+  EXPECT_FALSE(std::filesystem::exists(folder / "winxp-geforce7800.store"));
+  EXPECT_EQ(Out({"get", kLimit}), "2\n");
+}
+
+TEST_F(CommandLineTest, UnknownIdsAreRefusedBeforeAnythingIsDone) {
+  const Outcome outcome =
+      Run({"--trace", "set", std::string(kLimit) + "=7", "direct3d.misc.prerender-limt=3"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.err.find(kLimit), std::string::npos) << outcome.err;
+  EXPECT_EQ(outcome.err.find("write"), std::string::npos);
+  for (const std::vector<std::string>& wrong :
+       {std::vector<std::string>{"get", "nothing"},
+        {"do", "?" + std::string(kLimit), "~nowhere"},
+        {"do", "page:main"},
+        {"do", "open:info.basic"},
+        {"do", "wait:-1"},
+        {"do", "wait:soon"},
+        {"do", "?"},
+        {"set", "no-equals-sign"},
+        {"show", "info.nothing"},
+        {"press"},
+        {"dance"},
+        {"--answer", "maybe", "state"},
+        {"--trace=some", "state"},
+        {"registry", "read", "HKXX\\A", "B"},
+        {"registry", "write", "HKCU\\A", "B", "REG_FUN", "1"},
+        {"registry", "write", "HKCU\\A", "B", "REG_DWORD", "x"},
+        {}}) {
+    const Outcome each = Run(wrong);
+    EXPECT_EQ(each.status, 2) << (wrong.empty() ? "" : wrong.back());
+    EXPECT_EQ(each.out, "");
+    EXPECT_NE(each.err, "");
+  }
+}
+
+TEST_F(CommandLineTest, WhatAControlCannotTakeEndsTheRunAndWhatWasDoneStays) {
+  const std::string limit = kLimit;
+  const std::pair<std::string, std::string> refusals[] = {
+      {limit + "=10", "\"9\""},
+      {"direct3d.filtering.texture-lod-bias=25", "-24 to 24"},
+      {"direct3d.filtering.texture-lod-bias=", "-24 to 24"},
+      {"direct3d.filtering.trilinear-optimization=yes", "on or off"},
+      {"direct3d.antialiasing.zoom=off", "only on"},
+      {"direct3d.misc.enable-z-buffer-compression=off", "disabled"},
+      {"direct3d.multitexturing.apply-setting-now", "disabled"},
+      {"control-panel.settings.picture", "hidden"},
+      {"info.basic.vga-device=x", "label"},
+      {"info.basic", "pressed"},
+      {"close:help", "help"},
+      {"open:help", "help"}};
+  int count = 0;
+  for (const auto& [step, why] : refusals) {
+    const std::string value = std::to_string(count++ % 8);
+    const Outcome outcome = Run({"do", limit + "=" + value, step, limit + "=9"});
+    EXPECT_EQ(outcome.status, 3) << step;
+    EXPECT_NE(outcome.err.find(why), std::string::npos) << step << ": " << outcome.err;
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+    EXPECT_EQ(Out({"get", kLimit}), value + "\n") << step;
+  }
+}
+
+TEST_F(CommandLineTest, ValuesAreItemsInAnyCasePositionsOrTypedText) {
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"direct3d.misc.synchronization-mode", "dIsAbLeD", "Disabled"},
+      {"direct3d.misc.synchronization-mode", "#0", "Auto"},
+      {"direct3d.filtering.texture-lod-bias", "-7", "-7"},
+      {kMode, "6x", "6x"},
+      {"direct3d.filtering.anisotropic-filtering", "#5", "16x"},
+      {"direct3d.antialiasing.zoom", "on", "on"},
+      {"main.group-scroll-bar", "2", "2"}};
+  for (const auto& [id, value, shown] : cases) {
+    EXPECT_EQ(Out({"do", id + "=" + value, "?" + id}), shown + "\n") << id;
+  }
+  EXPECT_EQ(Run({"set", "direct3d.misc.synchronization-mode=#3"}).status, 3);
+}
+
+TEST_F(CommandLineTest, AControlsPageIsShownFirstAsAUserWould) {
+  EXPECT_EQ(Out({"do", "?" + std::string(kLimit), "?main.group-scroll-bar"}), "2\n3\n");
+  EXPECT_EQ(Out({"do", "main.remember-last-visited-page=on", "page:opengl.misc", "close:main"}),
+            "");
+  EXPECT_EQ(Out({"registry", "read", R"(HKCU\Software\Kestrune)", "LVP"}), "REG_DWORD 7\n");
+  EXPECT_EQ(Run({"do", "close:main", std::string(kLimit) + "=5"}).status, 3);
+  EXPECT_EQ(Out({"do", "~main.lower-panel-edge", "wait:800"}), "");
+}
+
+TEST_F(CommandLineTest, HelpIsOpenedByTheMouseAlone) {
+  const Outcome outcome = Run({"--json", "do", "~direct3d.filtering.force-mipmaps", "?help",
+                               "?help.topic-2", "?help.topic-3", "close:help", "?help"});
+  ASSERT_EQ(outcome.status, 0) << outcome.err;
+  const auto json = nlohmann::json::parse(outcome.out);
+  const bool visible[] = {true, true, false, false};
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(json[i]["visible"], visible[i]) << i;
+}
+
+/// A text in a hidden panel can't be read, so it isn't shown as if it could.
+TEST_F(CommandLineTest, WhatStandsInAHiddenPanelIsHidden) {
+  const std::string shown = Out({"show", "help"});
+  EXPECT_NE(shown.find("help.topic-3\tImage quality\thidden\n"), std::string::npos);
+  std::istringstream lines(shown);
+  int readable = 0;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("help.topic") && !line.ends_with("\thidden")) ++readable;
+  }
+  EXPECT_EQ(readable, 0) << shown;
+}
+
+TEST_F(CommandLineTest, ShowPrintsEveryControlOfAPageInTabOrder) {
+  EXPECT_EQ(Out({"show", "direct3d.misc"}),
+            "direct3d.misc\tDirect3D miscellanous settings\n"
+            "direct3d.misc.vertical-synchronization\tVertical synchronization\n"
+            "direct3d.misc.synchronization-mode-label\tSynchronization mode:\n"
+            "direct3d.misc.synchronization-mode\tEnabled\n"
+            "direct3d.misc.prerender-limit-label\tPrerender limit:\n"
+            "direct3d.misc.prerender-limit\t2\n"
+            "direct3d.misc.enable-z-buffer-compression\ton\tdisabled\n"
+            "direct3d.misc.enable-fog-table-emulation\ton\n");
+  const std::string all = Out({"show"});
+  std::size_t at = 0;
+  for (const char* page : {"control-panel.settings\t", "direct3d.antialiasing\t",
+                           "opengl.antialiasing\t", "overclocking\t", "info.basic\t",
+                           "opengl.filtering\t", "direct3d.filtering\t", "info.processes\t"}) {
+    at = all.find(page, at);
+    ASSERT_NE(at, std::string::npos) << page;
+  }
+  EXPECT_EQ(all.find("main."), std::string::npos);
+  const std::string window = Out({"show", "main"});
+  EXPECT_TRUE(window.starts_with("main\tKestrune SE Build 5\n")) << window;
+  EXPECT_NE(window.find("main.group-scroll-bar\t1\n"), std::string::npos);
+  EXPECT_EQ(window.find("direct3d."), std::string::npos);
+}
+
+TEST_F(CommandLineTest, PagesAndLanguagesAndStateAreOnePerLine) {
+  const std::string pages = Out({"pages"});
+  EXPECT_EQ(std::count(pages.begin(), pages.end(), '\n'), 16);
+  EXPECT_TRUE(pages.starts_with("0\tcontrol-panel.settings\tControl Panel settings\n"));
+  EXPECT_EQ(Out({"languages"}), "\u010Ce\u0161tina\nEnglish\n");
+  std::istringstream state(Out({"state"}));
+  std::string names;
+  for (std::string line; std::getline(state, line);) {
+    names += line.substr(0, line.find('=')) + " ";
+  }
+  EXPECT_EQ(names,
+            "OSFamily DrvVer DirectXBuild PureKey HardwareKey VendorId DeviceId DeviceIdPrefix "
+            "DeviceIdNumber DeviceInstanceKey CardVar GpuRevision DefaultCoreMHz DefaultMemoryMHz "
+            "CoreMHz MemoryMHz Clock3D KeepClockValues SliAaOn AaGammaOn AaTransparencyMode "
+            "CurrentAaModeText MaxSimultaneousTextures PixelShaderVersionText "
+            "VertexShaderVersionText LowTextureUnits TwoCPU Mhz WriteAsBinary IsStart IsLoading "
+            "ActivePage HelpSystemEnabled LastHelpTopic TranslucenceLevel Recording LanguageName ");
+}
+
+TEST_F(CommandLineTest, JsonIsOneDocumentWithWhatTheKindHas) {
+  const auto json = [this](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "--json");
+    return nlohmann::json::parse(Out(arguments), nullptr, false);
+  };
+  const auto get =
+      json({"get", "direct3d.misc.synchronization-mode", "direct3d.filtering.texture-lod-bias",
+            "direct3d.antialiasing.no-antialiasing", "control-panel.settings.picture", "main"});
+  ASSERT_EQ(get.size(), 5U);
+  EXPECT_EQ(get[0]["kind"], "combo");
+  EXPECT_EQ(get[0]["items"], nlohmann::json({"Auto", "Enabled", "Disabled"}));
+  EXPECT_EQ(get[0]["position"], 1);
+  EXPECT_EQ(get[1]["value"], 0);
+  EXPECT_EQ(get[1]["min"], -24);
+  EXPECT_EQ(get[1]["max"], 24);
+  EXPECT_EQ(get[2]["picture"], "DATA/aa/1/auto.jpg");
+  EXPECT_EQ(get[3]["tip"], "Open display properties");
+  EXPECT_EQ(get[3]["visible"], false);
+  EXPECT_EQ(get[4]["kind"], "window");
+  for (const char* key : {"left", "top", "opacity"}) EXPECT_TRUE(get[4].contains(key)) << key;
+  EXPECT_EQ(json({"state"})["DrvVer"], 8195);
+  EXPECT_EQ(json({"pages"})[15]["id"], "info.processes");
+  EXPECT_EQ(json({"show", "info.basic"})[0]["kind"], "frame");
+  EXPECT_EQ(json({"do", "page:opengl.misc"}), nlohmann::json::array());
+}
+
+TEST_F(CommandLineTest, TheRegistryIsWorkedOnWithoutTheDriversRules) {
+  const std::string key = R"(HKCU\Software\Test)";
+  const std::tuple<std::string, std::vector<std::string>, std::string> values[] = {
+      {"a", {"REG_DWORD", "-1"}, "REG_DWORD -1\n"},
+      {"b", {"REG_DWORD", "4294967295"}, "REG_DWORD -1\n"},
+      {"c", {"REG_DWORD", "0x10"}, "REG_DWORD 16\n"},
+      {"d", {"REG_BINARY", "0102", "FF"}, "REG_BINARY 01 02 FF\n"},
+      {"e", {"REG_SZ", "two", "words"}, "REG_SZ two words\n"},
+      {"f", {"TYPE_7", "4100"}, "TYPE_7 41 00\n"},
+      {"@", {"REG_SZ", "default"}, "REG_SZ default\n"}};
+  for (const auto& [name, data, shown] : values) {
+    std::vector<std::string> write = {"registry", "write", key, name};
+    write.insert(write.end(), data.begin(), data.end());
+    EXPECT_EQ(Out(write), "") << name;
+    EXPECT_EQ(Out({"registry", "read", key, name}), shown);
+  }
+  EXPECT_EQ(Out({"registry", "read", R"(HKEY_CURRENT_USER\software\TEST)"}), "REG_SZ default\n");
+  EXPECT_EQ(Out({"registry", "write", key + R"(\Sub)", "x", "REG_SZ", "1"}), "");
+  EXPECT_EQ(Out({"registry", "delete", key, "D"}), "");
+  EXPECT_EQ(Run({"registry", "delete", key, "d"}).status, 1);
+  EXPECT_EQ(Run({"registry", "read", key, "d"}).status, 1);
+  EXPECT_EQ(Run({"registry", "list", key + "2"}).status, 1);
+  EXPECT_EQ(Out({"registry", "list", key}),
+            "Sub\\\n@\tREG_SZ default\na\tREG_DWORD -1\nb\tREG_DWORD -1\nc\tREG_DWORD 16\n"
+            "e\tREG_SZ two words\nf\tTYPE_7 41 00\n");
+}
+
+TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {
+  const std::string good = folder.Write(
+      "good.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:0000000a\n");
+  const std::string bad = folder.Write(
+      "bad.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:00000001\nnonsense\n");
+  EXPECT_EQ(Out({"registry", "import", good}), "");
+  const Outcome outcome = Run({"registry", "import", bad});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_NE(outcome.err.find("bad.reg:5:"), std::string::npos) << outcome.err;
+  EXPECT_EQ(Out({"registry", "read", R"(HKCU\Software\T)", "a"}), "REG_DWORD 10\n");
+  EXPECT_EQ(Run({"registry", "import", folder / "none.reg"}).status, 3);
+}
+
+TEST_F(CommandLineTest, AStoreThatIsNoneIsRefusedUntouched) {
+  const std::string file = folder.Write("winxp-geforce7800.store", "this is no store");
+  const Outcome outcome = Run({"get", kLimit});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_NE(outcome.err.find(file), std::string::npos) << outcome.err;
+  EXPECT_EQ(platform::ReadAll(file), "this is no store");
+}
+
+TEST_F(CommandLineTest, AMachineWithAFaultIsRefusedWithItsPlace) {
+  const std::string file = folder.Write("broken.toml", "name = \"x\"\nos = = 1\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  EXPECT_EQ(RunCommandLine({"--machine", file, "--store", folder / "s", "state"}, {out, err}), 3);
+  EXPECT_NE(err.str().find("broken.toml:2"), std::string::npos) << err.str();
+}
+
+TEST_F(CommandLineTest, MessagesArePrintedAndAnswered) {
+  const Outcome outcome = Run({"set", "main.language=English"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "message: Please restart Kestrune for change language.\n");
+}
+
+TEST_F(CommandLineTest, HelpAndVersionEndWellAtEveryLevel) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--help"}, {"set", "--help"}, {"registry", "write", "--help"}}) {
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.out, "");
+  }
+  EXPECT_NE(Run({"--version"}).out.find("3.5.3"), std::string::npos);
+}
+
+TEST(StepTest, IsReadFromItsText) {
+  struct Case {
+    const char* text;
+    Step::Kind kind;
+    const char* id;
+    const char* value;
+  };
+  const Case cases[] = {{"a.b", Step::Kind::kPress, "a.b", ""},
+                        {"a=b=c", Step::Kind::kSet, "a", "b=c"},
+                        {"a=", Step::Kind::kSet, "a", ""},
+                        {"?a", Step::Kind::kPrint, "a", ""},
+                        {"~ a", Step::Kind::kHover, "a", ""},
+                        {"open:x", Step::Kind::kOpen, "x", ""},
+                        {"close:main", Step::Kind::kClose, "main", ""},
+                        {"page:p", Step::Kind::kPage, "p", ""}};
+  for (const Case& each : cases) {
+    const std::optional<Step> step = ParseStep(each.text);
+    ASSERT_TRUE(step) << each.text;
+    EXPECT_TRUE(step->kind == each.kind && step->id == each.id && step->value == each.value)
+        << each.text;
+  }
+  EXPECT_EQ(ParseStep("wait:250")->wait_ms, 250);
+}
+
+}  // namespace
+}  // namespace kestrune::cli

@@ -1,0 +1,305 @@
+#include "fake_machine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <sstream>
+#include <stdexcept>
+
+#include "platform/value_text.h"
+
+namespace kestrune::test {
+
+namespace {
+
+using namespace platform;
+using portable::FolderFiles;
+
+constexpr std::string_view kCardKey =
+    R"(System\CurrentControlSet\Control\Video\{0F1F3A6C-6F3A-4B5E-9C59-0D3E5A6B7C8D}\0000)";
+
+constexpr OsVersion kSystems[] = {{4, 10, 1}, {4, 0, 2}, {5, 0, 2}, {5, 1, 2}, {6, 0, 2}};
+
+/// Logs each value that is asked for.
+class LoggingRegistry : public TracingRegistry {
+ public:
+  LoggingRegistry(RegistryApi& inner, std::vector<std::string>& log)
+      : TracingRegistry(inner, [&log](const std::string& line) { log.push_back(line); }),
+        log_(log) {}
+
+  RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type, std::size_t& size,
+                       std::span<std::byte> data) override {
+    if (data.data() == nullptr) log_.push_back("read " + std::string(name));
+    return TracingRegistry::QueryValue(key, name, type, size, data);
+  }
+
+ private:
+  std::vector<std::string>& log_;
+};
+
+/// Logs each file that is read.
+class LoggingFiles : public FolderFiles {
+ public:
+  LoggingFiles(std::vector<std::string> folders, std::vector<std::string>& log)
+      : FolderFiles(std::move(folders), 1252), log_(log) {}
+
+  std::optional<std::string> ReadBytes(std::string_view path) override {
+    log_.push_back("file " + std::string(path));
+    return FolderFiles::ReadBytes(path);
+  }
+
+ private:
+  std::vector<std::string>& log_;
+};
+
+std::string DriverText(int driver) {
+  if (driver == 0) return "";
+  char text[32];
+  std::snprintf(text, sizeof text, "6.14.10.%04d", driver);
+  return text;
+}
+
+std::string BytesText(std::uint32_t number) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%02X %02X %02X %02X", number & 255, number >> 8 & 255,
+                number >> 16 & 255, number >> 24);
+  return text;
+}
+
+KeyAddress AddressOf(std::string_view key) { return ParseKey(key).value(); }
+
+}  // namespace
+
+FakeMachine::FakeMachine(MachineKind setup)
+    : os(kSystems[setup.family]),
+      driver_version(DriverText(setup.driver)),
+      direct3d_version("5.3.2600.2180"),
+      setup_(std::move(setup)),
+      shell_(*this, [this](const std::string& line) { log.push_back(line); }) {
+  auto store = portable::Store::Open({.path = folder_ / "a.store", .dry_run = true});
+  if (!store.Ok()) throw std::runtime_error(store.Reason());
+  store_ = std::move(store).Value();
+  registry_ = std::make_unique<portable::StoreRegistry>(*store_);
+  tracing_ = std::make_unique<LoggingRegistry>(*registry_, log);
+  files_ = std::make_unique<LoggingFiles>(
+      std::vector<std::string>{folder_ / "own", folder_ / "shipped"}, log);
+  std::filesystem::create_directory_symlink(KESTRUNE_DATA_FOLDER, folder_ / "shipped");
+  if (setup_.device.empty()) return;
+  devices = {{R"(\\.\DISPLAY1)", "NVIDIA card", 5,
+              R"(PCI\VEN_10DE&DEV_)" + setup_.device + "&SUBSYS_C5201458&REV_A1",
+              R"(\Registry\Machine\)" + std::string(kCardKey)}};
+}
+
+Services FakeMachine::Services() { return {*tracing_, *this, *this, shell_, *files_, *this}; }
+
+void FakeMachine::Lay(std::string_view path, std::string_view bytes) {
+  folder_.Write("own/" + std::string(path), bytes);
+}
+
+void FakeMachine::HideShippedFiles() { std::filesystem::remove(folder_ / "shipped"); }
+
+std::string FakeMachine::DriverKey() const { return R"(HKLM\)" + std::string(kCardKey); }
+
+std::string FakeMachine::InterfaceKey(std::string_view name) const {
+  return DriverKey() + (setup_.family == 0 ? R"(\NVidia\)" + std::string(name) : "");
+}
+
+void FakeMachine::Store(std::string_view key, std::string_view name, std::string_view value) {
+  std::istringstream words{std::string(value)};
+  std::string word;
+  words >> word;
+  const RegType type = ParseType(word).value();
+  std::vector<std::string> data;
+  while (words >> word) data.push_back(word);
+  const KeyAddress address = AddressOf(key);
+  RegHandle handle = 0;
+  ASSERT_EQ(registry_->CreateKey(address.root, address.path, handle), RegStatus::kSuccess);
+  const auto bytes = ParseData(type, data);
+  ASSERT_TRUE(bytes) << value;
+  EXPECT_EQ(registry_->SetValue(handle, name, type, *bytes), RegStatus::kSuccess);
+  registry_->CloseKey(handle);
+}
+
+std::string FakeMachine::Stored(std::string_view key, std::string_view name) {
+  const KeyAddress address = AddressOf(key);
+  RegHandle handle = 0;
+  if (registry_->OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return "";
+  RegType type = RegType::kNone;
+  std::size_t size = 0;
+  std::string text;
+  if (registry_->QueryValue(handle, name, type, size, {}) == RegStatus::kSuccess) {
+    std::vector<std::byte> data(size);
+    registry_->QueryValue(handle, name, type, size, data);
+    text = ValueText(type, data);
+  }
+  registry_->CloseKey(handle);
+  return text;
+}
+
+std::string FakeMachine::Kept(std::uint32_t number) const {
+  return setup_.family == 0 ? "REG_DWORD " + std::to_string(static_cast<std::int32_t>(number))
+                            : "REG_BINARY " + BytesText(number);
+}
+
+void FakeMachine::Unset(std::string_view key, std::string_view name) {
+  const KeyAddress address = AddressOf(key);
+  RegHandle handle = 0;
+  if (registry_->OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return;
+  registry_->DeleteValue(handle, name);
+  registry_->CloseKey(handle);
+}
+
+std::string FakeMachine::Prefixed(std::string_view name) const {
+  return (setup_.family == 0 ? "" : "OGL_") + std::string(name);
+}
+
+void FakeMachine::StoreDirect3D(std::string_view name, std::optional<std::uint32_t> number) {
+  number ? Store(Direct3DKey(), name, Kept(*number)) : Unset(Direct3DKey(), name);
+}
+
+void FakeMachine::StoreOpenGL(std::string_view name, std::optional<std::uint32_t> number) {
+  const std::string prefixed = Prefixed(name);
+  number ? Store(OpenGLKey(), prefixed, Kept(*number)) : Unset(OpenGLKey(), prefixed);
+}
+
+std::string FakeMachine::Direct3DLine(std::string_view name,
+                                      std::optional<std::uint32_t> number) const {
+  const std::string place = setup_.family == 0 ? R"(K\NVidia\Direct3D )" : "K ";
+  return (number ? "write " : "delete ") + place + std::string(name) +
+         (number ? " " + Kept(*number) : "");
+}
+
+std::string FakeMachine::OpenGLLine(std::string_view name,
+                                    std::optional<std::uint32_t> number) const {
+  const std::string place = setup_.family == 0 ? R"(K\NVidia\OpenGL )" : "K ";
+  return (number ? "write " : "delete ") + place + Prefixed(name) +
+         (number ? " " + Kept(*number) : "");
+}
+
+std::vector<std::string> FakeMachine::TakeTrace() {
+  std::vector<std::string> lines;
+  for (std::string line : log) {
+    if (line.find('\t') == std::string::npos) continue;
+    if (const std::size_t at = line.find(DriverKey()); at != std::string::npos) {
+      line.replace(at, DriverKey().size(), "K");
+    }
+    std::replace(line.begin(), line.end(), '\t', ' ');
+    lines.push_back(std::move(line));
+  }
+  log.clear();
+  return lines;
+}
+
+std::optional<DisplayDevice> FakeMachine::DeviceAt(int index) {
+  log.push_back("device " + std::to_string(index));
+  const auto at = static_cast<std::size_t>(index);
+  return at < devices.size() ? std::optional(devices[at]) : std::nullopt;
+}
+
+OsVersion FakeMachine::SystemVersion() {
+  log.push_back("system version");
+  return os;
+}
+
+std::optional<std::string> FakeMachine::FileVersionText(std::string_view file_name) {
+  log.push_back("version " + std::string(file_name));
+  const std::string& text = file_name.starts_with("d3d") ? direct3d_version : driver_version;
+  return text.empty() ? std::nullopt : std::optional(text);
+}
+
+bool FakeMachine::StartCommand(std::string_view, WindowState window) {
+  last_window = window;
+  return true;
+}
+
+Answer FakeMachine::ShowMessage(std::string_view /*title*/, std::string_view text, Buttons) {
+  log.push_back("message " + std::string(text));
+  messages.emplace_back(text);
+  return Answer::kOk;
+}
+
+Driven::Driven(FakeMachine& machine, std::string_view command_line)
+    : program(machine.Services()), started(program.Start(command_line)) {}
+
+controls::Control& Driven::Find(std::string_view id) const {
+  controls::Control* control = program.Find(id);
+  if (control == nullptr) throw std::runtime_error("no control " + std::string(id));
+  return *control;
+}
+
+std::vector<std::string> Driven::Items(std::string_view id) const {
+  return Get<controls::ComboBox>(id).Items();
+}
+
+void Driven::Choose(std::string_view id, int position) {
+  EXPECT_TRUE(Get<controls::ComboBox>(id).Choose(position)) << id << " #" << position;
+}
+
+void Driven::Choose(std::string_view id, std::string_view item) {
+  const std::vector<std::string> items = Items(id);
+  const auto found = std::find(items.begin(), items.end(), item);
+  ASSERT_NE(found, items.end()) << id << " has no " << item << ": " << Joined(items);
+  Choose(id, static_cast<int>(found - items.begin()));
+}
+
+void Driven::Type(std::string_view id, std::string_view text) {
+  EXPECT_TRUE(Get<controls::ComboBox>(id).Type(std::string(text))) << id;
+}
+
+void Driven::Tick(std::string_view id, bool on) {
+  EXPECT_TRUE(Get<controls::CheckBox>(id).Use(on ? 1 : 0)) << id;
+}
+
+void Driven::Move(std::string_view id, int value) {
+  EXPECT_TRUE(Get<controls::Slider>(id).Use(value)) << id << " to " << value;
+}
+
+void Driven::Press(std::string_view id) {
+  if (auto* option = dynamic_cast<controls::OptionButton*>(&Find(id))) {
+    option->Use();
+  } else {
+    Find(id).Click();
+  }
+}
+
+void Driven::Hover(std::string_view id) { Find(id).Hover(); }
+
+void Driven::Use(std::string_view id, std::string_view value) {
+  controls::Control& control = Find(id);
+  if (dynamic_cast<controls::ComboBox*>(&control) != nullptr) {
+    Choose(id, value);
+  } else if (dynamic_cast<controls::CheckBox*>(&control) != nullptr) {
+    Tick(id, value == "on");
+  } else if (dynamic_cast<controls::Slider*>(&control) != nullptr) {
+    Move(id, std::stoi(std::string(value)));
+  } else {
+    Press(id);
+  }
+}
+
+void Driven::ReadAgain() {
+  auto& box = Get<controls::CheckBox>("direct3d.antialiasing.enable-sli-antialiasing");
+  const bool on = box.Checked();
+  Tick(box.Id(), !on);
+  Tick(box.Id(), on);
+}
+
+std::string Driven::State(std::string_view name) const {
+  for (const auto& [each, value] : program.State()) {
+    if (each != name) continue;
+    const auto* number = std::get_if<int>(&value);
+    return number != nullptr ? std::to_string(*number) : std::get<std::string>(value);
+  }
+  throw std::runtime_error("no shared value " + std::string(name));
+}
+
+std::string Joined(const std::vector<std::string>& lines, std::string_view between) {
+  std::string text;
+  for (const std::string& line : lines) {
+    text += (text.empty() ? "" : std::string(between)) + line;
+  }
+  return text;
+}
+
+}  // namespace kestrune::test

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/portable/files.h"
+#include "platform/portable/store_registry.h"
+#include "platform/services.h"
+#include "platform/temp_folder.h"
+#include "platform/tracing.h"
+#include "ui/forms/program.h"
+
+namespace kestrune::test {
+
+inline constexpr std::string_view kTweakKey = R"(HKLM\SOFTWARE\NVIDIA Corporation\Global\NVTweak)";
+inline constexpr std::string_view kDebugKey =
+    R"(HKLM\SOFTWARE\NVIDIA Corporation\Global\OpenGL\Debug)";
+inline constexpr std::string_view kOptionsKey = R"(HKCU\Software\Kestrune)";
+
+/// What tells one machine from another. An empty device stands for no NVIDIA card.
+struct MachineKind {
+  int family = 3;     ///< 0 Windows 98, 1 NT 4, 2 Windows 2000, 3 XP, 4 Vista
+  int driver = 8000;  ///< release times 100; 0 is no driver file
+  std::string device = "0091";
+};
+
+/// A machine in memory: a real store without a file, the shipped data files, and fakes for the
+/// rest. It logs what is asked of it and what is done to it, one line each, in order.
+class FakeMachine : public platform::DisplayApi,
+                    public platform::VersionApi,
+                    public platform::ShellApi,
+                    public platform::DialogApi {
+ public:
+  explicit FakeMachine(MachineKind setup = {});
+
+  platform::Services Services();
+  const MachineKind& Kind() const { return setup_; }
+
+  /// Lays a file over the shipped ones; `path` as in "DATA/mt.dat".
+  void Lay(std::string_view path, std::string_view bytes);
+  /// From now on there are only the files that were laid.
+  void HideShippedFiles();
+  platform::FilesApi& Files() { return *files_; }
+
+  /// The driver's key with its root, and the keys of both interfaces.
+  std::string DriverKey() const;
+  std::string Direct3DKey() const { return InterfaceKey("Direct3D"); }
+  std::string OpenGLKey() const { return InterfaceKey("OpenGL"); }
+
+  /// Stores a value: its key, name and "TYPE DATA".
+  void Store(std::string_view key, std::string_view name, std::string_view value);
+  /// A value as "TYPE DATA"; empty when it is not set.
+  std::string Stored(std::string_view key, std::string_view name);
+  void Unset(std::string_view key, std::string_view name);
+  /// Stores a number where and as this system's driver keeps it; without one, unsets the value.
+  void StoreDirect3D(std::string_view name, std::optional<std::uint32_t> number);
+  void StoreOpenGL(std::string_view name, std::optional<std::uint32_t> number);
+  /// How the driver keeps a number: as REG_DWORD on Windows 9x, else as four bytes.
+  std::string Kept(std::uint32_t number) const;
+
+  /// The lines of changes since the last call, in short: "write KEY NAME TYPE DATA", with K for
+  /// the driver's key.
+  std::vector<std::string> TakeTrace();
+  /// The line that writing a number gives, or that deleting gives when there is none.
+  std::string Direct3DLine(std::string_view name, std::optional<std::uint32_t> number) const;
+  std::string OpenGLLine(std::string_view name, std::optional<std::uint32_t> number) const;
+
+  std::optional<platform::DisplayDevice> DeviceAt(int index) override;
+  platform::OsVersion SystemVersion() override;
+  std::optional<std::string> FileVersionText(std::string_view file_name) override;
+  bool StartCommand(std::string_view, platform::WindowState window) override;
+  bool OpenWebPage(std::string_view) override { return true; }
+  bool OpenControlPanelItem(std::string_view) override { return true; }
+  platform::Answer ShowMessage(std::string_view title, std::string_view text,
+                               platform::Buttons buttons) override;
+  void RunPendingEvents() override { log.push_back("events"); }
+
+  std::vector<std::string> log;
+  std::vector<std::string> messages;
+  std::vector<platform::DisplayDevice> devices;
+  platform::OsVersion os;
+  std::string driver_version;    ///< empty: no such file
+  std::string direct3d_version;  ///< empty: no such file
+  platform::WindowState last_window = platform::WindowState::kNormal;
+
+ private:
+  std::string InterfaceKey(std::string_view name) const;
+  std::string Prefixed(std::string_view name) const;
+
+  MachineKind setup_;
+  platform::TempFolder folder_;
+  std::unique_ptr<platform::portable::Store> store_;
+  std::unique_ptr<platform::portable::StoreRegistry> registry_;
+  std::unique_ptr<platform::TracingRegistry> tracing_;
+  platform::TracingShell shell_;
+  std::unique_ptr<platform::portable::FolderFiles> files_;
+};
+
+/// A started program, driven as a person at its window drives it. An action that the control
+/// doesn't take fails the test.
+class Driven {
+ public:
+  explicit Driven(FakeMachine& machine, std::string_view command_line = "");
+
+  void Choose(std::string_view id, std::string_view item);
+  void Choose(std::string_view id, int position);
+  void Type(std::string_view id, std::string_view text);
+  void Tick(std::string_view id, bool on = true);
+  void Move(std::string_view id, int value);
+  void Press(std::string_view id);
+  void Hover(std::string_view id);
+  /// Does to a control what `value` asks of its kind: an item, "on", "off" or a number.
+  void Use(std::string_view id, std::string_view value);
+  /// Makes the program read the settings again, as it does after a change of SLI antialiasing.
+  void ReadAgain();
+
+  /// The value as the page shows it.
+  std::string Text(std::string_view id) const { return Find(id).ValueText(); }
+  std::string Caption(std::string_view id) const { return Find(id).Caption(); }
+  bool Enabled(std::string_view id) const { return Find(id).Enabled(); }
+  bool Visible(std::string_view id) const { return Find(id).Visible(); }
+  std::vector<std::string> Items(std::string_view id) const;
+  /// A shared value by its name, as text.
+  std::string State(std::string_view name) const;
+
+  template <typename T>
+  T& Get(std::string_view id) const {
+    return dynamic_cast<T&>(Find(id));
+  }
+
+  forms::Program program;
+  bool started;
+
+ private:
+  controls::Control& Find(std::string_view id) const;
+};
+
+/// What a running program shows or keeps is compared with this in one text.
+std::string Joined(const std::vector<std::string>& lines, std::string_view between = ", ");
+
+}  // namespace kestrune::test

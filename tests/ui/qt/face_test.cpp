@@ -1,0 +1,255 @@
+#include "ui/qt/face.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <set>
+
+#include "platform/portable/portable_machine.h"
+#include "platform/services.h"
+#include "ui/forms/help_form.h"
+#include "ui/forms/main_form.h"
+
+namespace kestrune::qt {
+namespace {
+
+using platform::RegRoot;
+
+class SilentDialog : public platform::DialogApi {
+ public:
+  platform::Answer ShowMessage(std::string_view, std::string_view, platform::Buttons) override {
+    return platform::Answer::kOk;
+  }
+  void RunPendingEvents() override {}
+};
+
+/// A started program on a machine of its own, and its windows.
+class RunningProgram {
+ public:
+  explicit RunningProgram(const QString& store, const QString& program_folder = {})
+      : machine_(Open(store, program_folder)),
+        program_({machine_->Registry(), machine_->Display(), machine_->Version(), machine_->Shell(),
+                  machine_->Files(), dialog_}) {
+    EXPECT_TRUE(program_.Start(""));
+    face_.emplace(program_, machine_->Files(), [this] { return store_failure_; });
+    Window().activateWindow();
+    (void)QTest::qWaitForWindowActive(&Window());
+  }
+
+  forms::Program& TheProgram() { return program_; }
+  FormView& Window() { return *face_->ViewOf(program_.Main()); }
+  FormView* HelpWindow() { return face_->ViewOf(program_.Help()); }
+  void FailStore(const std::string& sentence) { store_failure_ = sentence; }
+
+  template <typename T>
+  T& Widget(std::string_view id) {
+    auto* widget = dynamic_cast<T*>(Window().WidgetOf(*program_.Find(id)));
+    if (widget == nullptr) throw std::out_of_range(std::string(id));
+    return *widget;
+  }
+  void Pick(std::string_view combo_id, const QString& entry) {
+    auto& combo = Widget<QComboBox>(combo_id);
+    combo.showPopup();
+    combo.view()->setCurrentIndex(combo.model()->index(combo.findText(entry), 0));
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+  }
+  /// A binary or numeric value as hex digits; empty when it isn't set.
+  std::string Stored(RegRoot root, const std::string& key_path, std::string_view name) {
+    platform::RegHandle key = 0;
+    if (machine_->Registry().OpenKey(root, key_path, key) != platform::RegStatus::kSuccess) {
+      return "";
+    }
+    platform::RegType type = platform::RegType::kNone;
+    std::size_t size = 0;
+    QByteArray data(64, '\0');
+    const auto bytes = std::as_writable_bytes(std::span(data.data(), 64));
+    const auto status = machine_->Registry().QueryValue(key, name, type, size, bytes);
+    machine_->Registry().CloseKey(key);
+    if (status != platform::RegStatus::kSuccess) return "";
+    return data.left(static_cast<qsizetype>(size)).toHex(' ').toStdString();
+  }
+  std::string DriverValue(std::string_view name) {
+    for (const auto& [row, value] : program_.State()) {
+      if (row == "PureKey")
+        return Stored(RegRoot::kLocalMachine, std::get<std::string>(value), name);
+    }
+    return "";
+  }
+  std::string Option(std::string_view name) {
+    return Stored(RegRoot::kCurrentUser, "Software\\Kestrune", name);
+  }
+
+ private:
+  static std::unique_ptr<platform::portable::PortableMachine> Open(const QString& store,
+                                                                   const QString& program_folder) {
+    platform::portable::MachineOptions options;
+    options.store = store.toStdString();
+    options.machine = "winxp-geforce7800";
+    options.program_folder = program_folder.toStdString();
+    auto opened = platform::portable::PortableMachine::Open(options);
+    if (!opened) throw std::runtime_error(opened.Reason());
+    return std::move(opened).Value();
+  }
+
+  std::unique_ptr<platform::portable::PortableMachine> machine_;
+  SilentDialog dialog_;
+  forms::Program program_;
+  std::optional<std::string> store_failure_;
+  std::optional<Face> face_;
+};
+
+class FaceTest : public testing::Test {
+ protected:
+  QString NewStore() { return folder_.filePath("face.store"); }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(FaceTest, AModePickedInTheWindowIsStoredMirroredAndShownAtTheNextStart) {
+  {
+    RunningProgram running(NewStore());
+    QTest::mouseClick(&running.Widget<QToolButton>("main.dx"), Qt::LeftButton, {}, QPoint(10, 10));
+    running.Pick("direct3d.antialiasing.antialiasing-mode", "4x");
+    EXPECT_EQ(running.DriverValue("D3DOGL_70835937"), "10 00 00 10");
+    QTest::mouseClick(&running.Widget<QToolButton>("main.ogl"), Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(running.Widget<QComboBox>("opengl.antialiasing.antialiasing-mode").currentText(),
+              "4x");
+  }
+  RunningProgram again(NewStore());
+  again.TheProgram().GoToPage(1);
+  EXPECT_EQ(again.Widget<QComboBox>("direct3d.antialiasing.antialiasing-mode").currentText(), "4x");
+}
+
+TEST_F(FaceTest, AMenuItemLeadsToItsPage) {
+  RunningProgram running(NewStore());
+  auto& button = running.Widget<QToolButton>("main.dx");
+  QTimer::singleShot(0, &button, [&button] { QTest::keyClick(button.menu(), Qt::Key_M); });
+  QTest::keyClick(&button, Qt::Key_Down);
+  EXPECT_EQ(running.TheProgram().ActivePage(), 8);
+  EXPECT_TRUE(running.Widget<QWidget>("direct3d.misc").isVisible());
+}
+
+TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
+  RunningProgram running(NewStore());
+  for (int page = 0; page < forms::kPageCount; ++page) {
+    running.TheProgram().GoToPage(page);
+    std::set<QString> usable;
+    for (const auto& control : running.TheProgram().Main().Controls()) {
+      const QWidget* widget = running.Window().WidgetOf(*control);
+      const bool takes_use = dynamic_cast<controls::Label*>(control.get()) == nullptr &&
+                             dynamic_cast<controls::Frame*>(control.get()) == nullptr &&
+                             dynamic_cast<controls::Window*>(control.get()) == nullptr;
+      const bool is_picture = dynamic_cast<controls::PictureBox*>(control.get()) != nullptr;
+      if (widget == nullptr || !takes_use || !control->Usable()) continue;
+      if (!is_picture || control->on_click) usable.insert(widget->objectName());
+    }
+    std::set<QString> visited;
+    running.Widget<QWidget>("main.nvcpl").setFocus();
+    for (std::size_t i = 0; i < usable.size() + 2; ++i) {
+      visited.insert(QApplication::focusWidget()->objectName());
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    for (const QString& id : usable) {
+      EXPECT_TRUE(visited.contains(id)) << "page " << page << ", " << id.toStdString();
+    }
+  }
+}
+
+TEST_F(FaceTest, TheKeyboardOpensTheLowerPanelAndItsOptionsAreStored) {
+  RunningProgram running(NewStore());
+  running.Widget<QWidget>("main.lower-panel-edge").setFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
+  auto& box = running.Widget<QCheckBox>("main.enable-help-system");
+  EXPECT_TRUE(box.isChecked());
+  QTest::keyClick(&box, Qt::Key_Space);
+  EXPECT_EQ(running.Option("HelpSystem"), "00 00 00 00");
+}
+
+TEST_F(FaceTest, HoveringOpensHelpBesideTheWindowAndLeavesTheFocusAlone) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(6);
+  EXPECT_EQ(running.HelpWindow(), nullptr);
+  QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(9, 9));
+  ASSERT_NE(running.HelpWindow(), nullptr);
+  EXPECT_TRUE(running.HelpWindow()->isVisible());
+  EXPECT_TRUE(running.HelpWindow()->testAttribute(Qt::WA_ShowWithoutActivating));
+  EXPECT_GE(running.HelpWindow()->x(), running.Window().x() + running.Window().width());
+  running.HelpWindow()->close();
+  EXPECT_FALSE(running.HelpWindow()->isVisible());
+  QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(11, 9));
+  EXPECT_TRUE(running.HelpWindow()->isVisible());
+}
+
+TEST_F(FaceTest, TheWindowGoesBackToItsWidthAndFromMaximised) {
+  RunningProgram running(NewStore());
+  FormView& window = running.Window();
+  window.setMinimumSize(0, 0);
+  window.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  window.resize(700, window.height());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.width() == 545; }));
+  window.showMaximized();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isMaximized() && window.width() == 545; }));
+}
+
+TEST_F(FaceTest, ClosingTheWindowRunsTheShutDown) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(12);
+  QTest::mouseClick(&running.Widget<QCheckBox>("main.remember-last-visited-page"), Qt::LeftButton,
+                    {}, QPoint(5, 8));
+  running.TheProgram().GoToPage(13);
+  running.Window().close();
+  EXPECT_TRUE(running.TheProgram().Ended());
+  EXPECT_EQ(running.Option("LVP"), "0d 00 00 00");
+}
+
+TEST_F(FaceTest, AFailureOfTheStoreIsSaidOnceAndTheLowerPanelStillOpens) {
+  RunningProgram running(NewStore());
+  running.FailStore("The store is full.");
+  running.TheProgram().GoToPage(6);
+  for (int i = 0; i < 2; ++i) {
+    QTest::mouseClick(&running.Widget<QCheckBox>("direct3d.filtering.disable-mipmap-filtering"),
+                      Qt::LeftButton, {}, QPoint(5, 8));
+  }
+  QList<QLabel*> notices;
+  for (QLabel* label : running.Window().findChildren<QLabel*>()) {
+    if (label->accessibleName() == "The store is full.") notices += label;
+  }
+  ASSERT_EQ(notices.size(), 1);
+  EXPECT_TRUE(notices[0]->isVisible());
+  QTest::mouseMove(notices[0], QPoint(5, 5));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
+}
+
+TEST_F(FaceTest, WithoutALanguageFileEverythingStillHasANameAndCanBeUsed) {
+  RunningProgram running(NewStore(), folder_.path());
+  for (int page = 0; page < forms::kPageCount; ++page) {
+    running.TheProgram().GoToPage(page);
+    for (const auto& control : running.TheProgram().Main().Controls()) {
+      const QWidget* widget = running.Window().WidgetOf(*control);
+      if (widget == nullptr || !widget->isVisible()) continue;
+      EXPECT_FALSE(widget->accessibleName().isEmpty() && !widget->isWindow()) << control->Id();
+    }
+  }
+  auto& button = running.Widget<QToolButton>("main.dx");
+  QTimer::singleShot(0, &button, [&button] {
+    EXPECT_FALSE(button.menu()->actions().first()->text().isEmpty());
+    QTest::keyClick(button.menu(), Qt::Key_Return);
+    button.menu()->close();
+  });
+  QTest::keyClick(&button, Qt::Key_Down);
+  running.TheProgram().GoToPage(8);
+  auto& box = running.Widget<QCheckBox>("direct3d.misc.enable-fog-table-emulation");
+  EXPECT_EQ(box.toolTip(), "Enable fog table emulation");
+}
+
+}  // namespace
+}  // namespace kestrune::qt
