@@ -164,9 +164,9 @@ int Run(const Arguments& arguments) {
   forms::Program program({machine.Registry(), machine.Display(), machine.Version(), machine.Shell(),
                           machine.Files(), dialog});
   if (!program.Start("")) return 3;
-  qt::Face face(program, machine.Files());
   // No button may look as if the mouse were over it.
   QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+  qt::Face face(program, machine.Files());
   QCoreApplication::processEvents();
   QDir().mkpath(arguments.folder);
   return Photographer(program, face, QDir(arguments.folder)).TakeAll() ? 0 : 3;

@@ -29,6 +29,7 @@ Face::Face(forms::Program& program, platform::FilesApi& files, StoreFailure stor
   QApplication::setQuitOnLastWindowClosed(false);
   main_view_ = std::make_unique<FormView>(program_.Main(), context_, nullptr);
   views_[&program_.Main()] = main_view_.get();
+  main_view_->FollowWindow();
   for (forms::Form* form : program_.Forms()) {
     if (form == &program_.Main()) continue;
     controls::Control& window = WindowOf(*form);
@@ -48,7 +49,10 @@ FormView* Face::ViewOf(const forms::Form& form) const {
 }
 
 void Face::ShowForm(forms::Form& form, FormView* owner) {
-  if (ViewOf(form) == nullptr) views_[&form] = new FormView(form, context_, owner);
+  if (ViewOf(form) != nullptr) return;
+  auto* view = new FormView(form, context_, owner);
+  views_[&form] = view;
+  view->FollowWindow();
 }
 
 void Face::AfterAct() {

@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QMetaObject>
-#include <utility>
 
 #include "ui/qt/face_context.h"
 #include "ui/qt/tool_button.h"
@@ -27,8 +26,11 @@ FormView::FormView(forms::Form& form, FaceContext& context, QWidget* owner)
   setMouseTracking(true);
   widgets_[&window_] = this;
   Build();
-  RedrawWindow();
+}
+
+void FormView::FollowWindow() {
   subscriptions_.push_back(window_.Observe([this] { RedrawWindow(); }));
+  RedrawWindow();
 }
 
 QWidget* FormView::WidgetOf(const controls::Control& control) const {
@@ -88,16 +90,14 @@ void FormView::RedrawWindow() {
 }
 
 void FormView::PlaceWindow() {
-  const bool was_placing = std::exchange(placing_, true);
   if (isMaximized() && !window_.Maximised()) setWindowState(windowState() & ~Qt::WindowMaximized);
   const QRect bounds = context_.TheScale().ToPixels(window_.Bounds());
   if (bounds.topLeft() != QPoint(0, 0) && bounds.topLeft() != pos()) move(bounds.topLeft());
   setFixedSize(bounds.size());
-  placing_ = was_placing;
 }
 
 void FormView::ReportPlaceLater() {
-  if (placing_ || report_pending_ || !isVisible()) return;
+  if (report_pending_ || !isVisible()) return;
   report_pending_ = true;
   // The window system speaks of one change in several events, and is not to be answered within
   // them.

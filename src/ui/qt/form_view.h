@@ -21,6 +21,9 @@ class FormView : public QWidget {
  public:
   FormView(forms::Form& form, FaceContext& context, QWidget* owner);
 
+  /// Appears where and whenever the form's window does, from now on.
+  void FollowWindow();
+
   const controls::Window& TheWindow() const { return window_; }
   /// The widget of a control; null while it isn't built.
   QWidget* WidgetOf(const controls::Control& control) const;
@@ -50,7 +53,6 @@ class FormView : public QWidget {
   std::unordered_map<const controls::Control*, QWidget*> widgets_;
   std::vector<controls::Subscription> subscriptions_;
   WidgetMaker maker_;
-  bool placing_ = false;
   bool report_pending_ = false;
 };
 
