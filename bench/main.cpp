@@ -1,0 +1,69 @@
+// kestrune_bench: what the program costs beside what it stands on. Each row compares two ways of
+// doing the same, measured in turn in this one run. Status 1: a limit was missed.
+#include <stdlib.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "failure.h"
+#include "registry.h"
+#include "whole_programs.h"
+
+namespace {
+
+using namespace kestrune::bench;
+
+/// A folder for one run, gone with it.
+class WorkFolder {
+ public:
+  WorkFolder() {
+    path_ = (std::filesystem::temp_directory_path() / "kestrune-bench-XXXXXX").string();
+    if (mkdtemp(path_.data()) == nullptr) GiveUp(path_ + " can't be made.");
+  }
+  ~WorkFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+  }
+  WorkFolder(const WorkFolder&) = delete;
+  WorkFolder& operator=(const WorkFolder&) = delete;
+
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+int Print(const std::vector<Row>& rows) {
+  constexpr double kMicro = 1e6;
+  int missed = 0;
+  std::printf("%-66s %10s %10s %6s %6s\n", "microseconds, medians: what : against what", "ours",
+              "bare", "ratio", "limit");
+  for (const Row& row : rows) {
+    const bool is_missed = row.Ratio() > row.limit;
+    std::printf("%-66s %10.2f %10.2f %6.2f %6.2f%s\n", row.what.c_str(), row.ours * kMicro,
+                row.bare * kMicro, row.Ratio(), row.limit, is_missed ? "  missed" : "");
+    if (is_missed) ++missed;
+  }
+  std::printf("Processor time, user and system; for create + set + close the time that went by.\n");
+  return missed;
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+  const bool quick = argument_count == 2 && std::string_view(arguments[1]) == "--quick";
+  if (argument_count > 1 && !quick) {
+    std::fprintf(stderr, "usage: kestrune_bench [--quick]\n");
+    return 2;
+  }
+  // A quick run tells that everything works, and nothing about speed.
+  const WorkFolder folder;
+  std::vector<Row> rows = CompareRegistry(folder.Path(), quick ? 2 : 301);
+  for (Row& row : CompareWholePrograms(folder.Path(), quick ? 2 : 61))
+    rows.push_back(std::move(row));
+  const int missed = Print(rows);
+  return missed > 0 && !quick ? 1 : 0;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "side_by_side.h"
+
+namespace kestrune::bench {
+
+/// Registry operations against the prepared statements that they need, on a store of their own in
+/// that folder. Ends the program when something can't be done.
+std::vector<Row> CompareRegistry(const std::string& folder, int rounds);
+
+}  // namespace kestrune::bench

@@ -1,0 +1,30 @@
+// Starts the program with its window, as kestrune does, and ends when it has been painted.
+#include <QApplication>
+
+#include "first_paint.h"
+#include "platform/portable/portable_machine.h"
+#include "platform/services.h"
+#include "ui/forms/main_form.h"
+#include "ui/forms/program.h"
+#include "ui/qt/face.h"
+#include "ui/qt/face_style.h"
+#include "ui/qt/qt_dialog.h"
+
+using namespace kestrune;
+
+int main(int argument_count, char** arguments) {
+  QApplication::setStyle(new qt::FaceStyle);
+  QApplication::setApplicationName("kestrune");
+  QGuiApplication::setDesktopFileName("kestrune");
+  const QApplication application(argument_count, arguments);
+  auto opened = platform::portable::PortableMachine::Open({});
+  if (!opened) return 3;
+  platform::portable::PortableMachine& machine = *opened.Value();
+  qt::QtDialog dialog;
+  forms::Program program({machine.Registry(), machine.Display(), machine.Version(), machine.Shell(),
+                          machine.Files(), dialog});
+  if (!program.Start("")) return 3;
+  const qt::Face face(program, machine.Files(), [&machine] { return machine.FirstFailure(); });
+  const bench::EndAfterFirstPaint end(*face.ViewOf(program.Main()));
+  return QApplication::exec();
+}
