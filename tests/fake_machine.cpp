@@ -30,7 +30,7 @@ class LoggingRegistry : public TracingRegistry {
 
   RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type, std::size_t& size,
                        std::span<std::byte> data) override {
-    if (data.data() == nullptr) log_.push_back("read " + std::string(name));
+    log_.push_back("read " + std::string(name));
     return TracingRegistry::QueryValue(key, name, type, size, data);
   }
 

@@ -62,7 +62,18 @@ class JsonMaker : public ControlVisitor {
   Json& json_;
 };
 
-/// The position in a list that a value names: an item, exactly or without regard to case, or "#n".
+/// The number that a value names as "#n"; nothing for a value of another form.
+std::optional<int> ParsePosition(const std::string& value) {
+  int position = -1;
+  const char* end_of_text = value.data() + value.size();
+  if (!value.starts_with('#')) return std::nullopt;
+  const auto [end, error] = std::from_chars(value.data() + 1, end_of_text, position);
+  if (error != std::errc() || end != end_of_text || position < 0) return std::nullopt;
+  return position;
+}
+
+/// The position in a list that a value names: an item, exactly or without regard to case, or "#n",
+/// which the list may lack. -1 for a value that names none.
 int FindItem(const std::vector<std::string>& items, const std::string& value) {
   const auto index = [&items](auto found) {
     return found == items.end() ? -1 : static_cast<int>(found - items.begin());
@@ -73,13 +84,7 @@ int FindItem(const std::vector<std::string>& items, const std::string& value) {
   const int folded = index(std::find_if(items.begin(), items.end(), [&value](const auto& item) {
     return platform::portable::SameWithoutCase(item, value);
   }));
-  if (folded >= 0 || !value.starts_with('#')) return folded;
-  int position = -1;
-  const auto [end, error] =
-      std::from_chars(value.data() + 1, value.data() + value.size(), position);
-  const bool is_number = error == std::errc() && end == value.data() + value.size();
-  return is_number && position >= 0 && static_cast<std::size_t>(position) < items.size() ? position
-                                                                                         : -1;
+  return folded >= 0 ? folded : ParsePosition(value).value_or(-1);
 }
 
 std::string Listed(const std::vector<std::string>& items) {
@@ -111,11 +116,8 @@ class ValueUser : public ControlVisitor {
   }
   void Visit(controls::ComboBox& combo) override {
     const int position = FindItem(combo.Items(), value_);
-    if (position >= 0) {
-      (void)combo.Choose(position);
-    } else if (!combo.Type(value_)) {
-      Refuse(Listed(combo.Items()));
-    }
+    const bool taken = position >= 0 ? combo.Choose(position) : combo.Type(value_);
+    if (!taken) Refuse(Listed(combo.Items()));
   }
   void Visit(controls::ListBox& list) override {
     if (!list.Choose(FindItem(list.Items(), value_))) Refuse(Listed(list.Items()));

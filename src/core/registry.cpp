@@ -17,6 +17,8 @@ namespace {
 constexpr std::size_t kDwordSize = 4;
 /// The driver keeps some numbers in binary values of up to six bytes, of which four count.
 constexpr std::size_t kBinaryCapacity = 6;
+/// Room for every number and most texts, so that one query gets them.
+constexpr std::size_t kUsualSize = 64;
 
 /// The data of a write: a 32-bit number, or the text to store, or why neither is possible.
 struct Converted {
@@ -83,20 +85,21 @@ RegValue basRegistry::ReadRegValue(RegRoot root, std::string_view path, std::str
 }
 
 RegValue basRegistry::ReadOpenKey(RegHandle key, std::string_view name) {
+  std::array<std::byte, kUsualSize> buffer{};
   RegType type = RegType::kNone;
   std::size_t size = 0;
   // A missing value leaves the type at none, which reads as empty text.
-  LastRegStatus = api_.QueryValue(key, name, type, size, {});
-  switch (type) {
-    case RegType::kSz:
-      return ReadText(key, name, size);
-    case RegType::kDword:
-      return ReadNumber(key, name, kDwordSize);
-    case RegType::kBinary:
-      return ReadNumber(key, name, kBinaryCapacity);
-    default:
-      return {};
+  LastRegStatus = api_.QueryValue(key, name, type, size, buffer);
+  const bool is_number = (type == RegType::kDword && size <= kDwordSize) ||
+                         (type == RegType::kBinary && size <= kBinaryCapacity);
+  if (is_number) return RegValue(FromLittleEndian(buffer));
+  if (type != RegType::kSz) {
+    if (type == RegType::kDword || type == RegType::kBinary) LastRegStatus = RegStatus::kMoreData;
+    return {};
   }
+  if (size > buffer.size()) return ReadText(key, name, size);
+  const std::string_view text(reinterpret_cast<const char*>(buffer.data()), size);
+  return RegValue(std::string(text.substr(0, text.find('\0'))));
 }
 
 RegValue basRegistry::ReadText(RegHandle key, std::string_view name, std::size_t size) {
@@ -105,15 +108,6 @@ RegValue basRegistry::ReadText(RegHandle key, std::string_view name, std::size_t
   LastRegStatus = api_.QueryValue(key, name, type, size, std::as_writable_bytes(std::span(text)));
   if (LastRegStatus != RegStatus::kSuccess) return {};
   return RegValue(text.substr(0, text.find('\0')));
-}
-
-RegValue basRegistry::ReadNumber(RegHandle key, std::string_view name, std::size_t capacity) {
-  std::array<std::byte, kBinaryCapacity> buffer{};
-  RegType type = RegType::kNone;
-  std::size_t size = 0;
-  LastRegStatus = api_.QueryValue(key, name, type, size, std::span(buffer).first(capacity));
-  if (LastRegStatus != RegStatus::kSuccess) return {};
-  return RegValue(FromLittleEndian(buffer));
 }
 
 WriteResult basRegistry::WriteRegValue(RegRoot root, std::string_view path, std::string_view name,

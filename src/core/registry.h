@@ -76,7 +76,6 @@ class basRegistry {
  private:
   RegValue ReadOpenKey(platform::RegHandle key, std::string_view name);
   RegValue ReadText(platform::RegHandle key, std::string_view name, std::size_t size);
-  RegValue ReadNumber(platform::RegHandle key, std::string_view name, std::size_t capacity);
 
   platform::RegistryApi& api_;
 };

@@ -102,7 +102,7 @@ void CapabilityOverrides::OverrideTexturesClicked() {
 }
 
 std::optional<CapabilityOverrides::ShaderLimit> CapabilityOverrides::CardLimit(
-    std::string_view table, bool is_vertex) {
+    const std::string& table, bool is_vertex) {
   const std::string version = cards_.GetCardData(table, true);
   const std::optional<int> position = core::ParseInt32(cards_.CardDataExtra);
   if (version.empty() || !position) return std::nullopt;

@@ -61,7 +61,7 @@ class CapabilityOverrides {
     int version;
     int position;
   };
-  std::optional<ShaderLimit> CardLimit(std::string_view table, bool is_vertex);
+  std::optional<ShaderLimit> CardLimit(const std::string& table, bool is_vertex);
   void InitShader(const ShaderRow& row, const ShaderControls& controls, std::string& version_text,
                   const std::optional<ShaderLimit>& limit);
   void RemoveShader(const ShaderRow& row, controls::Label& label, std::string& version_text);

@@ -12,13 +12,18 @@ std::string CardData::Key(std::string_view table) const {
   return id.size() > first ? id.substr(first, 2) : std::string();
 }
 
-std::string CardData::GetCardData(std::string_view table, bool with_extra) {
-  const std::optional<std::string> bytes =
-      files_.ReadBytes("\\DATA\\" + std::string(table) + ".dat");
-  if (!bytes) return {};
+const std::string& CardData::Table(const std::string& name) {
+  const auto [table, is_new] = tables_.try_emplace(name);
+  if (!is_new) return table->second;
+  if (const std::optional<std::string> bytes = files_.ReadBytes("\\DATA\\" + name + ".dat")) {
+    table->second = files_.DecodeText(*bytes, 0);
+  }
+  return table->second;
+}
+
+std::string CardData::GetCardData(const std::string& table, bool with_extra) {
   const std::string wanted = Key(table);
-  const std::string text = files_.DecodeText(*bytes, 0);
-  core::FieldReader fields(text);
+  core::FieldReader fields(Table(table));
   while (!fields.AtEnd()) {
     const std::string key = fields.Next().value_or("");
     std::string value = fields.Next().value_or("");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -18,15 +19,18 @@ class CardData {
 
   /// The value of the card's record, or empty text. With `with_extra` the records have a third
   /// field, which CardDataExtra takes when there is a match.
-  std::string GetCardData(std::string_view table, bool with_extra);
+  std::string GetCardData(const std::string& table, bool with_extra);
 
   std::string CardDataExtra;
 
  private:
   std::string Key(std::string_view table) const;
+  const std::string& Table(const std::string& name);
 
   platform::FilesApi& files_;
   const AdapterState& adapter_;
+  /// The tables' texts, each read when it is first asked for; empty where there is no file.
+  std::map<std::string, std::string> tables_;
 };
 
 }  // namespace kestrune::detect

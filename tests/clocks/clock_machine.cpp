@@ -14,18 +14,18 @@ namespace {
 
 using platform::portable::PortableMachine;
 
-constexpr std::string_view kSystems[] = {"major = 4\nminor = 10\nplatform = 1\n",
-                                         "major = 4\nminor = 0\nplatform = 2\n",
-                                         "major = 5\nminor = 0\nplatform = 2\n",
-                                         "major = 5\nminor = 1\nplatform = 2\n"};
+constexpr std::string_view kSystems[] = {
+    "major = 4\nminor = 10\nplatform = 1\n", "major = 4\nminor = 0\nplatform = 2\n",
+    "major = 5\nminor = 0\nplatform = 2\n", "major = 5\nminor = 1\nplatform = 2\n"};
 
 std::string Description(const ClockSetup& setup) {
   char version[32];
   std::snprintf(version, sizeof version, "6.14.10.%04d", setup.driver);
   const std::string driver_file = setup.family == 0 ? "NvCpl.dll" : "nv4_disp.dll";
   return "[os]\n" + std::string(kSystems[setup.family]) + "[file_versions]\n\"" + driver_file +
-         "\" = \"" + version + "\"\n[[display_device]]\nname = 'D'\nhardware_id = " +
-         "'PCI\\VEN_10DE&DEV_" + setup.device + "&SUBSYS_00000000&REV_A1'\n" +
+         "\" = \"" + version +
+         "\"\n[[display_device]]\nname = 'D'\nhardware_id = " + "'PCI\\VEN_10DE&DEV_" +
+         setup.device + "&SUBSYS_00000000&REV_A1'\n" +
          "driver_key = '\\Registry\\Machine\\System\\Card'\n" +
          (setup.clocks.empty() ? "" : "[clocks]\n" + setup.clocks);
 }
@@ -52,9 +52,8 @@ ClockMachine::ClockMachine(const ClockSetup& setup) {
 }
 
 void ClockMachine::Restart() {
-  program_ = std::make_unique<forms::Program>(
-      platform::Services{*registry_, machine_->Display(), machine_->Version(), *shell_,
-                         machine_->Files(), *this});
+  program_ = std::make_unique<forms::Program>(platform::Services{
+      *registry_, machine_->Display(), machine_->Version(), *shell_, machine_->Files(), *this});
   EXPECT_TRUE(program_->Start(""));
   trace_.clear();
 }

@@ -43,8 +43,7 @@ class ClockMachine : public platform::DialogApi {
   /// the clock keys below the two roots; another key is written out.
   std::vector<std::string> TakeTrace();
 
-  platform::Answer ShowMessage(std::string_view, std::string_view text,
-                               platform::Buttons) override;
+  platform::Answer ShowMessage(std::string_view, std::string_view text, platform::Buttons) override;
   void RunPendingEvents() override {}
 
   std::vector<std::string> messages;

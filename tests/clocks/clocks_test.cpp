@@ -11,10 +11,14 @@ constexpr char kTwoPairs[] =
     "core = 325\nmemory = 700\ncore_3d = 350\nmemory_3d = 700\nhomer = 1000\n";
 
 const ClockSetup kSetups[] = {
-    {"Windows 98, driver 22.00", 0, 2200}, {"Windows 98, driver 22.81", 0, 2281},
-    {"Windows 98, driver 24.99", 0, 2499}, {"Windows 98, driver 26.00", 0, 2600},
-    {"Windows 2000, driver 40.00", 2, 4000}, {"Windows XP, driver 55.00", 3, 5500},
-    {"Windows XP, driver 55.01", 3, 5501}, {"Windows XP, driver 81.78", 3, 8178},
+    {"Windows 98, driver 22.00", 0, 2200},
+    {"Windows 98, driver 22.81", 0, 2281},
+    {"Windows 98, driver 24.99", 0, 2499},
+    {"Windows 98, driver 26.00", 0, 2600},
+    {"Windows 2000, driver 40.00", 2, 4000},
+    {"Windows XP, driver 55.00", 3, 5500},
+    {"Windows XP, driver 55.01", 3, 5501},
+    {"Windows XP, driver 81.78", 3, 8178},
     {"Windows XP, driver 81.78, two pairs", 3, 8178, "0041", kTwoPairs},
 };
 
@@ -213,8 +217,8 @@ TEST(OverclockingPage, LetsASliderMoveItsBoxAndNotTheOtherWay) {
   ClockMachine machine({"", 3, 8178});
   machine.Program().GoToPage(3);
   machine.TakeTrace();
-  auto& slider = dynamic_cast<controls::Slider&>(
-      *machine.Program().Find("overclocking.core-clock-slider"));
+  auto& slider =
+      dynamic_cast<controls::Slider&>(*machine.Program().Find("overclocking.core-clock-slider"));
   // 300 MHz divided and multiplied by 1.3.
   EXPECT_EQ(slider.Minimum(), 231);
   EXPECT_EQ(slider.Maximum(), 390);

@@ -47,7 +47,6 @@ TEST(StartUpTest, TakesItsStepsInOrder) {
                          "read D3DOGL_12677978",
                          "read CoolBits",
                          "read NvCplDisableRefreshRatePage",
-                         R"(file \DATA\af.dat)",
                          "read OverrideMultiTexture",
                          "read OverrideShaders",
                          "read LastUpDate35",

@@ -31,7 +31,12 @@ TEST(ClockWord, HoldsBothClocksScrambled) {
 }
 
 TEST(ClockWord, DecodesEveryPairThatItEncodes) {
-  constexpr std::int32_t kHomers[] = {0, 1, 1000, 70000, -1, -70001,
+  constexpr std::int32_t kHomers[] = {0,
+                                      1,
+                                      1000,
+                                      70000,
+                                      -1,
+                                      -70001,
                                       std::numeric_limits<std::int32_t>::max(),
                                       std::numeric_limits<std::int32_t>::min()};
   constexpr std::int16_t kDevices[] = {0, 0x0041, 0x0330, -1};
