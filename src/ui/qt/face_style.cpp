@@ -9,17 +9,26 @@ namespace {
 
 constexpr int kDarkLightness = 128;
 constexpr int kTitleGap = 3;
+constexpr float kFrameStrength = 0.2F;
+constexpr float kOutlineStrength = 0.45F;
 
 bool IsDark(const QStyleOption& option) {
   return option.palette.color(QPalette::Window).lightness() < kDarkLightness;
 }
 
+/// A colour between the window's and, at full strength, that of its text.
+QColor Mixed(const QPalette& palette, float strength) {
+  const QColor ground = palette.color(QPalette::Window);
+  const QColor text = palette.color(QPalette::WindowText);
+  const auto mix = [strength](float from, float to) { return from + (to - from) * strength; };
+  return QColor::fromRgbF(mix(ground.redF(), text.redF()), mix(ground.greenF(), text.greenF()),
+                          mix(ground.blueF(), text.blueF()));
+}
+
 void DrawOutline(const QStyleOption& option, QPainter& painter, qreal radius) {
-  QColor colour = option.palette.color(QPalette::WindowText);
-  colour.setAlphaF(0.45F);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(colour);
+  painter.setPen(Mixed(option.palette, kOutlineStrength));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
   painter.restore();
@@ -27,17 +36,10 @@ void DrawOutline(const QStyleOption& option, QPainter& painter, qreal radius) {
 
 /// The style's own frame is a bitmap that is slow to load and hardly seen on dark backgrounds.
 void DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
-  QColor line = option.palette.color(QPalette::WindowText);
-  line.setAlphaF(0.2F);
-  QColor ground = line;
-  ground.setAlphaF(0.02F);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(line);
-  painter.setBrush(ground);
   const int title = option.fontMetrics.height() + kTitleGap;
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 2, 2);
-  painter.restore();
+  const QRect frame = option.rect.adjusted(0, title, -1, -1);
+  painter.setPen(Mixed(option.palette, kFrameStrength));
+  painter.drawRect(frame);
 }
 
 }  // namespace

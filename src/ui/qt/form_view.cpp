@@ -40,8 +40,9 @@ QWidget* FormView::WidgetOf(const controls::Control& control) const {
 
 void FormView::Build() {
   for (const auto& control : form_.Controls()) {
+    if (control->Parent() != &window_ || control->Visible()) continue;
     auto* frame = dynamic_cast<controls::Frame*>(control.get());
-    if (frame == nullptr || frame->Parent() != &window_ || frame->Visible()) continue;
+    if (frame == nullptr) continue;
     subscriptions_.push_back(frame->Observe([this, frame] {
       if (frame->Visible() && WidgetOf(*frame) == nullptr) BuildUnder(*frame);
     }));

@@ -16,8 +16,8 @@ constexpr int kIconPixels = 24;
 std::vector<controls::ToolKey*> KeysIn(const forms::Form& form, const controls::Control& parent) {
   std::vector<controls::ToolKey*> keys;
   for (const auto& control : form.Controls()) {
-    auto* key = dynamic_cast<controls::ToolKey*>(control.get());
-    if (key != nullptr && key->Parent() == &parent) keys.push_back(key);
+    if (control->Parent() != &parent) continue;
+    if (auto* key = dynamic_cast<controls::ToolKey*>(control.get())) keys.push_back(key);
   }
   return keys;
 }
