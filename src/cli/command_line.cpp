@@ -232,7 +232,9 @@ void CommandLine::AddRegistryCommands() {
     return ListRegistry(session, request_.options, streams_, request_.key);
   }));
   add("import", "Make the changes of a registry file",
-      [this](Session& session) { return ImportRegistry(session, streams_, request_.name); })
+      [this](Session& session) {
+        return ImportRegistry(session, request_.options, streams_, request_.name);
+      })
       ->add_option("FILE", request_.name)
       ->required();
 }

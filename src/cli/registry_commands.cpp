@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "cli/control_text.h"
+#include "platform/open_key.h"
 #include "platform/portable/reg_file.h"
 #include "platform/value_text.h"
 
@@ -12,7 +13,7 @@ namespace kestrune::cli {
 namespace {
 
 using platform::KeyAddress;
-using platform::RegHandle;
+using platform::OpenKey;
 using platform::RegistryApi;
 using platform::RegStatus;
 using platform::RegType;
@@ -27,22 +28,6 @@ std::optional<KeyAddress> KeyOf(const std::string& key, const Streams& streams) 
   return address;
 }
 
-/// Closes a key when it goes out of scope.
-class OpenedKey {
- public:
-  explicit OpenedKey(RegistryApi& registry) : registry_(registry) {}
-  ~OpenedKey() {
-    if (handle != 0) registry_.CloseKey(handle);
-  }
-  OpenedKey(const OpenedKey&) = delete;
-  OpenedKey& operator=(const OpenedKey&) = delete;
-
-  RegHandle handle = 0;
-
- private:
-  RegistryApi& registry_;
-};
-
 }  // namespace
 
 Status ReadRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
@@ -50,17 +35,18 @@ Status ReadRegistry(Session& session, const GlobalOptions& options, const Stream
   const std::optional<KeyAddress> address = KeyOf(key, streams);
   if (!address) return Status::kWrongUsage;
   RegistryApi& registry = session.Registry();
-  OpenedKey opened(registry);
-  if (registry.OpenKey(address->root, address->path, opened.handle) != RegStatus::kSuccess) {
+  OpenKey opened(registry);
+  if (opened.Open(address->root, address->path) != RegStatus::kSuccess) {
     return Status::kNo;
   }
   RegType type = RegType::kNone;
   std::size_t size = 0;
-  if (registry.QueryValue(opened.handle, ValueName(name), type, size, {}) != RegStatus::kSuccess) {
+  if (registry.QueryValue(opened.Handle(), ValueName(name), type, size, {}) !=
+      RegStatus::kSuccess) {
     return Status::kNo;
   }
   std::vector<std::byte> data(size);
-  if (registry.QueryValue(opened.handle, ValueName(name), type, size, data) !=
+  if (registry.QueryValue(opened.Handle(), ValueName(name), type, size, data) !=
       RegStatus::kSuccess) {
     return Status::kNo;
   }
@@ -91,9 +77,10 @@ Status WriteRegistry(Session& session, const Streams& streams, const std::string
     return Status::kWrongUsage;
   }
   RegistryApi& registry = session.Registry();
-  OpenedKey opened(registry);
-  if (registry.CreateKey(address->root, address->path, opened.handle) != RegStatus::kSuccess ||
-      registry.SetValue(opened.handle, ValueName(name), *reg_type, *bytes) != RegStatus::kSuccess) {
+  OpenKey opened(registry);
+  if (opened.Create(address->root, address->path) != RegStatus::kSuccess ||
+      registry.SetValue(opened.Handle(), ValueName(name), *reg_type, *bytes) !=
+          RegStatus::kSuccess) {
     streams.Complain(key + " can't be written.");
     return Status::kImpossible;
   }
@@ -105,11 +92,11 @@ Status DeleteRegistry(Session& session, const Streams& streams, const std::strin
   const std::optional<KeyAddress> address = KeyOf(key, streams);
   if (!address) return Status::kWrongUsage;
   RegistryApi& registry = session.Registry();
-  OpenedKey opened(registry);
-  if (registry.OpenKey(address->root, address->path, opened.handle) != RegStatus::kSuccess) {
+  OpenKey opened(registry);
+  if (opened.Open(address->root, address->path) != RegStatus::kSuccess) {
     return Status::kNo;
   }
-  const RegStatus status = registry.DeleteValue(opened.handle, ValueName(name));
+  const RegStatus status = registry.DeleteValue(opened.Handle(), ValueName(name));
   return status == RegStatus::kSuccess ? Status::kDone : Status::kNo;
 }
 
@@ -143,7 +130,8 @@ Status ListRegistry(Session& session, const GlobalOptions& options, const Stream
   return Status::kDone;
 }
 
-Status ImportRegistry(Session& session, const Streams& streams, const std::string& file) {
+Status ImportRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
+                      const std::string& file) {
   std::ifstream stream(file, std::ios::binary);
   std::ostringstream content;
   if (!stream || !(content << stream.rdbuf())) {
@@ -157,11 +145,17 @@ Status ImportRegistry(Session& session, const Streams& streams, const std::strin
                      changes.Reason().reason);
     return Status::kImpossible;
   }
-  if (const auto fault =
-          platform::portable::ApplyRegFile(changes.Value(), session.Machine().RegistryStore())) {
+  // Lines of changes that are taken back again must not be printed.
+  std::vector<std::string> trace;
+  platform::TracingRegistry registry(session.Machine().Registry(),
+                                     [&trace](const auto& line) { trace.push_back(line); });
+  if (const auto fault = platform::portable::ApplyRegFile(
+          changes.Value(), session.Machine().RegistryStore(), registry)) {
     streams.Complain(*fault);
     return Status::kImpossible;
   }
+  if (options.trace == Trace::kOff) return Status::kDone;
+  for (const std::string& line : trace) streams.err << line << '\n';
   return Status::kDone;
 }
 

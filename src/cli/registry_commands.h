@@ -20,6 +20,7 @@ Status DeleteRegistry(Session& session, const Streams& streams, const std::strin
 Status ListRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
                     const std::string& key);
 /// Makes all changes of a registry file, or none.
-Status ImportRegistry(Session& session, const Streams& streams, const std::string& file);
+Status ImportRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
+                      const std::string& file);
 
 }  // namespace kestrune::cli

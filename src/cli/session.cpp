@@ -21,7 +21,7 @@ Session::Session(std::unique_ptr<platform::portable::PortableMachine> machine,
     : options_(options),
       streams_(streams),
       machine_(std::move(machine)),
-      tracing_(options.trace == Trace::kAll),
+      tracing_(options.trace != Trace::kOff),
       registry_(machine_->Registry(),
                 [this](const std::string& line) {
                   if (tracing_) streams_.err << line << '\n';
@@ -34,6 +34,7 @@ Session::Session(std::unique_ptr<platform::portable::PortableMachine> machine,
       dialog_(streams.err, options.answer) {}
 
 forms::Program& Session::Start() {
+  tracing_ = options_.trace == Trace::kAll;
   program_ = std::make_unique<forms::Program>(platform::Services{
       registry_, machine_->Display(), machine_->Version(), shell_, machine_->Files(), dialog_});
   core::Ignore(program_->Start(""));

@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "core/number.h"
+#include "platform/open_key.h"
 
 namespace kestrune::core {
 
+using platform::OpenKey;
 using platform::RegHandle;
 using platform::RegStatus;
 using platform::RegType;
@@ -76,12 +78,9 @@ std::optional<std::int32_t> RegValue::Number() const {
 }
 
 RegValue basRegistry::ReadRegValue(RegRoot root, std::string_view path, std::string_view name) {
-  RegHandle key = 0;
-  LastRegStatus = api_.OpenKey(root, path, key);
-  if (key == 0) return {};
-  RegValue value = ReadOpenKey(key, name);
-  api_.CloseKey(key);
-  return value;
+  OpenKey key(api_);
+  LastRegStatus = key.Open(root, path);
+  return key.Handle() == 0 ? RegValue() : ReadOpenKey(key.Handle(), name);
 }
 
 RegValue basRegistry::ReadOpenKey(RegHandle key, std::string_view name) {
@@ -112,37 +111,32 @@ RegValue basRegistry::ReadText(RegHandle key, std::string_view name, std::size_t
 
 WriteResult basRegistry::WriteRegValue(RegRoot root, std::string_view path, std::string_view name,
                                        const RegInput& value) {
-  RegHandle key = 0;
-  LastRegStatus = api_.CreateKey(root, path, key);
+  OpenKey key(api_);
+  LastRegStatus = key.Create(root, path);
   const Converted data = Convert(value, WriteAsBinary == 1);
-  if (data.result == WriteResult::kDone && key != 0) {
+  if (data.result == WriteResult::kDone && key.Handle() != 0) {
     if (data.text) {
       // The closing NUL is part of the data.
       const std::span text(data.text->c_str(), data.text->size() + 1);
-      LastRegStatus = api_.SetValue(key, name, RegType::kSz, std::as_bytes(text));
+      LastRegStatus = api_.SetValue(key.Handle(), name, RegType::kSz, std::as_bytes(text));
     } else {
       const RegType type = WriteAsBinary == 1 ? RegType::kBinary : RegType::kDword;
-      LastRegStatus = api_.SetValue(key, name, type, LittleEndian(data.number));
+      LastRegStatus = api_.SetValue(key.Handle(), name, type, LittleEndian(data.number));
     }
   }
-  if (key != 0) api_.CloseKey(key);
   return data.result;
 }
 
 void basRegistry::DeleteRegValue(RegRoot root, std::string_view path, std::string_view name) {
-  RegHandle key = 0;
-  LastRegStatus = api_.OpenKey(root, path, key);
-  if (key == 0) return;
-  LastRegStatus = api_.DeleteValue(key, name);
-  api_.CloseKey(key);
+  OpenKey key(api_);
+  LastRegStatus = key.Open(root, path);
+  if (key.Handle() != 0) LastRegStatus = api_.DeleteValue(key.Handle(), name);
 }
 
 bool basRegistry::RegKeyExists(RegRoot root, std::string_view path) {
-  RegHandle key = 0;
-  LastRegStatus = api_.OpenKey(root, path, key);
-  if (key == 0) return false;
-  api_.CloseKey(key);
-  return true;
+  OpenKey key(api_);
+  LastRegStatus = key.Open(root, path);
+  return key.Handle() != 0;
 }
 
 }  // namespace kestrune::core

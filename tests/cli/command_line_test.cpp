@@ -62,6 +62,17 @@ TEST_F(CommandLineTest, ASettingIsOneTracedWriteThatTheNextRunShows) {
   EXPECT_TRUE(flags.err.ends_with("D3DOGL_70835937\tREG_BINARY 10 00 10 50\n")) << flags.err;
 }
 
+TEST_F(CommandLineTest, TracesChangesOfTheRegistryItself) {
+  const std::string file = folder.Write(
+      "a.reg", "REGEDIT4\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:1\n\"none\"=-\n");
+  EXPECT_EQ(Run({"--trace", "registry", "write", R"(HKCU\Software\T)", "b", "REG_SZ", "x"}).err,
+            "write\tHKCU\\Software\\T\tb\tREG_SZ x\n");
+  EXPECT_EQ(Run({"--trace", "registry", "import", file}).err,
+            "write\tHKCU\\Software\\T\ta\tREG_DWORD 1\n");
+  EXPECT_EQ(Run({"--trace", "registry", "delete", R"(HKCU\Software\T)", "b"}).err,
+            "delete\tHKCU\\Software\\T\tb\n");
+}
+
 TEST_F(CommandLineTest, TracingFromTheFirstStepShowsTheStartUpToo) {
   EXPECT_EQ(Run({"--trace", "get", kLimit}).err, "");
   EXPECT_EQ(Run({"--trace=all", "get", kLimit}).err,

@@ -349,13 +349,14 @@ TEST(StoreFaultTest, AnImportWithAFaultyWriteLeavesNothing) {
   CodePages code_pages(1252);
   auto changes = ParseRegFile("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"a\"=\"1\"\n", code_pages);
   ASSERT_TRUE(changes.Ok());
+  StoreRegistry registry(*store);
   const auto other = OpenStore(folder / "a.store");
   {
     Transaction held(*other);
-    EXPECT_EQ(ApplyRegFile(changes.Value(), *store), store->FirstFailure());
+    EXPECT_EQ(ApplyRegFile(changes.Value(), *store, registry), store->FirstFailure());
   }
   EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
-  EXPECT_EQ(ApplyRegFile(changes.Value(), *store), std::nullopt);
+  EXPECT_EQ(ApplyRegFile(changes.Value(), *store, registry), std::nullopt);
   EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1", 2));
 }
 

@@ -67,7 +67,8 @@ std::optional<std::string> FillStore(const MachineDescription& machine, Store& s
   if (!bytes) return "The registry file " + file + " can't be read.";
   CodePages code_pages(machine.code_page);
   const auto changes = ParseRegFile(*bytes, code_pages);
-  if (changes.Ok()) return ApplyRegFile(changes.Value(), store);
+  StoreRegistry registry(store);
+  if (changes.Ok()) return ApplyRegFile(changes.Value(), store, registry);
   const RegFileFault& fault = changes.Reason();
   return file + ":" + std::to_string(fault.line) + ": " + fault.reason;
 }

@@ -302,24 +302,25 @@ Result<Changes, RegFileFault> ParseRegFile(std::string_view bytes, CodePages& co
   return Parser(code_pages).Parse(bytes);
 }
 
-std::optional<std::string> ApplyRegFile(const Changes& changes, Store& store) {
+std::optional<std::string> ApplyRegFile(const Changes& changes, Store& store,
+                                        RegistryApi& registry) {
   const auto failure = [&store] {
     return store.FirstFailure().value_or("The store " + store.Path() + " can't be written.");
   };
   Transaction import(store);
   if (!import.IsOpen()) return failure();
-  KeyId key = 0;
+  OpenKey key(registry);
   for (const RegFileChange& change : changes) {
     RegStatus status = RegStatus::kSuccess;
     switch (change.kind) {
       case RegFileChange::Kind::kCreateKey:
-        status = store.CreateKey(change.root, change.key, key);
+        status = key.Create(change.root, change.key);
         break;
       case RegFileChange::Kind::kSetValue:
-        status = store.SetValue(key, change.name, change.type, change.data);
+        status = registry.SetValue(key.Handle(), change.name, change.type, change.data);
         break;
       case RegFileChange::Kind::kDeleteValue:
-        status = store.DeleteValue(key, change.name);
+        status = registry.DeleteValue(key.Handle(), change.name);
         if (status == RegStatus::kNotFound) status = RegStatus::kSuccess;
         break;
     }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/open_key.h"
 #include "platform/portable/code_page.h"
 #include "platform/portable/store.h"
 #include "platform/registry_api.h"
@@ -37,8 +38,9 @@ struct RegFileFault {
 Result<std::vector<RegFileChange>, RegFileFault> ParseRegFile(std::string_view bytes,
                                                               CodePages& code_pages);
 
-/// Makes all the changes in one transaction. Gives the sentence that says why none was made.
+/// Makes all the changes in one transaction of the store, through a registry that works on it.
+/// Gives the sentence that says why none was made.
 [[nodiscard]] std::optional<std::string> ApplyRegFile(const std::vector<RegFileChange>& changes,
-                                                      Store& store);
+                                                      Store& store, RegistryApi& registry);
 
 }  // namespace kestrune::platform::portable
