@@ -34,7 +34,8 @@ void Scheduler::Advance(long long milliseconds) {
     timer->due_ms_ += timer->interval_ms_;
     if (timer->on_tick) timer->on_tick();
   }
-  now_ms_ = end;
+  // A tick may have waited for an answer and moved the clock on by itself.
+  now_ms_ = std::max(now_ms_, end);
 }
 
 long long Scheduler::UntilNext() const {

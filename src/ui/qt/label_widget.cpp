@@ -79,8 +79,8 @@ void LabelWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   painter.setPen(palette().color(group, QPalette::WindowText));
-  painter.drawText(rect(), Qt::AlignLeft | (HasLines() ? Qt::AlignTop : Qt::AlignVCenter),
-                   shown_text_);
+  const Qt::AlignmentFlag upright = HasLines() ? Qt::AlignTop : Qt::AlignVCenter;
+  painter.drawText(rect(), Qt::AlignLeft | static_cast<int>(upright), shown_text_);
   DrawFocusMark(painter, *this);
 }
 
