@@ -10,7 +10,6 @@ namespace kestrune::clocks {
 using core::RegInput;
 using core::RegRoot;
 using core::RegValue;
-using platform::ClockKeys;
 using platform::ClockPair;
 
 namespace {

@@ -205,14 +205,22 @@ class CatalogueReader {
   void Show(const CheckRow<C>& row) {
     const std::int32_t number = read_(row.name, row.place).value_or(row.not_set);
     controls::CheckBox& box = *(controls_.*row.box);
-    if (number == row.checked) {
-      box.Show(1);
-    } else if (number == row.cleared || row.otherwise == Otherwise::kClear) {
-      box.Show(0);
-    } else if (row.otherwise == Otherwise::kCheck) {
-      box.Show(1);
-    } else if (row.otherwise == Otherwise::kState) {
-      box.Show(number);
+    if (number == row.checked || number == row.cleared) {
+      box.Show(number == row.checked ? 1 : 0);
+      return;
+    }
+    switch (row.otherwise) {
+      case Otherwise::kLeave:
+        break;
+      case Otherwise::kClear:
+        box.Show(0);
+        break;
+      case Otherwise::kCheck:
+        box.Show(1);
+        break;
+      case Otherwise::kState:
+        box.Show(number);
+        break;
     }
   }
 
