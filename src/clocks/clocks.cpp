@@ -14,7 +14,6 @@ using platform::ClockPair;
 
 namespace {
 
-constexpr std::string_view kRunKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr std::string_view kInitializeValue = "NvInitialize";
 constexpr std::string_view kInitializeCommand = "RUNDLL32.EXE NvQTwk.dll,NvXTInit";
 
@@ -25,9 +24,8 @@ constexpr std::string_view kOldStartUp = "rundll32 NvQtwk,NvXTInit";
 constexpr std::string_view kOldQuery = "rundll32 NvQtwk,NvHWCtl";
 constexpr std::string_view kOldQueryBeforeSet = "rundll32 NvQTwk,NvHWCtl";
 
-/// On Windows 9x these releases changed the library that reloads, and the place of the clock key.
+/// On Windows 9x this release changed the library that reloads.
 constexpr int kFirstNvCplDriver = 2281;
-constexpr int kFirstInstanceDriver = 2500;
 /// Above this release a set needs the switches.
 constexpr int kLastDriverWithoutSwitches = 5500;
 
@@ -60,7 +58,8 @@ bool Clocks::IsOlderThan(int driver) const {
 }
 
 RegRoot Clocks::SetRoot() const {
-  return IsOlderThan(kFirstInstanceDriver) ? RegRoot::kLocalMachine : RegRoot::kCurrentUser;
+  return IsOlderThan(platform::kFirstInstanceClockDriver) ? RegRoot::kLocalMachine
+                                                          : RegRoot::kCurrentUser;
 }
 
 RegRoot Clocks::ReadRoot() const {
@@ -93,12 +92,12 @@ void Clocks::WriteCoolBits() {
 }
 
 void Clocks::ReloadForDefaults() {
-  if (!IsOlderThan(kFirstInstanceDriver)) {
+  if (!IsOlderThan(platform::kFirstInstanceClockDriver)) {
     Start(kStartUp);
     return;
   }
   Start(kOldStartUp);
-  registry_.DeleteRegValue(SetRoot(), kRunKey, kInitializeValue);
+  registry_.DeleteRegValue(SetRoot(), core::kLogOnKey, kInitializeValue);
 }
 
 void Clocks::ReloadForRequested() {
@@ -108,7 +107,7 @@ void Clocks::ReloadForRequested() {
   }
   Start(kOldStartUp);
   registry_.WriteAsBinary = 0;
-  core::Ignore(registry_.WriteRegValue(SetRoot(), kRunKey, kInitializeValue,
+  core::Ignore(registry_.WriteRegValue(SetRoot(), core::kLogOnKey, kInitializeValue,
                                        std::string(kInitializeCommand)));
 }
 

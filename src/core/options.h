@@ -22,6 +22,9 @@ inline constexpr std::string_view kLanguageValue = "Language";
 inline constexpr std::string_view kOverrideMultiTextureValue = "OverrideMultiTexture";
 inline constexpr std::string_view kOverrideShadersValue = "OverrideShaders";
 
+/// The key of the commands that are started at every log-on.
+inline constexpr std::string_view kLogOnKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
+
 /// Makes the driver's control-panel library start anew, so that it picks up changed values.
 inline constexpr std::string_view kReloadCommand = "rundll32 NvCpl.dll,NvStartup";
 

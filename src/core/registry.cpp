@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "core/number.h"
+#include "platform/dword.h"
 #include "platform/open_key.h"
 
 namespace kestrune::core {
 
+using platform::kDwordSize;
 using platform::OpenKey;
 using platform::RegHandle;
 using platform::RegStatus;
@@ -16,7 +18,6 @@ using platform::RegType;
 
 namespace {
 
-constexpr std::size_t kDwordSize = 4;
 /// The driver keeps some numbers in binary values of up to six bytes, of which four count.
 constexpr std::size_t kBinaryCapacity = 6;
 /// Room for every number and most texts, so that one query gets them.
@@ -43,21 +44,6 @@ Converted Convert(const RegInput& value, bool as_binary) {
   if (const std::optional<double> number = ParseNumber(text)) return ConvertNumber(*number);
   if (as_binary) return {WriteResult::kTypeMismatch, 0, {}};
   return {{}, 0, std::string(TrimBlanks(text))};
-}
-
-std::array<std::byte, kDwordSize> LittleEndian(std::int32_t number) {
-  const auto bits = static_cast<std::uint32_t>(number);
-  std::array<std::byte, kDwordSize> bytes;
-  for (std::size_t i = 0; i < kDwordSize; ++i) bytes[i] = static_cast<std::byte>(bits >> (8 * i));
-  return bytes;
-}
-
-std::int32_t FromLittleEndian(std::span<const std::byte> bytes) {
-  std::uint32_t bits = 0;
-  for (std::size_t i = 0; i < kDwordSize; ++i) {
-    bits |= std::to_integer<std::uint32_t>(bytes[i]) << (8 * i);
-  }
-  return static_cast<std::int32_t>(bits);
 }
 
 }  // namespace
@@ -91,7 +77,7 @@ RegValue basRegistry::ReadOpenKey(RegHandle key, std::string_view name) {
   LastRegStatus = api_.QueryValue(key, name, type, size, buffer);
   const bool is_number = (type == RegType::kDword && size <= kDwordSize) ||
                          (type == RegType::kBinary && size <= kBinaryCapacity);
-  if (is_number) return RegValue(FromLittleEndian(buffer));
+  if (is_number) return RegValue(platform::DwordOf(buffer));
   if (type != RegType::kSz) {
     if (type == RegType::kDword || type == RegType::kBinary) LastRegStatus = RegStatus::kMoreData;
     return {};
@@ -121,7 +107,7 @@ WriteResult basRegistry::WriteRegValue(RegRoot root, std::string_view path, std:
       LastRegStatus = api_.SetValue(key.Handle(), name, RegType::kSz, std::as_bytes(text));
     } else {
       const RegType type = WriteAsBinary == 1 ? RegType::kBinary : RegType::kDword;
-      LastRegStatus = api_.SetValue(key.Handle(), name, type, LittleEndian(data.number));
+      LastRegStatus = api_.SetValue(key.Handle(), name, type, platform::DwordBytes(data.number));
     }
   }
   return data.result;

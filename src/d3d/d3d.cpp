@@ -11,8 +11,6 @@ namespace {
 /// shared value on every driver.
 constexpr int kLastOldModeCode = 8;
 
-constexpr std::int16_t kSliCode = 127;
-
 }  // namespace
 
 void Direct3DWriter::WriteDirect3DSetting(int code, std::int32_t value) {
@@ -66,7 +64,7 @@ bool Direct3DWriter::WriteAntialiasing(int code) const {
 }
 
 bool Direct3DWriter::WriteSli(int code, std::int32_t value) const {
-  if (code != kSliCode) return false;
+  if (code != kSliAaCode) return false;
   if (value == 0 || value == 1) {
     context_.key.Apply({kSliAaValue, value == 1 ? kSliAaSet : kSliAaCleared});
   }

@@ -97,6 +97,8 @@ extern const std::span<const ShownText> kOldAaTexts;
 inline constexpr std::string_view kSliAaValue = "D3DOGL_12677978";
 inline constexpr std::int32_t kSliAaSet = 0x29060797;
 inline constexpr std::int32_t kSliAaCleared = 0x51621660;
+/// Stores one of the two, by its value.
+inline constexpr std::int16_t kSliAaCode = 127;
 
 inline constexpr int kFirstNewAnisoDriver = 4103;
 /// An anisotropic level. The numbers below release 50.00 changed with release 41.03.

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/number.h"
+#include "platform/clock_word.h"
 
 namespace kestrune::detect {
 
@@ -30,8 +31,6 @@ constexpr std::size_t kVideoKeyTail = 43;
 
 constexpr std::string_view kTweakKey = "Software\\NVIDIA Corporation\\Global\\NVTweak\\";
 constexpr std::string_view kClockSubkey = "Hardware";
-/// From this driver on, Windows 9x keeps the clocks below the device's own key as well.
-constexpr int kFirstInstanceDriver = 2500;
 
 constexpr std::string_view kRevisionMark = "REV_";
 
@@ -107,7 +106,7 @@ void Adapter::TakeIdentity(std::string_view hardware_id) {
 
 std::string Adapter::ClockKey() const {
   const std::string key(kTweakKey);
-  if (versions_.OSFamily == kWindows9x && versions_.DrvVer < kFirstInstanceDriver) {
+  if (versions_.OSFamily == kWindows9x && versions_.DrvVer < platform::kFirstInstanceClockDriver) {
     return key + std::string(kClockSubkey);
   }
   return key + state.DeviceInstanceKey + "\\" + std::string(kClockSubkey);

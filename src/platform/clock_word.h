@@ -19,6 +19,10 @@ struct ClockKeys {
   std::int32_t homer = 0;
 };
 
+/// From this release on Windows 9x keeps the clocks below the key of the device, as the NT family
+/// does with every driver.
+inline constexpr int kFirstInstanceClockDriver = 2500;
+
 /// A clock pair as the driver and the program exchange it through the registry: the core clock in
 /// the low 16 bits and the memory clock in the high ones, each XORed with a key of its own. Any
 /// pair and any keys are allowed, and decoding the encoded pair gives the pair.

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "platform/dword.h"
+
 namespace kestrune::platform {
 
 namespace {
@@ -30,7 +32,6 @@ constexpr TypeRow kTypes[] = {
     {RegType::kSz, "REG_SZ"}, {RegType::kBinary, "REG_BINARY"}, {RegType::kDword, "REG_DWORD"}};
 
 constexpr std::string_view kOtherType = "TYPE_";
-constexpr std::size_t kDwordSize = 4;
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
@@ -71,14 +72,6 @@ std::string StringText(std::span<const std::byte> data) {
   return text;
 }
 
-std::int32_t DwordOf(std::span<const std::byte> data) {
-  std::uint32_t bits = 0;
-  for (std::size_t i = 0; i < kDwordSize; ++i) {
-    bits |= std::to_integer<std::uint32_t>(data[i]) << (8 * i);
-  }
-  return static_cast<std::int32_t>(bits);
-}
-
 std::optional<std::vector<std::byte>> ParseDword(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative) text.remove_prefix(1);
@@ -96,11 +89,8 @@ std::optional<std::vector<std::byte>> ParseDword(std::string_view text) {
       negative ? std::uint64_t{1} << 31 : std::numeric_limits<std::uint32_t>::max();
   if (number > most) return std::nullopt;
   const auto bits = static_cast<std::uint32_t>(negative ? ~number + 1 : number);
-  std::vector<std::byte> bytes;
-  for (std::size_t i = 0; i < kDwordSize; ++i) {
-    bytes.push_back(static_cast<std::byte>(bits >> (8 * i)));
-  }
-  return bytes;
+  const auto bytes = DwordBytes(static_cast<std::int32_t>(bits));
+  return std::vector<std::byte>(bytes.begin(), bytes.end());
 }
 
 std::optional<std::vector<std::byte>> ParseHex(const std::vector<std::string>& words) {

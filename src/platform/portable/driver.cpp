@@ -5,6 +5,7 @@
 #include <charconv>
 #include <random>
 
+#include "platform/dword.h"
 #include "platform/portable/case_fold.h"
 #include "platform/portable/versions.h"
 #include "platform/release_number.h"
@@ -18,9 +19,6 @@ constexpr std::string_view kVendorMark = "VEN_10DE";
 constexpr std::string_view kDeviceMark = "DEV_";
 constexpr std::string_view kRevisionMark = "REV_";
 constexpr int kPlatform9x = 1;
-/// From this release on the clocks stand below the device's own key on Windows 9x, too.
-constexpr int kFirstInstanceDriver = 2500;
-
 constexpr std::string_view kLibraries[] = {"NVCPL", "NVQTWK"};
 constexpr std::string_view kEntryPoints[] = {"NVSTARTUP", "NVXTINIT", "NVHWCTL"};
 
@@ -54,7 +52,7 @@ bool HasShortKey(const MachineDescription& machine) {
   if (machine.os.platform != kPlatform9x) return false;
   DescribedVersions versions(machine);
   const std::optional<std::string> version = versions.FileVersionText("NvCpl.dll");
-  return (version ? ReleaseNumber(*version).value_or(0) : 0) < kFirstInstanceDriver;
+  return (version ? ReleaseNumber(*version).value_or(0) : 0) < kFirstInstanceClockDriver;
 }
 
 std::int16_t DeviceNumber(const std::string& card) {
@@ -167,24 +165,16 @@ void DescribedDriver::PutInForce(const Pair& pair, const ClockPair& clocks) {
 }
 
 std::optional<std::int32_t> DescribedDriver::Read(KeyId key, std::string_view name) {
-  std::array<std::byte, 4> data{};
+  std::array<std::byte, kDwordSize> data{};
   RegType type = RegType::kNone;
   std::size_t size = 0;
   if (store_.QueryValue(key, name, type, size, data) != RegStatus::kSuccess) return std::nullopt;
   if (type != RegType::kDword && type != RegType::kBinary) return std::nullopt;
-  std::uint32_t bits = 0;
-  for (std::size_t i = 0; i < data.size(); ++i) {
-    bits |= std::to_integer<std::uint32_t>(data[i]) << (8 * i);
-  }
-  return static_cast<std::int32_t>(bits);
+  return DwordOf(data);
 }
 
 void DescribedDriver::Write(KeyId key, std::string_view name, std::int32_t number) {
-  std::array<std::byte, 4> data;
-  for (std::size_t i = 0; i < data.size(); ++i) {
-    data[i] = static_cast<std::byte>(static_cast<std::uint32_t>(number) >> (8 * i));
-  }
-  (void)store_.SetValue(key, name, RegType::kDword, data);
+  (void)store_.SetValue(key, name, RegType::kDword, DwordBytes(number));
 }
 
 }  // namespace kestrune::platform::portable

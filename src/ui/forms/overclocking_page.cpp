@@ -18,7 +18,6 @@ using controls::Slider;
 using controls::TextBox;
 using core::RegRoot;
 
-constexpr std::string_view kRunKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr std::string_view kStartupValue = "NvCplDaemon";
 constexpr std::string_view kStartupCommand =
     "RUNDLL32.EXE C:\\WINDOWS\\System32\\NvCpl.dll,NvStartup";
@@ -118,7 +117,7 @@ void OverclockingPage::EnableOC() {
   {
     const core::FlagScope starting(state_.IsStart);
     const bool at_startup =
-        !registry_.ReadRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue).IsEmpty();
+        !registry_.ReadRegValue(RegRoot::kLocalMachine, core::kLogOnKey, kStartupValue).IsEmpty();
     startup_.Show(at_startup ? 1 : 0);
   }
   const bool is_3d =
@@ -146,11 +145,11 @@ void OverclockingPage::OverclockingChanged() {
 void OverclockingPage::StartupChanged() {
   if (state_.IsStart == 1) return;
   if (!startup_.Checked()) {
-    registry_.DeleteRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue);
+    registry_.DeleteRegValue(RegRoot::kLocalMachine, core::kLogOnKey, kStartupValue);
     return;
   }
   registry_.WriteAsBinary = 0;
-  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, kRunKey, kStartupValue,
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, core::kLogOnKey, kStartupValue,
                                        std::string(kStartupCommand)));
   core::Ignore(dialog_.ShowMessage(core::kProgramTitle, LangText[96], platform::Buttons::kOk));
 }

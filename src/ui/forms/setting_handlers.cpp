@@ -9,7 +9,6 @@ using d3d::AaMode;
 
 namespace {
 
-constexpr int kSliCode = 127;
 constexpr int kAaDisabledCode = 128;
 
 /// The level that a page's text names; "Point s." is read and never chosen.
@@ -164,7 +163,7 @@ void SettingHandlers::OpenGLGammaChanged() {
 }
 
 void SettingHandlers::SliChanged(CheckBox& box, CheckBox& twin) {
-  WriteDirect3D(kSliCode, box.State());
+  WriteDirect3D(d3d::kSliAaCode, box.State());
   twin.Show(box.State());
   state_.SliAaOn = box.State();
   hooks_.fill_capability_lists();
