@@ -55,6 +55,9 @@ QPalette MakePalette(bool dark) {
   palette.setColor(QPalette::Base, dark ? QColor(30, 30, 33) : QColor(Qt::white));
   palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
   palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Disabled, QPalette::Base, window);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight,
+                   dark ? QColor(90, 90, 94) : QColor(145, 145, 145));
   palette.setColor(QPalette::ToolTipBase, palette.color(QPalette::Base));
   palette.setColor(QPalette::ToolTipText, palette.color(QPalette::Text));
   return palette;
@@ -67,6 +70,7 @@ class Photographer {
 
   bool TakeAll() {
     TakePages();
+    TakeOverclocking();
     TakeMenu();
     TakeLowerPanel();
     TakeHelp();
@@ -121,6 +125,16 @@ class Photographer {
     QCoreApplication::processEvents();
     Save(Together(Window(), *button->menu()), "menu");
     button->menu()->close();
+  }
+
+  void TakeOverclocking() {
+    GoTo("overclocking");
+    program_.Main().Get<controls::OptionButton>("overclocking.3d-speed").Use();
+    QCoreApplication::processEvents();
+    Save(Window().grab(), "overclocking-3d");
+    (void)program_.Main().Get<controls::CheckBox>("overclocking.enable-overclocking").Use(0);
+    QCoreApplication::processEvents();
+    Save(Window().grab(), "overclocking-off");
   }
 
   void TakeLowerPanel() {
