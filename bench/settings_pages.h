@@ -1,14 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
-#include "core/program_state.h"
-#include "d3d/d3d.h"
-#include "detect/adapter.h"
-#include "lang/language.h"
-#include "ogl/ogldet.h"
 #include "platform/portable/portable_machine.h"
-#include "ui/forms/controls_of.h"
+#include "ui/forms/driver_settings.h"
+#include "ui/forms/main_form.h"
+#include "ui/forms/windows.h"
 
 namespace kestrune::bench {
 
@@ -21,44 +19,49 @@ class SilentDialog : public platform::DialogApi {
   void RunPendingEvents() override {}
 };
 
-/// The pages of both catalogues with their readers, over any registry of a machine.
+/// The pages of both interfaces with their readers, over any registry of a machine.
 class SettingsPages {
  public:
   SettingsPages(platform::portable::PortableMachine& machine, platform::RegistryApi& registry)
       : machine_(machine), registry_(registry) {
+    main_.AddTo(controls_);
     language_.LoadLanguage();
-    versions_.DetectOSAndDirectX();
-    adapter_.FindVideoKey();
-    versions_.ReadDriverVersion();
-    adapter_.FindDisplayAdapter();
+    versions_.emplace(machine_.Version(), dialog_, registry_, language_.LangText, controls_);
+    adapter_.emplace(machine_.Display(), registry_, versions_->state, language_.LangText,
+                     controls_);
+    versions_->DetectOSAndDirectX();
+    adapter_->FindVideoKey();
+    versions_->ReadDriverVersion();
+    adapter_->FindDisplayAdapter();
+    hardware_.emplace(settings::Hardware{versions_->state, adapter_->state, state_});
+    cards_.emplace(machine_.Files(), adapter_->state);
+    shared_.emplace(forms::Shared{services_, state_, registry_, timers_, controls_, windows_,
+                                  language_, versions_->state, adapter_->state, *cards_,
+                                  *hardware_});
+    driver_.emplace(*shared_);
   }
 
-  /// Reads every value of both catalogues once: the OpenGL reader ends with the Direct3D one.
-  void Read() { opengl_reader_.ReadOpenGLSettings(); }
+  /// Reads every value of both interfaces once: the OpenGL reader ends with the Direct3D one.
+  void Read() { driver_->ReadOpenGL(); }
 
  private:
   platform::portable::PortableMachine& machine_;
   core::basRegistry registry_;
   SilentDialog dialog_;
-  forms::MainForm main_;
-  const d3d::Direct3DControls direct3d_controls_ = forms::Direct3DControlsOf(main_);
-  const ogl::OpenGLControls opengl_controls_ = forms::OpenGLControlsOf(main_);
-  lang::Language language_{registry_, machine_.Files(), dialog_};
-  detect::Versions versions_{machine_.Version(), dialog_, registry_, language_.LangText,
-                             forms::VersionControlsOf(main_)};
-  detect::Adapter adapter_{machine_.Display(), registry_, versions_.state, language_.LangText,
-                           &main_.Get<controls::Label>("info.basic.vga-device")};
+  const platform::Services services_{machine_.Registry(), machine_.Display(), machine_.Version(),
+                                     machine_.Shell(),    machine_.Files(),   dialog_};
   core::ProgramState state_;
-  d3d::Direct3DState direct3d_state_;
-  const d3d::SettingsKey direct3d_key_{registry_, versions_.state, adapter_.state,
-                                       "\\NVidia\\Direct3D", ""};
-  const d3d::SettingsKey opengl_key_{registry_, versions_.state, adapter_.state, "\\NVidia\\OpenGL",
-                                     "OGL_"};
-  d3d::Direct3DReader direct3d_reader_{{direct3d_key_, versions_.state, adapter_.state, state_,
-                                        language_.LangText, direct3d_controls_, direct3d_state_}};
-  ogl::OpenGLReader opengl_reader_{
-      {opengl_key_, versions_.state, language_.LangText, opengl_controls_,
-       [this] { direct3d_reader_.ReadDirect3DSettings(); }, [](int) {}}};
+  controls::Scheduler timers_;
+  forms::MainForm main_;
+  controls::ControlSet controls_;
+  lang::Language language_{registry_, machine_.Files(), dialog_};
+  forms::Windows windows_{language_.LangText};
+  std::optional<detect::Versions> versions_;
+  std::optional<detect::Adapter> adapter_;
+  std::optional<settings::Hardware> hardware_;
+  std::optional<detect::CardData> cards_;
+  std::optional<forms::Shared> shared_;
+  std::optional<forms::DriverSettings> driver_;
 };
 
 }  // namespace kestrune::bench

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "ui/forms/help_form.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {

@@ -4,8 +4,11 @@
 
 #include "core/options.h"
 #include "core/outcome.h"
+#include "lang/texts.h"
 
 namespace kestrune::clocks {
+
+namespace texts = lang::texts;
 
 using core::RegInput;
 using core::RegRoot;
@@ -48,6 +51,16 @@ RegInput InputOf(const RegValue& value) {
 
 }  // namespace
 
+ClockControls::ClockControls(const controls::ControlSet& controls)
+    : default_core(controls.Get<controls::Label>("overclocking.default-core-speed")),
+      default_memory(controls.Get<controls::Label>("overclocking.default-memory-speed")),
+      current_core(controls.Get<controls::Label>("overclocking.current-core-speed")),
+      current_memory(controls.Get<controls::Label>("overclocking.current-memory-speed")),
+      core_box(controls.Get<controls::TextBox>("overclocking.core-clock")),
+      memory_box(controls.Get<controls::TextBox>("overclocking.memory-clock")),
+      core_slider(controls.Get<controls::Slider>("overclocking.core-clock-slider")),
+      memory_slider(controls.Get<controls::Slider>("overclocking.memory-clock-slider")) {}
+
 Clocks::Names Clocks::NamesOf(const ClockVariant& variant) const {
   if (variant.follows_pair && state.Clock3D == 1) return {"Bart3D", "Krusty3D"};
   return {"Bart", "Krusty"};
@@ -87,8 +100,8 @@ void Clocks::Start(std::string_view command_line) {
 }
 
 void Clocks::WriteCoolBits() {
-  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, cpl::kTweakKey, cpl::kCoolBitsValue,
-                                       cpl::CoolBitsOn(versions_)));
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, detect::kTweakKey,
+                                       detect::kCoolBitsValue, detect::CoolBitsOn(versions_)));
 }
 
 void Clocks::ReloadForDefaults() {
@@ -240,7 +253,8 @@ void Clocks::RefreshClocks() {
     BumpClockKeyRevision();
   }
   core::Ignore(dialog_.ShowMessage(core::kProgramTitle,
-                                   LangText[97] + adapter_.DeviceIdPrefix + LangText[98],
+                                   LangText[texts::kImplausibleClocks] + adapter_.DeviceIdPrefix +
+                                       LangText[texts::kImplausibleClocksEnd],
                                    platform::Buttons::kOk));
 }
 
@@ -248,14 +262,14 @@ void Clocks::Show() {
   const auto show = [this](controls::Label& label, int text, std::int16_t mhz) {
     label.SetCaption(LangText[text] + std::to_string(mhz) + " MHz");
   };
-  show(*controls_.default_core, 92, state.DefaultCoreMHz);
-  show(*controls_.default_memory, 94, state.DefaultMemoryMHz);
-  show(*controls_.current_core, 93, state.CoreMHz);
-  show(*controls_.current_memory, 95, state.MemoryMHz);
-  controls_.core_box->ShowText(std::to_string(state.CoreMHz));
-  controls_.memory_box->ShowText(std::to_string(state.MemoryMHz));
-  ShowRange(*controls_.core_slider, state.DefaultCoreMHz, state.CoreMHz);
-  ShowRange(*controls_.memory_slider, state.DefaultMemoryMHz, state.MemoryMHz);
+  show(controls_.default_core, texts::kDefaultCore, state.DefaultCoreMHz);
+  show(controls_.default_memory, texts::kDefaultMemory, state.DefaultMemoryMHz);
+  show(controls_.current_core, texts::kCurrentCore, state.CoreMHz);
+  show(controls_.current_memory, texts::kCurrentMemory, state.MemoryMHz);
+  controls_.core_box.ShowText(std::to_string(state.CoreMHz));
+  controls_.memory_box.ShowText(std::to_string(state.MemoryMHz));
+  ShowRange(controls_.core_slider, state.DefaultCoreMHz, state.CoreMHz);
+  ShowRange(controls_.memory_slider, state.DefaultMemoryMHz, state.MemoryMHz);
 }
 
 void Clocks::ShowRange(controls::Slider& slider, std::int16_t default_mhz, std::int16_t mhz) {

@@ -6,10 +6,11 @@
 #include <string>
 
 #include "clocks/clock_state.h"
+#include "controls/control_set.h"
 #include "controls/controls.h"
 #include "core/registry.h"
-#include "cpl/control_panel.h"
 #include "detect/adapter.h"
+#include "detect/tweak_key.h"
 #include "platform/clock_word.h"
 #include "platform/dialog_api.h"
 #include "platform/shell_api.h"
@@ -18,14 +19,16 @@ namespace kestrune::clocks {
 
 /// What RefreshClocks fills on the overclocking page.
 struct ClockControls {
-  controls::Label* default_core;
-  controls::Label* default_memory;
-  controls::Label* current_core;
-  controls::Label* current_memory;
-  controls::TextBox* core_box;
-  controls::TextBox* memory_box;
-  controls::Slider* core_slider;
-  controls::Slider* memory_slider;
+  explicit ClockControls(const controls::ControlSet& controls);
+
+  controls::Label& default_core;
+  controls::Label& default_memory;
+  controls::Label& current_core;
+  controls::Label& current_memory;
+  controls::TextBox& core_box;
+  controls::TextBox& memory_box;
+  controls::Slider& core_slider;
+  controls::Slider& memory_slider;
 };
 
 /// What distinguishes the processors with one pair of clocks from those with a 2D and a 3D pair.
@@ -45,7 +48,7 @@ class Clocks {
  public:
   Clocks(core::basRegistry& registry, platform::ShellApi& shell, platform::DialogApi& dialog,
          const detect::VersionState& versions, detect::AdapterState& adapter,
-         const lang::LangTable& lang_text, const ClockControls& controls)
+         const lang::LangTable& lang_text, const controls::ControlSet& controls)
       : registry_(registry),
         shell_(shell),
         dialog_(dialog),

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "core/registry.h"
+
 namespace kestrune::core {
 
 /// The program's own version: 3.5.3.
@@ -21,6 +23,23 @@ inline constexpr std::string_view kLastVisitedPageValue = "LVP";
 inline constexpr std::string_view kLanguageValue = "Language";
 inline constexpr std::string_view kOverrideMultiTextureValue = "OverrideMultiTexture";
 inline constexpr std::string_view kOverrideShadersValue = "OverrideShaders";
+
+/// The program's own options. They are never stored in binary, whatever was written before.
+class OwnOptions {
+ public:
+  explicit OwnOptions(basRegistry& registry) : registry_(registry) {}
+
+  RegValue Read(std::string_view name) {
+    return registry_.ReadRegValue(RegRoot::kCurrentUser, kOptionsKey, name);
+  }
+  void Write(std::string_view name, const RegInput& value);
+  void Delete(std::string_view name) {
+    registry_.DeleteRegValue(RegRoot::kCurrentUser, kOptionsKey, name);
+  }
+
+ private:
+  basRegistry& registry_;
+};
 
 /// The key of the commands that are started at every log-on.
 inline constexpr std::string_view kLogOnKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run";

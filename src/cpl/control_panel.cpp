@@ -1,140 +1,124 @@
 #include "cpl/control_panel.h"
 
 #include "core/outcome.h"
+#include "detect/tweak_key.h"
 
 namespace kestrune::cpl {
 
 namespace {
 
+using namespace settings;
 using core::RegRoot;
 
-/// What a switch's stored number says.
-enum class Encoding {
-  kNone,      ///< the box reads and writes nothing
-  kCoolBits,  ///< a number that depends on the system and the driver
-  kFlag,      ///< 1 checked, anything else cleared
-  kState,     ///< the box's state
-  kInverted,  ///< 1 cleared, any other number checked
-};
-
-struct OptionRow {
-  std::string_view tag;  ///< of the picture
-  std::string_view value;
-  Encoding encoding;
-  std::int32_t not_set;
-};
-
-constexpr int kCoolBitsIndex = 0;
-constexpr int kAgpIndex = 1;
-constexpr int kAppProfileIndex = 4;
-
-/// By index of the box. The boxes without a value stand for temperature pages that no supported
-/// driver switches this way.
-constexpr OptionRow kOptions[kOptionCount] = {
-    {"oc", kCoolBitsValue, Encoding::kCoolBits, 0},
-    {"agp", "NvCplEnableAGPSettingsPage", Encoding::kFlag, 0},
-    {"additional", "NvCplEnableAdditionalInfoPage", Encoding::kState, 0},
-    {"debug", "NvCplEnableTroubleshootingPage", Encoding::kState, 0},
-    {"app", "NvCplEnableAppProfilePage", Encoding::kState, 1},
-    {"nview", "TwinViewCapsOverride", Encoding::kState, 0},
-    {"ovl", "NvCplEnableOverlaySpanControl", Encoding::kState, 0},
-    {"", "", Encoding::kNone, 0},
-    {"", "", Encoding::kNone, 0},
-    {"", "", Encoding::kNone, 0},
-    {"refresh", "NvCplDisableRefreshRatePage", Encoding::kInverted, 0},
-};
-
-constexpr std::int32_t kCoolBitsOld = 3;
-constexpr std::int32_t kCoolBitsAll = -1;
-constexpr int kFirstCoolBitsAllDriver = 4041;
-constexpr int kFirstAppProfileDriver = 5500;
-/// From this release on the refresh rate page is hidden unless it is switched on.
+/// The stored number is the box's state.
+constexpr Choice kState[] = {{kOff, 0}, {kOn, 1}};
+/// What unlocks clock control depends on the system; each of both shows as unlocked.
+constexpr Choice kCoolBits[] = {
+    {kOff, 0}, {kOn, detect::kCoolBitsAll}, {kOn, detect::kCoolBitsOld}};
+/// The value hides the page. From release 70.01 on it is hidden unless it is switched on.
+constexpr Choice kHidden[] = {{kOff, 1}, {kOn, 0}};
 constexpr int kFirstHiddenRefreshDriver = 7001;
+
+/// Cards without AGP.
+constexpr std::string_view kNoAgpPrefixes[] = {"014", "016", "009"};
+constexpr std::string_view kNoAgpIds[] = {"00FA", "00FB", "00FC", "00FD", "00FF"};
+constexpr Cards kNoAgpCards = {kNoAgpPrefixes, kNoAgpIds};
+
+constexpr Setting Switch(std::string_view id, std::string_view name, std::int32_t not_set) {
+  return {.id = id,
+          .writer = Writer::kControlPanel,
+          .shape = Shape::kBox,
+          .name = name,
+          .place = Place::kTweakKey,
+          .not_set = not_set,
+          .choices = kState,
+          .otherwise = Otherwise::kState};
+}
+
+constexpr Setting RefreshRate(std::int32_t not_set) {
+  Setting row = Switch("control-panel.settings.enable-direct3d-refreh-rate-page",
+                       "NvCplDisableRefreshRatePage", not_set);
+  row.choices = kHidden;
+  row.otherwise = Otherwise::kText;
+  row.otherwise_text = kOn;
+  return row;
+}
+constexpr Setting kOldRefreshRate = RefreshRate(0);
+
+constexpr Setting kRows[] = {
+    {.id = "control-panel.settings.enable-coolbits-overclocking",
+     .writer = Writer::kControlPanel,
+     .shape = Shape::kBox,
+     .name = detect::kCoolBitsValue,
+     .place = Place::kTweakKey,
+     .not_set = 0,
+     .choices = kCoolBits,
+     .otherwise = Otherwise::kText,
+     .otherwise_text = kOff,
+     .special = Special::kCoolBits},
+    {.id = "control-panel.settings.enable-agp-settings-page",
+     .writer = Writer::kControlPanel,
+     .shape = Shape::kBox,
+     .name = "NvCplEnableAGPSettingsPage",
+     .place = Place::kTweakKey,
+     .not_set = 0,
+     .choices = kState,
+     .otherwise = Otherwise::kText,
+     .otherwise_text = kOff,
+     .needs = {.not_on = &kNoAgpCards},
+     .special = Special::kAgpPage},
+    Switch("control-panel.settings.enable-additional-info-page", "NvCplEnableAdditionalInfoPage",
+           0),
+    Switch("control-panel.settings.enable-troubleshooting-page", "NvCplEnableTroubleshootingPage",
+           0),
+    [] {
+      Setting row = Switch("control-panel.settings.enable-application-profile-page",
+                           "NvCplEnableAppProfilePage", 1);
+      row.needs = {.from_driver = 5500};
+      return row;
+    }(),
+    Switch("control-panel.settings.override-nview-capable", "TwinViewCapsOverride", 0),
+    Switch("control-panel.settings.enable-overlay-control-in-span-mode",
+           "NvCplEnableOverlaySpanControl", 0),
+    [] {
+      Setting row = RefreshRate(1);
+      row.from_driver = kFirstHiddenRefreshDriver;
+      row.older = &kOldRefreshRate;
+      return row;
+    }(),
+};
 
 }  // namespace
 
-std::int32_t CoolBitsOn(const detect::VersionState& versions) {
-  const bool all =
-      versions.OSFamily != detect::kWindows9x && versions.DrvVer >= kFirstCoolBitsAllDriver;
-  return all ? kCoolBitsAll : kCoolBitsOld;
-}
+const std::span<const Setting> kControlPanelSettings = kRows;
 
-std::int32_t ControlPanelOptions::Read(std::string_view name, std::int32_t not_set) {
-  return registry_.ReadRegValue(RegRoot::kLocalMachine, kTweakKey, name).NumberOr(not_set);
-}
-
-void ControlPanelOptions::Store(std::string_view key, std::string_view name, std::int32_t number) {
-  registry_.WriteAsBinary = 0;
-  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, key, name, number));
+std::string ControlPanelOptions::KeyFor(const Setting& row) const {
+  // Windows 9x takes the AGP page from the clock key, below HKEY_LOCAL_MACHINE whatever the driver.
+  const bool is_agp_9x =
+      row.special == Special::kAgpPage && hardware_.versions.OSFamily == detect::kWindows9x;
+  return is_agp_9x ? hardware_.adapter.HardwareKey : std::string(detect::kTweakKey);
 }
 
 void ControlPanelOptions::ReadControlPanelOptions() {
   const platform::ReadScope reading = registry_.Reading();
-  for (int index = 0; index < kOptionCount; ++index) {
-    const OptionRow& row = kOptions[index];
-    controls::CheckBox& box = *controls_.options[static_cast<std::size_t>(index)];
-    std::int32_t not_set = row.not_set;
-    if (row.encoding == Encoding::kInverted) {
-      not_set = versions_.DrvVer >= kFirstHiddenRefreshDriver ? 1 : 0;
-    }
-    const std::int32_t number = row.value.empty() ? 0 : Read(row.value, not_set);
-    switch (row.encoding) {
-      case Encoding::kNone:
-        break;
-      case Encoding::kCoolBits:
-        box.Show(number == kCoolBitsOld || number == kCoolBitsAll ? 1 : 0);
-        break;
-      case Encoding::kFlag:
-        box.Show(number == 1 ? 1 : 0);
-        break;
-      case Encoding::kState:
-        box.Show(number);
-        break;
-      case Encoding::kInverted:
-        box.Show(number == 1 ? 0 : 1);
-        break;
-    }
-  }
-  controls_.options[kAgpIndex]->SetEnabled(
-      !adapter_.IsOneOf({"014", "016", "009"}, {"00FA", "00FB", "00FC", "00FD", "00FF"}));
-  controls_.options[kAppProfileIndex]->SetEnabled(versions_.DrvVer >= kFirstAppProfileDriver);
-}
-
-void ControlPanelOptions::EnableCoolBits() {
-  Store(kTweakKey, kCoolBitsValue, CoolBitsOn(versions_));
-}
-
-void ControlPanelOptions::DisableCoolBits() { Store(kTweakKey, kCoolBitsValue, 0); }
-
-void ControlPanelOptions::StoreAgpPage(std::int32_t state) {
-  // Windows 9x takes it from the clock key, below HKEY_LOCAL_MACHINE whatever the driver.
-  const std::string_view key =
-      versions_.OSFamily == detect::kWindows9x ? std::string_view(adapter_.HardwareKey) : kTweakKey;
-  Store(key, kOptions[kAgpIndex].value, state);
-}
-
-void ControlPanelOptions::OptionChanged(int index) {
-  if (program_.IsStart == 1) return;
-  const OptionRow& row = kOptions[index];
-  const controls::CheckBox& box = *controls_.options[static_cast<std::size_t>(index)];
-  if (index == kCoolBitsIndex) {
-    box.Checked() ? EnableCoolBits() : DisableCoolBits();
-  } else if (index == kAgpIndex) {
-    StoreAgpPage(box.State());
-  } else if (row.encoding == Encoding::kState) {
-    Store(kTweakKey, row.value, box.State());
-  } else if (row.encoding == Encoding::kInverted) {
-    Store(kTweakKey, row.value, box.Checked() ? 0 : 1);
+  for (const Binding& binding : bindings_) {
+    const Setting& row = hardware_.RowOf(*binding.setting);
+    const std::optional<std::int32_t> number =
+        registry_.ReadRegValue(RegRoot::kLocalMachine, detect::kTweakKey, row.name).Number();
+    ShowNumber(binding, row, number, LangText);
+    ApplyNeeds(binding, hardware_);
   }
 }
 
-void ControlPanelOptions::OptionHovered(int index) {
-  controls_.picture->SetVisible(true);
-  const std::string_view tag = kOptions[index].tag;
-  if (tag.empty() || tag == shown_tag_) return;
-  shown_tag_ = tag;
-  const std::string file = "DATA/cpl/" + std::string(tag) + ".jpg";
-  if (files_.IsPicture(file)) controls_.picture->ShowFile(file);
+void ControlPanelOptions::OptionChanged(const Binding& binding) {
+  if (hardware_.program.IsStart == 1) return;
+  const Setting& row = *binding.setting;
+  const bool on = dynamic_cast<const controls::CheckBox&>(*binding.control).Checked();
+  const bool unlocks = on && row.special == Special::kCoolBits;
+  const std::int32_t number =
+      unlocks ? detect::CoolBitsOn(hardware_.versions) : *row.choices[on ? 1 : 0].number;
+  registry_.WriteAsBinary = 0;
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, KeyFor(row), row.name, number));
 }
 
 }  // namespace kestrune::cpl

@@ -1,65 +1,40 @@
 #pragma once
 
-#include <array>
+#include <string>
 
-#include "controls/controls.h"
-#include "core/program_state.h"
 #include "core/registry.h"
-#include "detect/adapter.h"
-#include "platform/files_api.h"
+#include "settings/binding.h"
 
 namespace kestrune::cpl {
 
-inline constexpr int kOptionCount = 11;
-
-/// The key of the driver's tweak service, below HKEY_LOCAL_MACHINE, and its switch for clock
-/// control.
-inline constexpr std::string_view kTweakKey = "SOFTWARE\\NVIDIA Corporation\\Global\\NVTweak";
-inline constexpr std::string_view kCoolBitsValue = "CoolBits";
-/// The number that unlocks clock control on a system and driver.
-std::int32_t CoolBitsOn(const detect::VersionState& versions);
-
-struct ControlPanelControls {
-  /// The option boxes, by index.
-  std::array<controls::CheckBox*, kOptionCount> options;
-  controls::PictureBox* picture;
-};
+/// The switches of the control-panel page, in their order. The temperature boxes have no value: no
+/// supported driver switches those pages this way.
+extern const std::span<const settings::Setting> kControlPanelSettings;
 
 /// The switches that make the driver's own control panel show its hidden pages.
 class ControlPanelOptions {
  public:
-  ControlPanelOptions(core::basRegistry& registry, platform::FilesApi& files,
-                      const detect::VersionState& versions, const detect::AdapterState& adapter,
-                      const core::ProgramState& program, const ControlPanelControls& controls)
+  ControlPanelOptions(core::basRegistry& registry, const settings::Hardware& hardware,
+                      const lang::LangTable& lang_text, const controls::ControlSet& controls)
       : registry_(registry),
-        files_(files),
-        versions_(versions),
-        adapter_(adapter),
-        program_(program),
-        controls_(controls) {}
+        hardware_(hardware),
+        LangText(lang_text),
+        bindings_(Bind(kControlPanelSettings, controls)) {}
 
   /// Shows what is stored and disables what the card or the driver hasn't. The caller holds
   /// IsStart at 1.
   void ReadControlPanelOptions();
   /// A box was ticked or cleared.
-  void OptionChanged(int index);
-  /// The mouse is over a box: the picture shows the page that the switch reveals.
-  void OptionHovered(int index);
+  void OptionChanged(const settings::Binding& binding);
+  std::span<const settings::Binding> Bindings() const { return bindings_; }
 
  private:
-  void Store(std::string_view key, std::string_view name, std::int32_t number);
-  std::int32_t Read(std::string_view name, std::int32_t not_set);
-  void EnableCoolBits();
-  void DisableCoolBits();
-  void StoreAgpPage(std::int32_t state);
+  std::string KeyFor(const settings::Setting& row) const;
 
   core::basRegistry& registry_;
-  platform::FilesApi& files_;
-  const detect::VersionState& versions_;
-  const detect::AdapterState& adapter_;
-  const core::ProgramState& program_;
-  ControlPanelControls controls_;
-  std::string_view shown_tag_;
+  const settings::Hardware& hardware_;
+  const lang::LangTable& LangText;
+  std::vector<settings::Binding> bindings_;
 };
 
 }  // namespace kestrune::cpl

@@ -5,11 +5,20 @@
 
 namespace kestrune::d3d {
 
+using settings::Change;
+using settings::CodeMatch;
+using settings::Special;
+using settings::Writer;
+
+namespace texts = lang::texts;
+
 namespace {
 
 /// The codes that store a mode of their own on drivers before release 50.00; the others store the
 /// shared value on every driver.
 constexpr int kLastOldModeCode = 8;
+/// Leaves the mode to the program.
+constexpr int kAutoCode = 0;
 
 }  // namespace
 
@@ -21,14 +30,12 @@ void Direct3DWriter::WriteDirect3DSetting(int code, std::int32_t value) {
   }
   // The driver takes the mode only when the switch is there before it.
   if (!context_.HasSharedValues()) WriteOldAntialiasingSwitch(code);
-  if (WriteAntialiasing(code) || WriteSli(code, value) || WriteAnisotropy(code) ||
-      WriteShader(code)) {
-    return;
+  const int driver = context_.Driver();
+  if (const CodeMatch match = FindCode(kDirect3DSettings, Writer::kDirect3D, code, value, driver)) {
+    Write(match, value);
+  } else if (const std::optional<Change> change = ChangeOf(kDirect3DCodes, code, value)) {
+    context_.key.Apply(*change);
   }
-  const std::optional<Change> change = ChangeOf(kDirect3DCatalogue, code, value);
-  if (!change) return;
-  context_.key.Apply(*change);
-  ShowWritten(kDirect3DCatalogue, context_.controls, code, value, context_.lang_text);
 }
 
 void Direct3DWriter::WriteLegacy(int code) const {
@@ -39,7 +46,19 @@ void Direct3DWriter::WriteLegacy(int code) const {
 
 void Direct3DWriter::WriteOldAntialiasingSwitch(int code) const {
   if (code < 0 || code > kLastOldModeCode) return;
-  context_.key.Apply({kOldAaSwitch, code == 0 ? kOldAaOff : kOldAaForced});
+  context_.key.Apply({kOldAaSwitch, code == kAutoCode ? kOldAaOff : kOldAaForced});
+}
+
+void Direct3DWriter::Write(const CodeMatch& match, std::int32_t value) const {
+  if (match.row->special == Special::kMode) {
+    WriteMode(match);
+    return;
+  }
+  context_.key.Apply(ChangeOf(match, value, context_.Driver()));
+  if (match.row->special == Special::kAnisotropy) ShowAnisotropy(match);
+  if (match.row->special == Special::kNone) {
+    ShowStored(BindingOf(*match.row), match, value, context_.lang_text);
+  }
 }
 
 std::int32_t Direct3DWriter::FlagWord() const {
@@ -48,72 +67,28 @@ std::int32_t Direct3DWriter::FlagWord() const {
   return kTransparencyFlags[transparency] + (context_.state.AaGammaOn == 1 ? kAaGammaFlag : 0);
 }
 
-bool Direct3DWriter::WriteAntialiasing(int code) const {
-  const AaMode* mode = FindAaModeByCode(code);
-  if (mode == nullptr) return false;
-  if (!context_.HasSharedValues() && code <= kLastOldModeCode) {
-    context_.key.Apply({kOldAaValue, code});
-    return true;
-  }
+void Direct3DWriter::WriteMode(const CodeMatch& match) const {
   // Leaving the choice to the program leaves the flags out as well.
-  const std::int64_t number = code == 0 ? 0 : std::int64_t{FlagWord()} + mode->number;
+  const bool is_auto = match.choice->call->code == kAutoCode;
+  const std::int64_t number = is_auto ? 0 : std::int64_t{FlagWord()} + *match.choice->number;
   if (number <= std::numeric_limits<std::int32_t>::max()) {
-    context_.key.Apply({kSharedAaValue, static_cast<std::int32_t>(number)});
+    context_.key.Apply({match.row->name, static_cast<std::int32_t>(number)});
   }
-  return true;
 }
 
-bool Direct3DWriter::WriteSli(int code, std::int32_t value) const {
-  if (code != kSliAaCode) return false;
-  if (value == 0 || value == 1) {
-    context_.key.Apply({kSliAaValue, value == 1 ? kSliAaSet : kSliAaCleared});
-  }
-  return true;
+void Direct3DWriter::ShowAnisotropy(const CodeMatch& match) const {
+  const int code = match.choice->call->code;
+  if (code == kHighestLevelCode) return;
+  std::string text = match.choice->text.In(context_.lang_text);
+  if (code == kPointCode) text = context_.lang_text[texts::kAuto];
+  if (code == kBilinearCode && !context_.HasSharedValues()) text = "Bilinear";
+  dynamic_cast<controls::ComboBox&>(*BindingOf(*match.row).control).ShowText(text);
+  if (context_.HasSharedValues()) opengl_.anisotropic.ShowText(text);
 }
 
-bool Direct3DWriter::WriteAnisotropy(int code) const {
-  const bool shared = context_.HasSharedValues();
-  const std::string_view name = shared ? kSharedAnisoValue : kOldAnisoValue;
-  if (code == kAnisoDeleteCode) {
-    context_.key.Apply({name, std::nullopt});
-    ShowAnisotropy(Ui(137), Ui(137));
-    return true;
-  }
-  for (const AnisoLevel& level : kAnisoLevels) {
-    if (level.code != code) continue;
-    context_.key.Apply({name, shared ? level.shared : level.OldNumber(context_.versions.DrvVer)});
-    if (code == kPointCode) {
-      ShowAnisotropy(Ui(137), Ui(137));
-    } else if (code == kBilinearCode) {
-      ShowAnisotropy(level.text, Word("Bilinear"));
-    } else if (code != kHighestLevelCode) {
-      ShowAnisotropy(level.text, level.text);
-    }
-    return true;
-  }
-  return false;
-}
-
-void Direct3DWriter::ShowAnisotropy(const ShownText& text, const ShownText& old_text) const {
-  const bool shared = context_.HasSharedValues();
-  const std::string shown = (shared ? text : old_text).In(context_.lang_text);
-  context_.controls.anisotropic->ShowText(shown);
-  if (shared) context_.controls.opengl_anisotropic->ShowText(shown);
-}
-
-bool Direct3DWriter::WriteShader(int code) const {
-  for (const ShaderRow* row : {&kPixelShaderRow, &kVertexShaderRow}) {
-    if (code == row->delete_code) {
-      context_.key.Apply({row->deleted_name, std::nullopt});
-      return true;
-    }
-    for (const ShaderVersion& version : row->versions) {
-      if (version.code != code || code < 0) continue;
-      context_.key.Apply({row->name, version.token});
-      return true;
-    }
-  }
-  return false;
+const settings::Binding& Direct3DWriter::BindingOf(const settings::Setting& row) const {
+  return *std::find_if(context_.bindings.begin(), context_.bindings.end(),
+                       [&row](const settings::Binding& binding) { return binding.Id() == row.id; });
 }
 
 }  // namespace kestrune::d3d

@@ -8,7 +8,8 @@ namespace kestrune::d3d {
 /// value. It never reads the registry.
 class Direct3DWriter {
  public:
-  explicit Direct3DWriter(const Direct3DContext& context) : context_(context) {}
+  Direct3DWriter(const Direct3DContext& context, const controls::ControlSet& controls)
+      : context_(context), opengl_(controls) {}
 
   /// Stores what a code (0 to 128) stands for; `value` is the number of the codes that store one
   /// that the user chose. An unknown code stores nothing. Then it sets the captions and lists that
@@ -18,14 +19,14 @@ class Direct3DWriter {
  private:
   void WriteLegacy(int code) const;
   void WriteOldAntialiasingSwitch(int code) const;
-  bool WriteAntialiasing(int code) const;
-  bool WriteSli(int code, std::int32_t value) const;
-  bool WriteAnisotropy(int code) const;
-  bool WriteShader(int code) const;
-  void ShowAnisotropy(const ShownText& text, const ShownText& old_text) const;
+  void Write(const settings::CodeMatch& match, std::int32_t value) const;
+  void WriteMode(const settings::CodeMatch& match) const;
+  void ShowAnisotropy(const settings::CodeMatch& match) const;
+  const settings::Binding& BindingOf(const settings::Setting& row) const;
   std::int32_t FlagWord() const;
 
   Direct3DContext context_;
+  OpenGLTwins opengl_;
 };
 
 }  // namespace kestrune::d3d

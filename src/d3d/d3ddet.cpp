@@ -2,14 +2,17 @@
 
 #include <algorithm>
 
+#include "core/program_state.h"
+
 namespace kestrune::d3d {
 
-namespace {
+using controls::CheckBox;
+using controls::ComboBox;
+using settings::Special;
 
-void ShowBoth(controls::ComboBox* first, controls::ComboBox* second, const std::string& text) {
-  first->ShowText(text);
-  second->ShowText(text);
-}
+namespace texts = lang::texts;
+
+namespace {
 
 /// The flags of a shared antialiasing number are told by its decimal text; other numbers have none.
 const AaFlagRow* FlagsOf(std::int32_t number) {
@@ -21,131 +24,126 @@ const AaFlagRow* FlagsOf(std::int32_t number) {
   return found == kAaFlagRows.end() ? nullptr : &*found;
 }
 
-/// From this release on programs may be allowed a negative level-of-detail bias.
-constexpr int kFirstNegativeLodDriver = 7000;
+const AaMode* ModeOf(std::int32_t number) {
+  const auto found = std::find_if(std::begin(kAaModes), std::end(kAaModes),
+                                  [number](const AaMode& mode) { return mode.number == number; });
+  return found == std::end(kAaModes) ? nullptr : &*found;
+}
 
 }  // namespace
+
+OpenGLTwins::OpenGLTwins(const controls::ControlSet& controls)
+    : mode(controls.Get<ComboBox>("opengl.antialiasing.antialiasing-mode")),
+      anisotropic(controls.Get<ComboBox>("opengl.filtering.anisotropic-filtering")) {}
 
 void Direct3DReader::ReadDirect3DSettings() {
   const core::FlagScope busy(context_.state.D3dReaderBusy);
   if (context_.IsLegacyDriver()) return;
   const platform::ReadScope reading = context_.key.Reading();
+  for (const Binding& binding : context_.bindings) Show(binding);
+}
 
-  ReadSliAntialiasing();
-  if (context_.HasSharedValues()) {
-    ReadSharedAntialiasing();
-    ReadSharedAnisotropy();
-  } else {
-    ReadOldAntialiasing();
-    ReadOldAnisotropy();
+void Direct3DReader::Show(const Binding& binding) {
+  const Setting& row = context_.hardware.RowOf(*binding.setting);
+  switch (row.special) {
+    case Special::kSli:
+      ShowSli(binding);
+      break;
+    case Special::kMode:
+      ShowSharedMode(binding, row);
+      break;
+    case Special::kModeFlags:
+      // What enables these is seen to where the lists that depend on the card are filled.
+      if (context_.HasSharedValues()) ShowFlags(binding);
+      return;
+    case Special::kOldMode:
+      ShowOldMode(binding, row);
+      break;
+    case Special::kAnisotropy:
+      ShowAnisotropy(binding, row);
+      break;
+    case Special::kShader:
+      ShowShader(binding);
+      return;
+    case Special::kTextures:
+      context_.state.MaxSimultaneousTextures = Read(row).value_or(-1);
+      return;
+    default:
+      ShowNumber(binding, row, Read(row), context_.lang_text);
   }
-  const Direct3DControls& controls = context_.controls;
-  controls.z_compression->SetEnabled(context_.program.LowTextureUnits == 1);
-  controls.negative_lod->SetEnabled(context_.versions.DrvVer >= kFirstNegativeLodDriver);
-  ReadShader(kPixelShaderRow, *controls.pixel_shader, context_.state.PixelShaderVersionText);
-  ReadShader(kVertexShaderRow, *controls.vertex_shader, context_.state.VertexShaderVersionText);
-  context_.state.MaxSimultaneousTextures = Read(kMaxTexturesValue).value_or(-1);
-  CatalogueReader reader(controls, context_.lang_text, [this](std::string_view name, Place place) {
-    return context_.key.Read(name, place);
-  });
-  reader.Show(kDirect3DCatalogue);
+  ApplyNeeds(binding, context_.hardware);
 }
 
-void Direct3DReader::ReadSliAntialiasing() {
-  const Direct3DControls& controls = context_.controls;
-  const std::int32_t number = Read(kSliAaValue).value_or(kSliAaCleared);
-  if (number == kSliAaSet || number == kSliAaCleared) {
-    const int on = number == kSliAaSet ? 1 : 0;
-    controls.sli->Show(on);
-    controls.opengl_sli->Show(on);
-    context_.state.SliAaOn = on;
+void Direct3DReader::ShowSli(const Binding& binding) {
+  const std::optional<std::int32_t> number = Read(*binding.setting);
+  ShowNumber(binding, *binding.setting, number, context_.lang_text);
+  if (const settings::Choice* choice = ShownChoice(*binding.setting, number)) {
+    context_.state.SliAaOn = choice->text == settings::kOn ? 1 : 0;
   }
-  const bool can_join = context_.adapter.IsOneOf({"014", "004", "00C", "009"});
-  controls.sli->SetEnabled(can_join);
-  controls.opengl_sli->SetEnabled(can_join);
 }
 
-void Direct3DReader::ShowTransparency(int mode) {
-  context_.state.AaTransparencyMode = mode;
-  ShowBoth(context_.controls.transparency, context_.controls.opengl_transparency,
-           Text(kTransparencyTexts[mode]));
-}
-
-void Direct3DReader::ReadSharedAntialiasing() {
-  const Direct3DControls& controls = context_.controls;
+void Direct3DReader::ShowSharedMode(const Binding& binding, const Setting& row) {
   Direct3DState& state = context_.state;
-  std::int32_t number = Read(kSharedAaValue).value_or(0);
-  const AaFlagRow* flags = FlagsOf(number);
-  if (flags != nullptr) number -= flags->flags;
-  ShowTransparency(flags != nullptr ? flags->transparency : 0);
-  state.AaGammaOn = flags != nullptr ? flags->gamma : 0;
-  controls.gamma->Show(state.AaGammaOn);
-  controls.opengl_gamma->Show(state.AaGammaOn);
+  std::int32_t number = Read(row).value_or(0);
+  flags_ = FlagsOf(number);
+  if (flags_ != nullptr) number -= flags_->flags;
+  state.AaTransparencyMode = flags_ != nullptr ? flags_->transparency : 0;
+  state.AaGammaOn = flags_ != nullptr ? flags_->gamma : 0;
 
-  const auto mode = std::find_if(kAaModes.begin(), kAaModes.end(),
-                                 [number](const AaMode& each) { return each.number == number; });
-  if (mode == kAaModes.end()) {
-    ShowBoth(controls.mode, controls.opengl_mode, Text(Ui(183)));
+  auto& combo = dynamic_cast<ComboBox&>(*binding.control);
+  const AaMode* mode = ModeOf(number);
+  if (mode == nullptr) {
+    combo.ShowText(Text(texts::kUnknown));
+    opengl_.mode.ShowText(Text(texts::kUnknown));
   } else if (state.SliAaOn == 1 && !mode->sli.empty()) {
-    ShowBoth(controls.mode, controls.opengl_mode, std::string(mode->sli));
+    combo.ShowText(std::string(mode->sli));
+    opengl_.mode.ShowText(std::string(mode->sli));
   } else {
-    controls.mode->ShowText(Text(mode->text));
-    controls.opengl_mode->ShowText(Text(mode->opengl));
+    combo.ShowText(mode->text.In(context_.lang_text));
+    opengl_.mode.ShowText(mode->opengl.In(context_.lang_text));
   }
-  state.CurrentAaModeText = controls.mode->Text();
+  state.CurrentAaModeText = combo.Text();
 }
 
-void Direct3DReader::ReadOldAntialiasing() {
-  controls::ComboBox& mode = *context_.controls.mode;
-  const std::int32_t number = Read(kOldAaValue).value_or(0);
-  if (number >= 0 && static_cast<std::size_t>(number) < kOldAaTexts.size()) {
-    mode.ShowText(Text(kOldAaTexts[static_cast<std::size_t>(number)]));
+void Direct3DReader::ShowFlags(const Binding& binding) {
+  const std::int32_t flags = flags_ != nullptr ? flags_->flags : 0;
+  // Of the row's flags the one that is set, else none.
+  std::int32_t number = 0;
+  for (const settings::Choice& choice : binding.setting->choices) {
+    if ((flags & choice.number.value_or(0)) != 0) number = *choice.number;
   }
-  if (Read(kOldAaSwitch) == kOldAaOff) mode.ShowText(Text(Ui(145)));
+  ShowNumber(binding, *binding.setting, number, context_.lang_text);
 }
 
-void Direct3DReader::ReadSharedAnisotropy() {
-  const Direct3DControls& controls = context_.controls;
-  const std::int32_t number = Read(kSharedAnisoValue).value_or(0);
-  std::optional<ShownText> text;
-  if (number == 0 || number == 1) text = Ui(137);
-  for (const AnisoLevel& level : kAnisoLevels) {
-    if (level.code == kBilinearCode && level.shared == number) {
-      text = Ui(145);
-    } else if (!text && level.shared == number) {
-      text = level.text;
-    }
-  }
-  if (text) ShowBoth(controls.anisotropic, controls.opengl_anisotropic, Text(*text));
-}
-
-void Direct3DReader::ReadOldAnisotropy() {
-  controls::ComboBox& combo = *context_.controls.anisotropic;
-  const std::int32_t number = Read(kOldAnisoValue).value_or(-1);
-  if (number == -1) {
-    combo.ShowText(Text(Ui(137)));
-    return;
-  }
-  for (const AnisoLevel& level : kAnisoLevels) {
-    if (level.OldNumber(context_.versions.DrvVer) == number) combo.ShowText(Text(level.text));
+void Direct3DReader::ShowOldMode(const Binding& binding, const Setting& row) {
+  ShowNumber(binding, row, Read(row), context_.lang_text);
+  if (context_.key.Read(kOldAaSwitch, row.place) == kOldAaOff) {
+    dynamic_cast<ComboBox&>(*binding.control).ShowText(Text(texts::kDisabled));
   }
 }
 
-void Direct3DReader::ReadShader(const ShaderRow& row, controls::Label& label,
-                                std::string& version_text) {
-  const std::string prefix = Text(Ui(row.prefix));
-  const std::int32_t number = Read(row.name).value_or(0);
-  if (number == 0) {
-    label.SetCaption(prefix + Text(Ui(88)));
-    version_text = Text(Ui(146));
-    return;
+void Direct3DReader::ShowAnisotropy(const Binding& binding, const Setting& row) {
+  const std::optional<std::int32_t> number = Read(row);
+  ShowNumber(binding, row, number, context_.lang_text);
+  const settings::Choice* choice = ShownChoice(row, number);
+  if (context_.HasSharedValues() && choice != nullptr) {
+    opengl_.anisotropic.ShowText(choice->text.In(context_.lang_text));
   }
-  version_text = kShaderOffName;
-  for (const ShaderVersion& version : row.versions) {
-    if (version.token == number) version_text = version.name;
-  }
-  const bool off = version_text == kShaderOffName;
-  label.SetCaption(prefix + (off ? Text(Ui(145)) : version_text));
+}
+
+void Direct3DReader::ShowShader(const Binding& binding) {
+  const Setting& row = *binding.setting;
+  std::string& version_text = context_.state.VersionText(row);
+  const settings::Choice* choice = ShownChoice(row, Read(row));
+  const bool is_default = choice != nullptr && choice->text.number == texts::kDefault;
+  version_text = is_default          ? Text(texts::kEnabled)
+                 : choice == nullptr ? std::string(kShaderOffName)
+                                     : std::string(choice->text.word);
+  const bool is_off = version_text == kShaderOffName;
+  const std::string shown = is_off       ? Text(texts::kDisabled)
+                            : is_default ? Text(texts::kDefault)
+                                         : version_text;
+  binding.label->SetCaption(row.prefix.In(context_.lang_text) + shown);
 }
 
 }  // namespace kestrune::d3d

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "lang/texts.h"
+#include "settings/setting.h"
+
 namespace kestrune::d3d {
 
 /// What the Direct3D reader keeps for the writers and pages.
@@ -21,6 +24,12 @@ struct Direct3DState {
   /// Highest shader version told to programs, or interface text 146 when the driver decides.
   std::string PixelShaderVersionText;
   std::string VertexShaderVersionText;
+
+  /// The version text that goes with a shader's row.
+  std::string& VersionText(const settings::Setting& row) {
+    const bool is_pixel = row.prefix == settings::Ui(lang::texts::kPixelShader);
+    return is_pixel ? PixelShaderVersionText : VertexShaderVersionText;
+  }
 };
 
 }  // namespace kestrune::d3d

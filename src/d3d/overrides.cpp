@@ -1,12 +1,20 @@
 #include "d3d/overrides.h"
 
+#include <algorithm>
+
 #include "core/number.h"
-#include "core/options.h"
 #include "core/outcome.h"
 
 namespace kestrune::d3d {
 
+using settings::Choice;
+
+namespace texts = lang::texts;
+
 namespace {
+
+constexpr std::int16_t kTexturesCode = 96;
+constexpr std::int16_t kTexturesDeleteCode = 33;
 
 constexpr int kFewestTextures = 1;
 constexpr int kDesignTextures = 8;
@@ -31,16 +39,56 @@ int VersionTenths(std::string_view name) {
   return kHighestVersion;
 }
 
-}  // namespace
-
-int CapabilityOverrides::ReadOption(std::string_view name) {
-  return registry_.ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, name).NumberOr(0);
+const settings::Binding& BindingOf(const Direct3DContext& context, std::string_view id) {
+  return *std::find_if(context.bindings.begin(), context.bindings.end(),
+                       [id](const settings::Binding& binding) { return binding.Id() == id; });
 }
 
-void CapabilityOverrides::StoreOption(std::string_view name, const controls::CheckBox& box) {
-  registry_.WriteAsBinary = 0;
-  core::Ignore(
-      registry_.WriteRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, name, box.State()));
+}  // namespace
+
+CapabilityOverrides::Shader::Shader(const settings::Binding& binding, std::string_view limit_table)
+    : row(*binding.setting),
+      slider(dynamic_cast<controls::Slider&>(*binding.control)),
+      label(dynamic_cast<controls::Label&>(*binding.label)),
+      table(limit_table),
+      versions(Offered(row, 0)) {}
+
+CapabilityOverrides::CapabilityOverrides(const Direct3DContext& context,
+                                         const controls::ControlSet& controls,
+                                         Direct3DWriter& writer, core::basRegistry& registry,
+                                         detect::CardData& cards, platform::ShellApi& shell)
+    : context_(context),
+      writer_(writer),
+      options_(registry),
+      cards_(cards),
+      shell_(shell),
+      multitexture_page_(controls.Get<controls::Frame>("direct3d.multitexturing")),
+      shader_page_(controls.Get<controls::Frame>("direct3d.shaders")),
+      textures_(
+          controls.Get<controls::Slider>("direct3d.multitexturing.max-simultaneous-textures")),
+      textures_label_(
+          controls.Get<controls::Label>("direct3d.multitexturing.max-simultaneous-textures-label")),
+      override_textures_(controls.Get<controls::CheckBox>(
+          "direct3d.multitexturing.override-multitexturing-settings")),
+      override_shaders_(
+          controls.Get<controls::CheckBox>("direct3d.shaders.override-shaders-settings")),
+      apply_textures_(controls.Get<controls::Button>("direct3d.multitexturing.apply-setting-now")),
+      apply_shaders_(controls.Get<controls::Button>("direct3d.shaders.apply-settings-now")),
+      pixel_(BindingOf(context, "direct3d.shaders.pixel-shader"), "ps"),
+      vertex_(BindingOf(context, "direct3d.shaders.vertex-shader"), "vs") {
+  ConnectHandlers();
+}
+
+void CapabilityOverrides::ConnectHandlers() {
+  textures_.on_change = [this] { TexturesMoved(); };
+  for (const Shader* shader : {&pixel_, &vertex_}) {
+    shader->slider.on_change = [this, shader] { ShaderMoved(*shader); };
+  }
+  override_textures_.on_change = [this] { OverrideTexturesClicked(); };
+  override_shaders_.on_change = [this] { OverrideShadersClicked(); };
+  for (controls::Button* button : {&apply_textures_, &apply_shaders_}) {
+    button->on_click = [this, button] { ApplyClicked(*button); };
+  }
 }
 
 void CapabilityOverrides::Reload() {
@@ -48,7 +96,7 @@ void CapabilityOverrides::Reload() {
 }
 
 void CapabilityOverrides::OfferApply(controls::Button& button) {
-  if (context_.program.IsLoading != 1) button.SetEnabled(true);
+  if (context_.hardware.program.IsLoading != 1) button.SetEnabled(true);
 }
 
 void CapabilityOverrides::ApplyClicked(controls::Button& button) {
@@ -57,122 +105,124 @@ void CapabilityOverrides::ApplyClicked(controls::Button& button) {
 }
 
 void CapabilityOverrides::ShowTextures(std::optional<int> count) {
-  controls_.textures_label->SetCaption(context_.lang_text[165] +
-                                       (count ? std::to_string(*count) : context_.lang_text[88]));
+  textures_label_.SetCaption(
+      context_.lang_text[texts::kMaxTextures] +
+      (count ? std::to_string(*count) : context_.lang_text[texts::kDefault]));
 }
 
 void CapabilityOverrides::InitMultitexturePage() {
-  controls_.multitexture_page->SetEnabled(!context_.IsLegacyDriver());
+  multitexture_page_.SetEnabled(!context_.IsLegacyDriver());
   if (context_.IsLegacyDriver()) return;
   int& stored = context_.state.MaxSimultaneousTextures;
   const std::optional<int> limit = core::ParseInt32(cards_.GetCardData("mt", false));
-  controls_.override_textures->Show(ReadOption(core::kOverrideMultiTextureValue));
-  if (controls_.override_textures->Checked()) {
-    controls_.textures->SetRange(kFewestTextures, kOverrideTextures);
+  override_textures_.Show(options_.Read(core::kOverrideMultiTextureValue).NumberOr(0));
+  if (override_textures_.Checked()) {
+    textures_.SetRange(kFewestTextures, kOverrideTextures);
   } else {
-    controls_.textures->SetRange(kFewestTextures, limit.value_or(kDesignTextures));
+    textures_.SetRange(kFewestTextures, limit.value_or(kDesignTextures));
     if (limit && stored != -1 && stored > *limit) {
-      writer_.WriteDirect3DSetting(kMaxTexturesDeleteCode, 0);
+      writer_.WriteDirect3DSetting(kTexturesDeleteCode, 0);
       Reload();
       stored = -1;
     }
   }
   const std::optional<int> count = stored == -1 ? std::nullopt : std::optional<int>(stored);
-  controls_.textures->PassOn(count.value_or(controls_.textures->Maximum()));
+  textures_.PassOn(count.value_or(textures_.Maximum()));
   ShowTextures(count);
 }
 
 void CapabilityOverrides::TexturesMoved() {
   int& stored = context_.state.MaxSimultaneousTextures;
-  stored = controls_.textures->Value();
-  if (stored == controls_.textures->Maximum()) {
+  stored = textures_.Value();
+  if (stored == textures_.Maximum()) {
     stored = -1;
-    writer_.WriteDirect3DSetting(kMaxTexturesDeleteCode, 0);
+    writer_.WriteDirect3DSetting(kTexturesDeleteCode, 0);
     ShowTextures(std::nullopt);
   } else {
-    writer_.WriteDirect3DSetting(kMaxTexturesCode, stored);
+    writer_.WriteDirect3DSetting(kTexturesCode, stored);
     ShowTextures(stored);
   }
-  OfferApply(*controls_.apply_textures);
+  OfferApply(apply_textures_);
 }
 
 void CapabilityOverrides::OverrideTexturesClicked() {
-  StoreOption(core::kOverrideMultiTextureValue, *controls_.override_textures);
+  options_.Write(core::kOverrideMultiTextureValue, override_textures_.State());
   InitMultitexturePage();
 }
 
 std::optional<CapabilityOverrides::ShaderLimit> CapabilityOverrides::CardLimit(
-    const std::string& table, bool is_vertex) {
-  const std::string version = cards_.GetCardData(table, true);
+    const Shader& shader) {
+  const std::string version = cards_.GetCardData(std::string(shader.table), true);
   const std::optional<int> position = core::ParseInt32(cards_.CardDataExtra);
   if (version.empty() || !position) return std::nullopt;
-  const int tenths = is_vertex && version == "1.1" ? kOldVertexVersion : VersionTenths(version);
-  return ShaderLimit{tenths, *position};
+  const bool is_old_vertex = !IsPixel(shader) && version == "1.1";
+  return ShaderLimit{is_old_vertex ? kOldVertexVersion : VersionTenths(version), *position};
 }
 
 void CapabilityOverrides::InitShaderPage() {
-  controls_.shader_page->SetEnabled(!context_.IsLegacyDriver());
+  shader_page_.SetEnabled(!context_.IsLegacyDriver());
   if (context_.IsLegacyDriver()) return;
-  controls_.override_shaders->Show(ReadOption(core::kOverrideShadersValue));
-  InitShader(kPixelShaderRow, controls_.pixel, PixelText(), CardLimit("ps", false));
-  InitShader(kVertexShaderRow, controls_.vertex, VertexText(), CardLimit("vs", true));
+  override_shaders_.Show(options_.Read(core::kOverrideShadersValue).NumberOr(0));
+  InitShader(pixel_);
+  InitShader(vertex_);
 }
 
-void CapabilityOverrides::InitShader(const ShaderRow& row, const ShaderControls& controls,
-                                     std::string& version_text,
-                                     const std::optional<ShaderLimit>& limit) {
-  const std::string default_text = context_.lang_text[146];
-  const bool overridden = controls_.override_shaders->Checked();
-  controls.slider->SetEnabled(overridden || !limit || limit->version > 0);
+void CapabilityOverrides::InitShader(const Shader& shader) {
+  const std::optional<ShaderLimit> limit = CardLimit(shader);
+  const std::string& version_text = context_.state.VersionText(shader.row);
+  const std::string& default_text = context_.lang_text[texts::kEnabled];
+  const bool overridden = override_shaders_.Checked();
+  shader.slider.SetEnabled(overridden || !limit || limit->version > 0);
   if (overridden) {
-    controls.slider->SetRange(0, row.default_position);
+    shader.slider.SetRange(0, static_cast<int>(shader.versions.size()) - 1);
   } else {
-    controls.slider->SetRange(0, limit ? limit->position : kDesignShaderPosition);
+    shader.slider.SetRange(0, limit ? limit->position : kDesignShaderPosition);
     if (limit && version_text != default_text && VersionTenths(version_text) > limit->version) {
-      RemoveShader(row, *controls.label, version_text);
+      RemoveShader(shader);
     }
   }
   if (version_text == default_text) {
-    controls.slider->PassOn(controls.slider->Maximum());
+    shader.slider.PassOn(shader.slider.Maximum());
     return;
   }
-  for (const ShaderVersion& version : row.versions) {
-    if (version.name == version_text) controls.slider->PassOn(version.position);
-  }
+  const auto named = [&version_text](const Choice* each) {
+    return each->text.word == version_text;
+  };
+  const auto version = std::find_if(shader.versions.begin(), shader.versions.end(), named);
+  if (version == shader.versions.end()) return;
+  shader.slider.PassOn(static_cast<int>(version - shader.versions.begin()));
 }
 
-void CapabilityOverrides::RemoveShader(const ShaderRow& row, controls::Label& label,
-                                       std::string& version_text) {
-  writer_.WriteDirect3DSetting(row.delete_code, 0);
+void CapabilityOverrides::RemoveShader(const Shader& shader) {
+  writer_.WriteDirect3DSetting(shader.versions.back()->call->code, 0);
   // The vertex shader's label then names no version at all.
-  const std::string suffix = &row == &kPixelShaderRow ? context_.lang_text[88] : std::string();
-  label.SetCaption(context_.lang_text[row.prefix] + suffix);
+  const std::string suffix = IsPixel(shader) ? context_.lang_text[texts::kDefault] : std::string();
+  shader.label.SetCaption(shader.row.prefix.In(context_.lang_text) + suffix);
   Reload();
-  version_text = context_.lang_text[146];
+  context_.state.VersionText(shader.row) = context_.lang_text[texts::kEnabled];
 }
 
-void CapabilityOverrides::ShaderMoved(const ShaderRow& row, const ShaderControls& controls,
-                                      std::string& version_text) {
-  const int position = controls.slider->Value();
-  const std::string prefix = context_.lang_text[row.prefix];
-  const bool is_default =
-      position > 0 && (position == controls.slider->Maximum() || position == row.default_position);
-  if (is_default) {
-    writer_.WriteDirect3DSetting(row.delete_code, 0);
-    controls.label->SetCaption(prefix + context_.lang_text[88]);
-    version_text = context_.lang_text[146];
+void CapabilityOverrides::ShaderMoved(const Shader& shader) {
+  const int position = shader.slider.Value();
+  const int default_position = static_cast<int>(shader.versions.size()) - 1;
+  const std::string prefix = shader.row.prefix.In(context_.lang_text);
+  std::string& version_text = context_.state.VersionText(shader.row);
+  if (position > 0 && (position == shader.slider.Maximum() || position == default_position)) {
+    writer_.WriteDirect3DSetting(shader.versions.back()->call->code, 0);
+    shader.label.SetCaption(prefix + context_.lang_text[texts::kDefault]);
+    version_text = context_.lang_text[texts::kEnabled];
+  } else if (position < default_position) {
+    const Choice& version = *shader.versions[static_cast<std::size_t>(position)];
+    writer_.WriteDirect3DSetting(version.call->code, 0);
+    version_text = version.text.word;
+    shader.label.SetCaption(prefix +
+                            (position == 0 ? context_.lang_text[texts::kDisabled] : version_text));
   }
-  for (const ShaderVersion& version : row.versions) {
-    if (is_default || version.position != position) continue;
-    writer_.WriteDirect3DSetting(version.code, 0);
-    version_text = version.name;
-    controls.label->SetCaption(prefix + (position == 0 ? context_.lang_text[145] : version_text));
-  }
-  OfferApply(*controls_.apply_shaders);
+  OfferApply(apply_shaders_);
 }
 
 void CapabilityOverrides::OverrideShadersClicked() {
-  StoreOption(core::kOverrideShadersValue, *controls_.override_shaders);
+  options_.Write(core::kOverrideShadersValue, override_shaders_.State());
   InitShaderPage();
 }
 

@@ -1,30 +1,11 @@
 #pragma once
 
+#include "core/options.h"
 #include "d3d/d3d.h"
 #include "detect/card_data.h"
 #include "platform/shell_api.h"
 
 namespace kestrune::d3d {
-
-/// The slider of a shader kind with the label that names it.
-struct ShaderControls {
-  controls::Slider* slider;
-  controls::Label* label;
-};
-
-/// The controls of the multitexturing and shader pages.
-struct OverrideControls {
-  controls::Frame* multitexture_page;
-  controls::Slider* textures;
-  controls::Label* textures_label;
-  controls::CheckBox* override_textures;
-  controls::Button* apply_textures;
-  controls::Frame* shader_page;
-  ShaderControls pixel;
-  ShaderControls vertex;
-  controls::CheckBox* override_shaders;
-  controls::Button* apply_shaders;
-};
 
 /// Lets the driver report fewer capabilities than the card has or, with an override, more. What is
 /// stored above the card's own limit is removed while the override is off. A card that its table
@@ -32,54 +13,63 @@ struct OverrideControls {
 /// disabled, and nothing is written or started.
 class CapabilityOverrides {
  public:
-  CapabilityOverrides(const Direct3DContext& context, Direct3DWriter& writer,
-                      core::basRegistry& registry, detect::CardData& cards,
-                      platform::ShellApi& shell, const OverrideControls& controls)
-      : context_(context),
-        writer_(writer),
-        registry_(registry),
-        cards_(cards),
-        shell_(shell),
-        controls_(controls) {}
+  CapabilityOverrides(const Direct3DContext& context, const controls::ControlSet& controls,
+                      Direct3DWriter& writer, core::basRegistry& registry, detect::CardData& cards,
+                      platform::ShellApi& shell);
 
   /// Set the pages up from the stored values. Sliders that this moves run their handlers.
   void InitMultitexturePage();
   void InitShaderPage();
 
-  /// The handlers of the pages' controls.
-  void TexturesMoved();
-  void PixelShaderMoved() { ShaderMoved(kPixelShaderRow, controls_.pixel, PixelText()); }
-  void VertexShaderMoved() { ShaderMoved(kVertexShaderRow, controls_.vertex, VertexText()); }
-  void OverrideTexturesClicked();
-  void OverrideShadersClicked();
-  /// Makes the driver reload its values, once for each time the button was enabled.
-  void ApplyClicked(controls::Button& button);
-
  private:
+  using Setting = settings::Setting;
+
+  /// The slider of a shader kind with its row, the label that names it, and the table of the cards'
+  /// limits.
+  struct Shader {
+    Shader(const settings::Binding& binding, std::string_view limit_table);
+
+    const Setting& row;
+    controls::Slider& slider;
+    controls::Label& label;
+    std::string_view table;
+    std::vector<const settings::Choice*> versions;  ///< by position; the last is the default
+  };
   /// A card's highest shader version, times ten, and the slider position that stands for it.
   struct ShaderLimit {
     int version;
     int position;
   };
-  std::optional<ShaderLimit> CardLimit(const std::string& table, bool is_vertex);
-  void InitShader(const ShaderRow& row, const ShaderControls& controls, std::string& version_text,
-                  const std::optional<ShaderLimit>& limit);
-  void RemoveShader(const ShaderRow& row, controls::Label& label, std::string& version_text);
-  void ShaderMoved(const ShaderRow& row, const ShaderControls& controls, std::string& version_text);
+
+  void ConnectHandlers();
+  void TexturesMoved();
+  void OverrideTexturesClicked();
+  void OverrideShadersClicked();
+  void InitShader(const Shader& shader);
+  void RemoveShader(const Shader& shader);
+  void ShaderMoved(const Shader& shader);
+  std::optional<ShaderLimit> CardLimit(const Shader& shader);
+  bool IsPixel(const Shader& shader) const { return &shader == &pixel_; }
   void ShowTextures(std::optional<int> count);
-  int ReadOption(std::string_view name);
-  void StoreOption(std::string_view name, const controls::CheckBox& box);
   void OfferApply(controls::Button& button);
+  void ApplyClicked(controls::Button& button);
   void Reload();
-  std::string& PixelText() { return context_.state.PixelShaderVersionText; }
-  std::string& VertexText() { return context_.state.VertexShaderVersionText; }
 
   Direct3DContext context_;
   Direct3DWriter& writer_;
-  core::basRegistry& registry_;
+  core::OwnOptions options_;
   detect::CardData& cards_;
   platform::ShellApi& shell_;
-  OverrideControls controls_;
+  controls::Frame& multitexture_page_;
+  controls::Frame& shader_page_;
+  controls::Slider& textures_;
+  controls::Label& textures_label_;
+  controls::CheckBox& override_textures_;
+  controls::CheckBox& override_shaders_;
+  controls::Button& apply_textures_;
+  controls::Button& apply_shaders_;
+  Shader pixel_;
+  Shader vertex_;
 };
 
 }  // namespace kestrune::d3d

@@ -1,22 +1,29 @@
 #pragma once
 
+#include "controls/control_set.h"
 #include "controls/controls.h"
 #include "lang/language.h"
 #include "platform/files_api.h"
 
 namespace kestrune::d3d {
 
-/// The pictures that compare a scene without antialiasing with the chosen mode.
-struct PreviewControls {
-  controls::ComboBox* mode;
-  controls::OptionButton* zoom;
-  controls::PictureBox* no_antialiasing;
-  controls::PictureBox* selected_antialiasing;
-};
+/// The pictures that compare a scene without antialiasing with the chosen Direct3D mode.
+class AaPreview {
+ public:
+  AaPreview(const controls::ControlSet& controls, platform::FilesApi& files,
+            const lang::LangTable& lang_text);
 
-/// Shows both pictures for the Direct3D mode and the chosen size, from DATA\aa\1 (normal) or
-/// DATA\aa\2 (zoomed). A frame keeps its picture when the file is missing or no picture.
-void ShowAaPreview(const PreviewControls& controls, platform::FilesApi& files,
-                   const lang::LangTable& lang_text);
+  /// Shows both pictures for the mode and the chosen size, from DATA\aa\1 (normal) or DATA\aa\2
+  /// (zoomed). A frame keeps its picture when the file is missing or no picture.
+  void ShowAaPreview();
+
+ private:
+  platform::FilesApi& files_;
+  const lang::LangTable& LangText;
+  controls::ComboBox& mode_;
+  controls::OptionButton& zoom_;
+  controls::PictureBox& no_antialiasing_;
+  controls::PictureBox& selected_antialiasing_;
+};
 
 }  // namespace kestrune::d3d

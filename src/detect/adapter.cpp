@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/number.h"
+#include "lang/texts.h"
 #include "platform/clock_word.h"
 
 namespace kestrune::detect {
@@ -22,6 +23,11 @@ constexpr std::size_t kIdDigits = 4;
 constexpr std::size_t kInstanceAt = 4;
 constexpr std::size_t kInstanceLength = 40;
 constexpr std::size_t kPrefixLength = 3;
+
+/// The cards with a 2D and a 3D pair of clocks, and those known to have one.
+constexpr std::string_view kTwoPairPrefixes[] = {"033", "030", "034", "004", "00C", "009"};
+constexpr std::string_view kTwoPairIds[] = {"00F1", "00FB", "00F9", "0140"};
+constexpr std::string_view kOnePairPrefixes[] = {"014"};
 
 constexpr std::string_view kServiceKey = "SYSTEM\\CurrentControlSet\\Services\\nv4\\Device0";
 constexpr std::string_view kClassKey = "System\\CurrentControlSet\\Services\\Class\\Display\\0000";
@@ -60,8 +66,8 @@ std::int16_t HexNumber(std::string_view digits) {
 
 }  // namespace
 
-bool AdapterState::IsOneOf(std::initializer_list<std::string_view> prefixes,
-                           std::initializer_list<std::string_view> ids) const {
+bool AdapterState::IsOneOf(std::span<const std::string_view> prefixes,
+                           std::span<const std::string_view> ids) const {
   return std::find(prefixes.begin(), prefixes.end(), DeviceIdPrefix) != prefixes.end() ||
          std::find(ids.begin(), ids.end(), DeviceId) != ids.end();
 }
@@ -117,17 +123,17 @@ void Adapter::ReadCardName() {
       versions_.OSFamily == kWindows9x ? "DriverDesc" : "Device Description";
   std::string name = registry_.ReadRegValue(RegRoot::kLocalMachine, state.PureKey, value).Text();
   if (name.empty()) name = "Unknown card";
-  card_name_->SetCaption(LangText[101] + name);
+  card_line_.SetCaption(LangText[lang::texts::kVgaDevice] + name);
 }
 
 void Adapter::IdentifyGpu() {
   AdapterState card;
   card.DeviceId = Upper(state.DeviceId);
   card.DeviceIdPrefix = card.DeviceId.substr(0, kPrefixLength);
-  if (card.IsOneOf({"033", "030", "034", "004", "00C", "009"}, {"00F1", "00FB", "00F9", "0140"})) {
+  if (card.IsOneOf(kTwoPairPrefixes, kTwoPairIds)) {
     state.CardVar = 1;
   } else {
-    state.CardVar = card.IsOneOf({"014"}) ? 2 : 0;
+    state.CardVar = card.IsOneOf(kOnePairPrefixes) ? 2 : 0;
   }
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "controls/control_set.h"
 #include "controls/controls.h"
 #include "core/registry.h"
 #include "detect/versions.h"
@@ -32,8 +35,8 @@ struct AdapterState {
   std::string GpuRevision;
 
   /// Whether DeviceIdPrefix is one of these, or DeviceId is.
-  bool IsOneOf(std::initializer_list<std::string_view> prefixes,
-               std::initializer_list<std::string_view> ids = {}) const;
+  bool IsOneOf(std::span<const std::string_view> prefixes,
+               std::span<const std::string_view> ids = {}) const;
 };
 
 /// Finds the NVIDIA display adapter, its driver's key and its processor family.
@@ -43,12 +46,12 @@ struct AdapterState {
 class Adapter {
  public:
   Adapter(platform::DisplayApi& display, core::basRegistry& registry, const VersionState& versions,
-          const lang::LangTable& lang_text, controls::Label* card_name)
+          const lang::LangTable& lang_text, const controls::ControlSet& controls)
       : display_(display),
         registry_(registry),
         versions_(versions),
         LangText(lang_text),
-        card_name_(card_name) {}
+        card_line_(controls.Get<controls::Label>("info.basic.vga-device")) {}
 
   /// A first PureKey, from the operating-system family alone.
   void FindVideoKey();
@@ -68,7 +71,7 @@ class Adapter {
   core::basRegistry& registry_;
   const VersionState& versions_;
   const lang::LangTable& LangText;
-  controls::Label* card_name_;
+  controls::Label& card_line_;
 };
 
 }  // namespace kestrune::detect

@@ -2,9 +2,12 @@
 
 #include "core/options.h"
 #include "core/outcome.h"
+#include "lang/texts.h"
 #include "platform/release_number.h"
 
 namespace kestrune::detect {
+
+namespace texts = lang::texts;
 
 namespace {
 
@@ -69,6 +72,17 @@ std::string_view DirectXName(int build) {
 
 }  // namespace
 
+Versions::Versions(platform::VersionApi& version, platform::DialogApi& dialog,
+                   core::basRegistry& registry, const lang::LangTable& lang_text,
+                   const controls::ControlSet& controls)
+    : version_(version),
+      dialog_(dialog),
+      registry_(registry),
+      LangText(lang_text),
+      driver_line_(controls.Get<controls::Label>("info.basic.display-driver-version")),
+      os_line_(controls.Get<controls::Label>("info.basic.os-version")),
+      directx_line_(controls.Get<controls::Label>("info.basic.directx-version")) {}
+
 void Versions::DetectOSAndDirectX() {
   const FamilyRow& family = FamilyOf(version_.SystemVersion());
   state.OSFamily = family.family;
@@ -78,14 +92,14 @@ void Versions::DetectOSAndDirectX() {
 }
 
 void Versions::ShowOperatingSystem(std::string_view name) {
-  std::string line = LangText[109] + std::string(name);
+  std::string line = LangText[texts::kOsVersion] + std::string(name);
   const std::string service_pack =
       registry_
           .ReadRegValue(RegRoot::kLocalMachine, "Software\\Microsoft\\Windows NT\\CurrentVersion",
                         "CSDVersion")
           .Text();
   if (!service_pack.empty()) line += " with " + service_pack;
-  controls_.os_version->SetCaption(line);
+  os_line_.SetCaption(line);
 }
 
 void Versions::GetDirectXBuild() {
@@ -96,23 +110,24 @@ void Versions::GetDirectXBuild() {
 }
 
 void Versions::ShowDirectX() {
-  std::string line = LangText[110] + std::string(DirectXName(state.DirectXBuild));
+  std::string line =
+      LangText[texts::kDirectXVersion] + std::string(DirectXName(state.DirectXBuild));
   if (state.OSFamily != kWindowsVista) {
     const std::string version =
         registry_.ReadRegValue(RegRoot::kLocalMachine, "Software\\Microsoft\\DirectX", "Version")
             .Text();
     if (!version.empty()) line += " (" + version + ")";
   }
-  controls_.directx_version->SetCaption(line);
+  directx_line_.SetCaption(line);
 }
 
 void Versions::ReadDriverVersion() {
   const std::optional<std::string> text = version_.FileVersionText(kDriverFiles[state.OSFamily]);
   if (!text) return;
   state.DrvVer = ReleaseNumber(*text).value_or(state.DrvVer);
-  std::string line = LangText[104] + *text;
+  std::string line = LangText[texts::kDriverVersion] + *text;
   line.resize(line.find_last_not_of(' ') + 1);
-  controls_.driver_version->SetCaption(line);
+  driver_line_.SetCaption(line);
   if (state.DrvVer < kFirstNtDriver && state.OSFamily != kWindows9x) {
     core::Ignore(dialog_.ShowMessage(core::kProgramTitle,
                                      "This driver is not supported under WinXP/2k.",

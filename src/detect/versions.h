@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "controls/control_set.h"
 #include "controls/controls.h"
 #include "core/registry.h"
 #include "lang/language.h"
@@ -26,23 +27,11 @@ struct VersionState {
   int DirectXBuild = 0;
 };
 
-/// The lines of the basic information page that tell versions.
-struct VersionControls {
-  controls::Label* driver_version;
-  controls::Label* os_version;
-  controls::Label* directx_version;
-};
-
 /// Finds the versions of the operating system, DirectX and the display driver and shows them.
 class Versions {
  public:
   Versions(platform::VersionApi& version, platform::DialogApi& dialog, core::basRegistry& registry,
-           const lang::LangTable& lang_text, const VersionControls& controls)
-      : version_(version),
-        dialog_(dialog),
-        registry_(registry),
-        LangText(lang_text),
-        controls_(controls) {}
+           const lang::LangTable& lang_text, const controls::ControlSet& controls);
 
   void DetectOSAndDirectX();
   /// Needs the operating-system family. A driver below 23.00 outside Windows 9x gives a message.
@@ -59,7 +48,9 @@ class Versions {
   platform::DialogApi& dialog_;
   core::basRegistry& registry_;
   const lang::LangTable& LangText;
-  VersionControls controls_;
+  controls::Label& driver_line_;
+  controls::Label& os_line_;
+  controls::Label& directx_line_;
 };
 
 }  // namespace kestrune::detect

@@ -3,7 +3,6 @@
 #include <charconv>
 
 #include "core/field_reader.h"
-#include "core/options.h"
 #include "core/outcome.h"
 
 namespace kestrune::lang {
@@ -46,9 +45,7 @@ void LangTable::Set(int number, std::string text) {
 }
 
 void Language::LoadLanguage() {
-  LanguageName =
-      registry_.ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, core::kLanguageValue)
-          .Text();
+  LanguageName = options_.Read(core::kLanguageValue).Text();
   if (LanguageName.empty()) LanguageName = kDefaultLanguage;
   if (ReadTexts()) return;
   LanguageName = kDefaultLanguage;
@@ -95,9 +92,7 @@ void Language::ChooseLanguage(int position) {
   if (position < 0 || static_cast<std::size_t>(position) >= LanguageFiles.size()) return;
   std::string name = LanguageFiles[static_cast<std::size_t>(position)];
   name.resize(name.size() - kEnding.size());
-  registry_.WriteAsBinary = 0;
-  core::Ignore(registry_.WriteRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey,
-                                       core::kLanguageValue, name));
+  options_.Write(core::kLanguageValue, name);
   core::Ignore(dialog_.ShowMessage(core::kProgramTitle, kRestartNeeded, platform::Buttons::kOk));
 }
 

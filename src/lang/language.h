@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/options.h"
 #include "core/registry.h"
 #include "platform/dialog_api.h"
 #include "platform/files_api.h"
@@ -31,7 +32,7 @@ class LangTable {
 class Language {
  public:
   Language(core::basRegistry& registry, platform::FilesApi& files, platform::DialogApi& dialog)
-      : registry_(registry), files_(files), dialog_(dialog) {}
+      : options_(registry), files_(files), dialog_(dialog) {}
 
   /// Reads the chosen language's texts. A missing file leaves them empty; one with more than 300
   /// texts gives a message and English.
@@ -55,7 +56,7 @@ class Language {
   bool ReadTexts();
   std::string Decode(const std::string& bytes) const;
 
-  core::basRegistry& registry_;
+  core::OwnOptions options_;
   platform::FilesApi& files_;
   platform::DialogApi& dialog_;
 };

@@ -2,19 +2,19 @@
 
 #include <algorithm>
 
-#include "d3d/direct3d_catalogue.h"
-
 namespace kestrune::ogl {
 
-using d3d::Change;
-using d3d::Place;
+using settings::Binding;
+using settings::Change;
+using settings::CodeMatch;
+using settings::Place;
+using settings::Special;
+using settings::Writer;
 
 void OpenGLWriter::WriteOpenGLSetting(int operation, std::int32_t argument) {
-  if (!WriteAntialiasing(operation) && !WriteOldEmulation(operation)) {
-    WriteRow(operation, argument);
-  }
+  Write(operation, argument);
   // The anisotropic level follows after every operation.
-  if (context_.versions.OSFamily == detect::kWindows9x) {
+  if (context_.IsWindows9x()) {
     WriteQualityFlags(operation);
   } else {
     WriteAnisotropy(operation);
@@ -22,61 +22,59 @@ void OpenGLWriter::WriteOpenGLSetting(int operation, std::int32_t argument) {
   context_.key.SetBinary(0);
 }
 
-bool OpenGLWriter::WriteAntialiasing(int operation) const {
-  const auto row =
-      std::find_if(kAaNumbers.begin(), kAaNumbers.end(), [operation](const AaNumber& each) {
-        return each.operation >= 0 && each.operation == operation;
-      });
-  if (row == kAaNumbers.end()) return false;
-  if (!context_.HasSharedValues()) {
-    context_.key.Apply({kAaValue, row->number});
-    return true;
+void OpenGLWriter::Write(int operation, std::int32_t argument) const {
+  WriteOldEmulation(operation);
+  const CodeMatch match =
+      FindCode(kOpenGLSettings, Writer::kOpenGL, operation, argument, context_.Driver());
+  if (match) {
+    WriteMatch(match, operation, argument);
+  } else if (const std::optional<Change> change = ChangeOf(kOpenGLCodes, operation, argument)) {
+    context_.key.Apply(*change);
   }
-  for (const d3d::AaMode& mode : d3d::kAaModes) {
-    if (mode.opengl_code == operation) context_.write_direct3d(mode.code);
-  }
-  return true;
 }
 
-bool OpenGLWriter::WriteOldEmulation(int operation) const {
-  bool found = false;
+void OpenGLWriter::WriteMatch(const CodeMatch& match, int operation, std::int32_t argument) const {
+  const Special special = match.row->special;
+  if (special == Special::kMode) RelayToDirect3D(operation);
+  const bool is_elsewhere = special == Special::kMode || special == Special::kAnisotropy ||
+                            special == Special::kOldEmulation;
+  if (is_elsewhere) return;
+  context_.key.Apply(ChangeOf(match, argument, context_.Driver()));
+  ShowWritten(match, argument);
+}
+
+void OpenGLWriter::ShowWritten(const CodeMatch& match, std::int32_t argument) const {
+  for (const Binding& binding : context_.bindings) {
+    if (binding.setting != match.row) continue;
+    if (match.row->special == Special::kNone) {
+      ShowStored(binding, match, argument, context_.lang_text);
+    } else if (match.row->number_code == kTrilinearOperation) {
+      binding.label->SetCaption(TrilinearCaption(argument, context_.lang_text));
+    }
+  }
+}
+
+void OpenGLWriter::WriteOldEmulation(int operation) const {
   for (const OldEmulationWrite& row : kOldEmulationWrites) {
-    if (row.operation != operation) continue;
-    context_.key.Apply({row.name, row.number});
-    found = true;
+    if (row.operation == operation) context_.key.Apply({row.name, row.number});
   }
-  return found;
 }
 
-void OpenGLWriter::WriteRow(int operation, std::int32_t argument) const {
-  std::optional<Change> change = ChangeOf(kOpenGLCatalogue, operation, argument);
-  if (!change) return;
-  if (change->name == kTripleBuffer && context_.versions.DrvVer < kFirstTripleBufferDriver) {
-    change->name = kOldTripleBuffer;
-  }
-  context_.key.Apply(*change);
-  ShowWritten(kOpenGLCatalogue, context_.controls, operation, argument, context_.lang_text);
-  if (operation == kTrilinearOperation) {
-    context_.controls.trilinear_quality_label->SetCaption(
-        TrilinearCaption(argument, context_.lang_text));
-  }
+void OpenGLWriter::RelayToDirect3D(int operation) const {
+  const auto relay = std::find_if(kRelays.begin(), kRelays.end(), [operation](const Relay& each) {
+    return each.operation == operation;
+  });
+  if (relay != kRelays.end()) context_.write_direct3d(relay->direct3d_code);
 }
 
 void OpenGLWriter::WriteAnisotropy(int operation) const {
-  const auto row =
-      std::find_if(kAnisoNumbers.begin(), kAnisoNumbers.end(),
-                   [operation](const AnisoNumber& each) { return each.operation == operation; });
-  if (row == kAnisoNumbers.end()) return;
-  if (!context_.HasSharedValues()) {
-    context_.key.Apply({kAnisoValue, row->number, Place::kDriverKey});
-    return;
-  }
-  if (operation == d3d::kAnisoOffOperation) {
-    context_.write_direct3d(d3d::kPointCode);
-    return;
-  }
-  for (const d3d::AnisoLevel& level : d3d::kAnisoLevels) {
-    if (level.opengl_code == operation) context_.write_direct3d(level.code);
+  const CodeMatch match =
+      FindCode(kOpenGLSettings, Writer::kOpenGL, operation, 0, context_.Driver());
+  if (!match || match.row->special != Special::kAnisotropy) return;
+  if (context_.HasSharedValues()) {
+    RelayToDirect3D(operation);
+  } else {
+    context_.key.Apply(ChangeOf(match, 0, context_.Driver()));
   }
 }
 

@@ -15,11 +15,13 @@ class OpenGLWriter {
   void WriteOpenGLSetting(int operation, std::int32_t argument);
 
  private:
-  bool WriteAntialiasing(int operation) const;
-  bool WriteOldEmulation(int operation) const;
-  void WriteRow(int operation, std::int32_t argument) const;
+  void Write(int operation, std::int32_t argument) const;
+  void WriteMatch(const settings::CodeMatch& match, int operation, std::int32_t argument) const;
+  void ShowWritten(const settings::CodeMatch& match, std::int32_t argument) const;
+  void WriteOldEmulation(int operation) const;
   void WriteAnisotropy(int operation) const;
   void WriteQualityFlags(int operation) const;
+  void RelayToDirect3D(int operation) const;
 
   OpenGLContext context_;
 };

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "core/program_state.h"
 #include "d3d/direct3d_state.h"
 #include "detect/card_data.h"
-#include "ogl/opengl_catalogue.h"
+#include "settings/binding.h"
 
 namespace kestrune::ogl {
 
@@ -11,40 +10,33 @@ namespace kestrune::ogl {
 /// list position means the same value everywhere.
 class OptionLists {
  public:
-  OptionLists(detect::CardData& cards, const detect::VersionState& versions,
-              const detect::AdapterState& adapter, const core::ProgramState& program,
+  /// The bindings are those of both interfaces.
+  OptionLists(detect::CardData& cards, const settings::Hardware& hardware,
               const d3d::Direct3DState& direct3d, const lang::LangTable& lang_text,
-              const d3d::Direct3DControls& direct3d_controls, const OpenGLControls& opengl_controls,
-              controls::ComboBox* resolutions)
+              std::span<const settings::Binding> direct3d_bindings,
+              std::span<const settings::Binding> opengl_bindings)
       : cards_(cards),
-        versions_(versions),
-        adapter_(adapter),
-        program_(program),
+        hardware_(hardware),
         direct3d_(direct3d),
         LangText(lang_text),
-        direct3d_controls_(direct3d_controls),
-        opengl_controls_(opengl_controls),
-        resolutions_(resolutions) {}
+        bindings_{direct3d_bindings, opengl_bindings} {}
 
   /// Fills every list; the fixed ones only while IsStart is 1.
   void FillOptionLists();
-  /// Rebuilds the four lists that depend on the card and on SliAaOn, with the texts that they
-  /// showed, and enables the transparency and gamma controls where the processor has them.
+  /// Rebuilds the lists that depend on the card and on SliAaOn, with the texts that they showed,
+  /// and enables what depends on the card alone.
   void FillCapabilityLists();
 
  private:
-  std::vector<std::string> AnisotropicItems(bool for_opengl);
-  std::vector<std::string> AntialiasingItems();
+  void FillFixed(const settings::Binding& binding);
+  void FillModes(const settings::Binding& binding);
+  void FillAnisotropy(const settings::Binding& binding);
 
   detect::CardData& cards_;
-  const detect::VersionState& versions_;
-  const detect::AdapterState& adapter_;
-  const core::ProgramState& program_;
+  const settings::Hardware& hardware_;
   const d3d::Direct3DState& direct3d_;
   const lang::LangTable& LangText;
-  const d3d::Direct3DControls& direct3d_controls_;
-  const OpenGLControls& opengl_controls_;
-  controls::ComboBox* resolutions_;
+  std::span<const settings::Binding> bindings_[2];
 };
 
 }  // namespace kestrune::ogl

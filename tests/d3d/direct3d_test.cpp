@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "d3d/direct3d_catalogue.h"
+#include "d3d/direct3d_settings.h"
 #include "fake_machine.h"
 #include "setting_rows.h"
 
@@ -580,53 +580,6 @@ TEST(Direct3DReadTest, ValuesOfAnyTypeAndSizeCountAsNotSetOrByTheirNumber) {
     }
     EXPECT_EQ(Driven(machine).Text("direct3d.misc.prerender-limit"), shown) << value;
   }
-}
-
-TEST(Direct3DCatalogueTest, CodesAreUniqueAndEveryWrittenNumberReadsBack) {
-  const Catalogue<Direct3DControls>& rows = kDirect3DCatalogue;
-  std::vector<std::pair<int, std::int32_t>> calls;
-  const auto add = [&calls](const Call& call) {
-    const std::pair key(static_cast<int>(call.code), call.argument.value_or(-1));
-    EXPECT_EQ(std::count(calls.begin(), calls.end(), key), 0) << call.code;
-    calls.push_back(key);
-  };
-  for (const auto& row : rows.checks) {
-    add(row.check);
-    add(row.clear);
-    EXPECT_NE(row.checked, row.cleared);
-    EXPECT_TRUE(row.not_set == row.checked || row.not_set == row.cleared) << row.name;
-  }
-  for (const auto& row : rows.choices) {
-    for (const Choice& choice : row.choices) {
-      add(choice.call);
-      const auto same = [&](const Choice& each) { return each.number == choice.number; };
-      EXPECT_EQ(std::count_if(row.choices.begin(), row.choices.end(), same), 1) << row.name;
-    }
-  }
-  for (const auto& row : rows.counts) add({row.code});
-  for (const auto& row : rows.sliders) add({row.code});
-  for (const auto& row : rows.codes) add({row.code});
-  for (const AaMode& mode : kAaModes) {
-    if (mode.code >= 0) add({mode.code});
-  }
-  for (const AnisoLevel& level : kAnisoLevels) add({level.code});
-  add({kAnisoDeleteCode});
-  for (const ShaderRow* row : {&kPixelShaderRow, &kVertexShaderRow}) {
-    add({row->delete_code});
-    for (const ShaderVersion& version : row->versions) {
-      if (version.code >= 0) add({version.code});
-    }
-  }
-  // The whole list of codes that store something on a driver of today, but for SLI's.
-  std::string codes;
-  for (int code = 0; code <= 128; ++code) {
-    const auto is_it = [code](const auto& call) { return call.first == code; };
-    if (std::any_of(calls.begin(), calls.end(), is_it)) codes += std::to_string(code) + " ";
-  }
-  EXPECT_EQ(codes,
-            "0 1 2 3 4 5 6 7 8 9 10 11 15 16 30 33 34 35 36 37 38 43 44 45 60 61 62 63 64 65 66 67 "
-            "68 69 86 87 88 89 90 91 92 93 96 100 101 105 106 107 108 109 112 113 114 115 116 117 "
-            "120 121 122 123 124 125 126 128 ");
 }
 
 }  // namespace

@@ -184,8 +184,10 @@ TEST(AdapterTest, LooksForTheFirstKeyByFamilyAndShowsTheCardsName) {
     core::basRegistry registry(machine.Services().registry);
     VersionState versions{.OSFamily = each.family};
     lang::LangTable texts;
-    controls::Label name("a", nullptr);
-    Adapter adapter(machine, registry, versions, texts, &name);
+    controls::Label name("info.basic.vga-device", nullptr);
+    controls::ControlSet controls;
+    ASSERT_TRUE(controls.Add(name));
+    Adapter adapter(machine, registry, versions, texts, controls);
     adapter.FindVideoKey();
     adapter.ReadCardName();
     EXPECT_EQ(name.Caption(), "Some card") << each.family << " " << adapter.state.PureKey;

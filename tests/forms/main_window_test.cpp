@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_machine.h"
-#include "ui/forms/help_form.h"
+#include "ui/forms/help_window.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::forms {
@@ -128,8 +128,8 @@ TEST(HelpTest, HoveringShowsTheTopicOfASettingOnce) {
     }
   }
   EXPECT_TRUE(driven.Visible("help"));
-  EXPECT_EQ(driven.program.Help().TheWindow().Bounds().left, 300 + kMainWidth);
-  EXPECT_EQ(driven.program.Help().TheWindow().Bounds().top, 450);
+  EXPECT_EQ(driven.program.FormOf("help").TheWindow().Bounds().left, 300 + kMainWidth);
+  EXPECT_EQ(driven.program.FormOf("help").TheWindow().Bounds().top, 450);
 }
 
 TEST(HelpTest, IsClosedByTheToolbarAndByItsOption) {
@@ -137,7 +137,7 @@ TEST(HelpTest, IsClosedByTheToolbarAndByItsOption) {
   FakeMachine machine;
   Driven driven(machine);
   driven.Hover(setting);
-  driven.program.Help().TheWindow().UseClose();
+  driven.program.FormOf("help").TheWindow().UseClose();
   EXPECT_FALSE(driven.Visible("help"));
   driven.Hover(setting);
   EXPECT_TRUE(driven.Visible("help"));

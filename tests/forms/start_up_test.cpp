@@ -105,7 +105,7 @@ TEST(StartUpTest, TheRememberedPageIsShownAndOddOnesGiveTheBasicPage) {
     if (!each.stored.empty()) machine.Store(kOptionsKey, "LVP", each.stored);
     const Driven driven(machine);
     EXPECT_EQ(driven.State("ActivePage"), std::to_string(each.page)) << each.stored;
-    EXPECT_TRUE(driven.Visible(kPageIds[static_cast<std::size_t>(each.page)])) << each.stored;
+    EXPECT_TRUE(driven.Visible(kPages[static_cast<std::size_t>(each.page)].id)) << each.stored;
     EXPECT_EQ(driven.Text("main.remember-last-visited-page"), each.remembered) << each.stored;
     EXPECT_EQ(Joined(machine.TakeTrace()), kVersionLine) << each.stored;
   }

@@ -1,4 +1,4 @@
-// Whether the tables of the windows hold together.
+// Whether the rows of the windows hold together.
 
 #include <gtest/gtest.h>
 
@@ -6,27 +6,54 @@
 #include <set>
 
 #include "fake_machine.h"
-#include "ui/forms/help_form.h"
 #include "ui/forms/main_form.h"
-#include "ui/forms/texts.h"
+#include "ui/forms/pages.h"
+#include "ui/forms/window_table.h"
 
 namespace kestrune::forms {
 namespace {
 
 using controls::Control;
+using test::Driven;
+using test::FakeMachine;
+
+/// A started program in English, whose windows are walked.
+class TablesTest : public testing::Test {
+ protected:
+  /// Calls `check` with each row, its control and its form.
+  template <typename Check>
+  void ForEachRow(Check check) {
+    for (const Form* form : driven.program.Forms()) {
+      for (std::size_t i = 0; i < form->Rows().size(); ++i) {
+        check(form->Rows()[i], *form->Controls()[i], *form);
+      }
+    }
+  }
+
+  /// The interface text that English has for a row's caption, else its design caption.
+  std::string CaptionOf(const ControlRow& row) {
+    return row.text >= 0 ? english.LangText[row.text] : std::string(row.design);
+  }
+
+  FakeMachine machine;
+  Driven driven{machine};
+  core::basRegistry registry{machine.Services().registry};
+  lang::Language english = [this] {
+    lang::Language language(registry, machine.Files(), machine);
+    language.LoadLanguage();
+    return language;
+  }();
+};
 
 /// The page or window whose id stands before a control's own name.
-const Control& OwnerOf(const Control& control) {
+std::string_view OwnerOf(const Control& control) {
   const Control* owner = &control;
-  while (owner->Parent() != nullptr) {
-    if (std::find(kPageIds.begin(), kPageIds.end(), owner->Id()) != kPageIds.end()) break;
-    owner = owner->Parent();
-  }
-  return *owner;
+  while (owner->Parent() != nullptr && !IsPageId(owner->Id())) owner = owner->Parent();
+  return owner->Id();
 }
 
 /// A caption up to its colon, in lower case, with hyphens for all but letters and digits.
-std::string NameOf(const std::string& caption) {
+std::string NameOf(std::string_view caption) {
   std::string name;
   for (char c : caption.substr(0, caption.find(':'))) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
@@ -42,107 +69,117 @@ std::string NameOf(const std::string& caption) {
 }
 
 /// What no caption names, or what would clash.
-const std::set<std::string> kNamedByHand = {"main.group-scroll-bar",
-                                            "main.language-header",
-                                            "main.lower-panel-edge",
-                                            "main.help-system-picture",
-                                            "opengl.filtering.texture-compression-by-application",
-                                            "opengl.filtering.texture-compression-enabled",
-                                            "control-panel.settings.picture",
-                                            "control-panel.settings.registry-editor-note",
-                                            "control-panel.resolution.select-resolution",
-                                            "overclocking.core-clock",
-                                            "overclocking.memory-clock",
-                                            "overclocking.core-clock-slider",
-                                            "overclocking.memory-clock-slider",
-                                            "info.directx.report"};
+const std::set<std::string_view> kNamedByHand = {
+    "main.group-scroll-bar",
+    "main.language-header",
+    "main.lower-panel-edge",
+    "main.help-system-picture",
+    "opengl.filtering.texture-compression-by-application",
+    "opengl.filtering.texture-compression-enabled",
+    "control-panel.settings.picture",
+    "control-panel.settings.registry-editor-note",
+    "overclocking.core-clock",
+    "overclocking.memory-clock",
+    "overclocking.core-clock-slider",
+    "overclocking.memory-clock-slider"};
 
-bool IsNamedByRule(const Form& form, const Control& control) {
-  if (kNamedByHand.contains(control.Id())) return true;
-  if (dynamic_cast<const controls::ToolKey*>(&control) != nullptr) {
-    return control.Id().starts_with("main.");
-  }
-  // Without a caption of its own it takes the name of the label that names it.
-  if (control.Caption().empty()) return form.Find(control.Id() + "-label") != nullptr;
-  const std::string id = OwnerOf(control).Id() + "." + NameOf(control.Caption());
-  if (control.Id() == id) return true;
-  if (dynamic_cast<const controls::Frame*>(&control) != nullptr)
-    return control.Id() == id + "-frame";
-  const auto* label = dynamic_cast<const controls::Label*>(&control);
-  return label != nullptr && control.Id() == id + "-label" && form.Find(id) != nullptr;
-}
-
-TEST(TablesTest, EveryIdIsUniqueAndFollowsFromItsCaption) {
-  const MainForm main;
-  const HelpForm help;
-  std::set<std::string> ids;
-  for (const Form* form : {static_cast<const Form*>(&main), static_cast<const Form*>(&help)}) {
-    for (const auto& control : form->Controls()) {
-      EXPECT_TRUE(ids.insert(control->Id()).second) << control->Id();
-      if (&OwnerOf(*control) == control.get() || form == &help) continue;
-      EXPECT_TRUE(IsNamedByRule(*form, *control)) << control->Id() << ": " << control->Caption();
+TEST_F(TablesTest, EveryIdFollowsFromItsCaption) {
+  ForEachRow([this](const ControlRow& row, const Control& control, const Form& form) {
+    const std::string_view owner = OwnerOf(control);
+    if (owner == row.id || owner == "help" || kNamedByHand.contains(row.id)) return;
+    if (row.kind == Kind::kKey) {
+      EXPECT_TRUE(row.id.starts_with("main.")) << row.id;
+      return;
     }
-  }
+    const std::string caption = CaptionOf(row);
+    // Without a caption of its own it takes the name of the label that names it.
+    if (caption.empty()) {
+      EXPECT_NE(form.Find(std::string(row.id) + "-label"), nullptr) << row.id;
+      return;
+    }
+    const std::string id = std::string(owner) + "." + NameOf(caption);
+    const bool is_label = row.kind == Kind::kLabel && row.id != id && form.Find(id) != nullptr;
+    const std::string expected = row.kind == Kind::kFrame ? id + "-frame"
+                                 : is_label               ? id + "-label"
+                                                          : id;
+    EXPECT_EQ(row.id, expected) << caption;
+  });
 }
 
-TEST(TablesTest, EveryControlStandsInsideItsParent) {
-  const MainForm main;
-  for (const auto& control : main.Controls()) {
-    const Control* parent = control->Parent();
+TEST_F(TablesTest, EveryControlStandsInsideItsParent) {
+  ForEachRow([](const ControlRow& row, const Control& control, const Form& form) {
+    const Control* parent = control.Parent();
     if (parent == nullptr) {
-      EXPECT_EQ(control->Id(), "main");
-      continue;
+      EXPECT_EQ(&control, &form.TheWindow()) << row.id;
+      return;
     }
-    // Menu items have no place; the window grows over the lower panel.
-    if (dynamic_cast<const controls::ToolKey*>(parent) != nullptr) continue;
-    const controls::Rect& place = control->Bounds();
+    // Menu items have no place; the main window grows over its lower panel.
+    if (dynamic_cast<const controls::ToolKey*>(parent) != nullptr) return;
+    const controls::Rect& place = row.bounds;
     const int height = parent->Id() == "main" ? kFullHeight : parent->Bounds().height;
-    EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.width > 0 && place.height > 0)
-        << control->Id();
-    EXPECT_LE(place.left + place.width, parent->Bounds().width) << control->Id();
-    EXPECT_LE(place.top + place.height, height) << control->Id();
-  }
+    EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.width > 0 && place.height > 0) << row.id;
+    EXPECT_LE(place.left + place.width, parent->Bounds().width) << row.id;
+    EXPECT_LE(place.top + place.height, height) << row.id;
+  });
 }
 
-TEST(TablesTest, EveryTextGoesToAControlAndSaysWhatItsDesignSays) {
-  test::FakeMachine machine;
-  core::basRegistry registry(machine.Services().registry);
-  lang::Language english(registry, machine.Files(), machine);
-  english.LoadLanguage();
-  const MainForm form;
-  std::set<std::pair<std::string, TextPlace>> places;
-  for (const TextRow& row : kMainTexts) {
-    const Control* control = form.Find(row.id);
-    ASSERT_NE(control, nullptr) << row.id;
-    EXPECT_TRUE(places.emplace(row.id, row.place).second) << row.id << " has two texts";
-    EXPECT_TRUE(row.number >= 0 && row.number <= 273) << row.id;
-    std::string text = english.LangText[row.number];
-    EXPECT_FALSE(text.empty()) << row.number;
-    while (text.ends_with(' ')) text.pop_back();
-    const std::string& design = control->Caption();
-    if (row.place == TextPlace::kToolTip || design.empty()) continue;
-    if (row.id == "opengl.filtering.force-mipmaps-label") continue;  // one text for both pages
-    EXPECT_TRUE(design.starts_with(text)) << row.id << ": " << design << " / " << text;
-  }
+TEST_F(TablesTest, EveryCaptionHasATextOrSaysThatItHasNone) {
+  constexpr Kind kCaptionless[] = {Kind::kCombo,  Kind::kEditableCombo, Kind::kList,   Kind::kText,
+                                   Kind::kSlider, Kind::kScrollBar,     Kind::kPicture};
+  ForEachRow([&](const ControlRow& row, const Control&, const Form&) {
+    for (const int number : {row.text, row.tip}) {
+      if (number >= 0) {
+        EXPECT_FALSE(english.LangText[number].empty()) << row.id << " " << number;
+      }
+    }
+    if (std::find(std::begin(kCaptionless), std::end(kCaptionless), row.kind) !=
+        std::end(kCaptionless)) {
+      EXPECT_TRUE(row.text == kNoText && row.design.empty()) << row.id;
+    } else {
+      EXPECT_TRUE(row.text != kNoText || !row.design.empty()) << row.id << " has no caption";
+      EXPECT_TRUE(row.text < 0 || row.design.empty()) << row.id << " has two captions";
+    }
+  });
 }
 
-TEST(TablesTest, EveryCaptionThatAPersonReadsHasAText) {
-  const std::set<std::string> kSameEverywhere = {
-      "main.nvcpl", "main.dx", "main.ogl", "main.info", "main.qorv",
-      // The temperature boxes keep their design captions.
-      "control-panel.settings.enable-thermal-settings-page",
-      "control-panel.settings.enable-heat-indicator-warning",
-      "control-panel.settings.display-core-temperature-in-system-tray-area"};
-  const MainForm form;
-  for (const auto& control : form.Controls()) {
-    const bool is_filled = control->Id().starts_with("info.basic.") || control->Id() == "main" ||
-                           control->Id().find("-speed") != std::string::npos;
-    if (control->Caption().empty() || is_filled || kSameEverywhere.contains(control->Id()))
-      continue;
-    const auto row = std::find_if(kMainTexts.begin(), kMainTexts.end(), [&](const TextRow& each) {
-      return each.id == control->Id() && each.place == TextPlace::kCaption;
-    });
-    EXPECT_NE(row, kMainTexts.end()) << control->Id();
+TEST_F(TablesTest, EveryKeyHasAnActionAndEveryPageAGroupAndAKey) {
+  std::set<std::string_view> page_keys;
+  std::set<std::pair<Group, int>> places;
+  for (const PageRow& page : kPages) {
+    EXPECT_NE(page.group, Group::kUnsaid) << page.id;
+    EXPECT_TRUE(page_keys.insert(page.key).second) << page.key << " leads to two pages";
+    if (page.group == Group::kNone) continue;
+    EXPECT_TRUE(page.place >= 1 && page.place <= SizeOf(page.group)) << page.id;
+    EXPECT_TRUE(places.emplace(page.group, page.place).second) << page.id;
+  }
+  ForEachRow([&](const ControlRow& row, const Control&, const Form& form) {
+    const Action& action = row.action;
+    if (row.kind == Kind::kKey) {
+      EXPECT_NE(action.kind, Action::Kind::kNone) << row.id;
+    }
+    EXPECT_EQ(action.kind == Action::Kind::kShowOwnPage, page_keys.erase(row.id) == 1) << row.id;
+    if (action.kind == Action::Kind::kShowPage) {
+      EXPECT_TRUE(IsPageId(action.target)) << row.id;
+    }
+    if (action.kind == Action::Kind::kOpenWindow) {
+      EXPECT_NE(driven.program.Find(action.target), nullptr) << row.id;
+    }
+    for (const std::string_view key :
+         {form.WindowsRow().default_key, form.WindowsRow().cancel_key}) {
+      if (!key.empty()) {
+        EXPECT_NE(form.Find(key), nullptr) << key;
+      }
+    }
+  });
+  EXPECT_TRUE(page_keys.empty()) << *page_keys.begin() << " is no key";
+}
+
+TEST_F(TablesTest, EveryWindowButTheMainOneHasAnOwner) {
+  for (const WindowRow* row : kWindows) {
+    EXPECT_NE(driven.program.Find(row->owner), nullptr) << row->window.id;
+    if (!row->opened_by.empty()) {
+      EXPECT_NE(driven.program.Find(row->opened_by), nullptr) << row->window.id;
+    }
   }
 }
 

@@ -7,7 +7,7 @@
 #include "fake_machine.h"
 #include "ogl/ogl.h"
 #include "setting_rows.h"
-#include "ui/forms/controls_of.h"
+#include "ui/forms/main_form.h"
 
 namespace kestrune::ogl {
 namespace {
@@ -455,11 +455,18 @@ struct Writer {
   core::basRegistry registry{machine.Services().registry};
   detect::VersionState versions;
   detect::AdapterState adapter;
+  core::ProgramState program;
+  const settings::Hardware hardware{versions, adapter, program};
   lang::LangTable texts;
   forms::MainForm form;
-  const OpenGLControls controls = forms::OpenGLControlsOf(form);
-  const d3d::SettingsKey key{registry, versions, adapter, R"(\NVidia\OpenGL)", "OGL_"};
-  OpenGLWriter writer{{key, versions, texts, controls, [] {},
+  controls::ControlSet controls = [this] {
+    controls::ControlSet set;
+    form.AddTo(set);
+    return set;
+  }();
+  const std::vector<settings::Binding> bindings = Bind(kOpenGLSettings, controls);
+  const settings::SettingsKey key{registry, versions, adapter, R"(\NVidia\OpenGL)", "OGL_"};
+  OpenGLWriter writer{{key, hardware, texts, bindings, [] {},
                        [this](int code) { direct3d += "D3D " + std::to_string(code); }}};
 };
 
@@ -607,13 +614,6 @@ TEST(OpenGLOperationsTest, QualityFlagsOfWindows9xChangeByTheirNumber) {
 TEST(OpenGLCatalogueTest, PackedVersionsAndRowsAreWellFormed) {
   EXPECT_EQ(PackedVersion("1.4"), 0x00342E31);
   EXPECT_EQ(PackedVersion("2.0"), 0x00302E32);
-  for (const auto& row : kOpenGLCatalogue.checks) EXPECT_NE(row.checked, row.cleared) << row.name;
-  for (const auto& row : kOpenGLCatalogue.choices) {
-    for (const d3d::Choice& choice : row.choices) {
-      const auto same = [&](const d3d::Choice& each) { return each.number == choice.number; };
-      EXPECT_EQ(std::count_if(row.choices.begin(), row.choices.end(), same), 1) << row.name;
-    }
-  }
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ class Photographer {
 
   void TakePages() {
     for (int page = 0; page < forms::kPageCount; ++page) {
-      const std::string_view id = forms::kPageIds[static_cast<std::size_t>(page)];
+      const std::string_view id = forms::kPages[static_cast<std::size_t>(page)].id;
       GoTo(id);
       const QString name = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));
       Save(Window().grab(), QString("page-%1-%2").arg(page, 2, 10, QChar('0')).arg(name));

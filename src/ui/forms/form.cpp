@@ -1,6 +1,5 @@
 #include "ui/forms/form.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -10,57 +9,29 @@ namespace {
 
 using controls::Control;
 
-std::unique_ptr<Control> MakeCheck(const ControlSpec& spec, std::string id, Control* parent) {
-  auto box = std::make_unique<controls::CheckBox>(std::move(id), parent);
-  box->Show(spec.value);
-  return box;
-}
-
-std::unique_ptr<Control> MakeOption(const ControlSpec& spec, std::string id, Control* parent) {
-  auto option = std::make_unique<controls::OptionButton>(std::move(id), parent);
-  option->Show(spec.value == 1);
-  return option;
-}
-
-std::unique_ptr<Control> MakeCombo(const ControlSpec& spec, std::string id, Control* parent) {
-  auto combo = std::make_unique<controls::ComboBox>(std::move(id), parent);
-  combo->SetTakesTyping(spec.kind == Kind::kEditableCombo);
-  combo->ShowText(std::string(spec.text));
-  return combo;
-}
-
-std::unique_ptr<Control> MakeText(const ControlSpec& spec, std::string id, Control* parent) {
-  auto box = std::make_unique<controls::TextBox>(std::move(id), parent);
-  box->ShowText(std::string(spec.text));
-  return box;
-}
-
-std::unique_ptr<Control> MakeSlider(const ControlSpec& spec, std::string id, Control* parent) {
-  auto slider = std::make_unique<controls::Slider>(std::move(id), parent);
-  slider->SetRange(spec.minimum, spec.maximum);
-  slider->Show(spec.value);
-  return slider;
-}
-
-std::unique_ptr<Control> Make(const ControlSpec& spec, Control* parent) {
-  std::string id(spec.id);
-  switch (spec.kind) {
+std::unique_ptr<Control> Make(const ControlRow& row, Control* parent) {
+  std::string id(row.id);
+  switch (row.kind) {
     case Kind::kCheck:
-      return MakeCheck(spec, std::move(id), parent);
+      return std::make_unique<controls::CheckBox>(std::move(id), parent);
     case Kind::kOption:
-      return MakeOption(spec, std::move(id), parent);
+      return std::make_unique<controls::OptionButton>(std::move(id), parent);
     case Kind::kCombo:
-    case Kind::kEditableCombo:
-      return MakeCombo(spec, std::move(id), parent);
+    case Kind::kEditableCombo: {
+      auto combo = std::make_unique<controls::ComboBox>(std::move(id), parent);
+      combo->SetTakesTyping(row.kind == Kind::kEditableCombo);
+      return combo;
+    }
     case Kind::kList:
       return std::make_unique<controls::ListBox>(std::move(id), parent);
     case Kind::kSlider:
-      return MakeSlider(spec, std::move(id), parent);
+    case Kind::kScrollBar:
+      return std::make_unique<controls::Slider>(std::move(id), parent);
     case Kind::kText:
-      return MakeText(spec, std::move(id), parent);
+      return std::make_unique<controls::TextBox>(std::move(id), parent);
     case Kind::kLabel:
     case Kind::kHeading:
-      return std::make_unique<controls::Label>(std::move(id), parent, spec.kind == Kind::kHeading);
+      return std::make_unique<controls::Label>(std::move(id), parent, row.kind == Kind::kHeading);
     case Kind::kButton:
       return std::make_unique<controls::Button>(std::move(id), parent);
     case Kind::kPicture:
@@ -75,28 +46,88 @@ std::unique_ptr<Control> Make(const ControlSpec& spec, Control* parent) {
   std::abort();
 }
 
+/// Gives a control what its row says of its value.
+class DesignState : public controls::ControlVisitor {
+ public:
+  explicit DesignState(const ControlRow& row) : row_(row) {}
+
+  void Visit(controls::CheckBox& box) override { box.Show(row_.value); }
+  void Visit(controls::OptionButton& option) override { option.Show(row_.value == 1); }
+  void Visit(controls::ComboBox& combo) override { combo.ShowText(std::string(row_.initial)); }
+  void Visit(controls::ListBox& list) override { list.SetItems({}); }
+  void Visit(controls::TextBox& box) override {
+    box.ShowText(std::string(row_.initial));
+    box.SetMarked(false);
+  }
+  void Visit(controls::Slider& slider) override {
+    slider.SetRange(row_.minimum, row_.maximum);
+    slider.Show(row_.value);
+  }
+  void Visit(controls::Label&) override {}
+  void Visit(controls::Button&) override {}
+  void Visit(controls::PictureBox& picture) override { picture.ShowFile(""); }
+  void Visit(controls::Frame&) override {}
+  void Visit(controls::ToolKey&) override {}
+  void Visit(controls::Window&) override {}
+
+ private:
+  const ControlRow& row_;
+};
+
+void ShowDesign(const ControlRow& row, Control& control) {
+  control.SetCaption(std::string(row.design));
+  control.SetBounds(row.bounds);
+  control.SetEnabled(row.enabled);
+  if (row.kind != Kind::kWindow) control.SetVisible(row.visible);
+  DesignState design(row);
+  control.Accept(design);
+}
+
+void ShowText(const ControlRow& row, Control& control, const lang::LangTable& lang_text) {
+  if (row.text >= 0) control.SetCaption(lang_text[row.text]);
+  if (row.tip >= 0) control.SetToolTip(lang_text[row.tip]);
+}
+
 }  // namespace
 
-void Form::Add(std::span<const ControlSpec> specs) {
-  for (const ControlSpec& spec : specs) {
-    std::unique_ptr<Control> control = Make(spec, Find(spec.parent));
-    control->SetCaption(std::string(spec.caption));
-    control->SetBounds(spec.bounds);
-    control->SetEnabled(spec.enabled);
-    control->SetVisible(spec.visible);
+Form::Form(const WindowRow& row) : window_row_(row) {
+  Add(row.window);
+  TheWindow().SetVisible(row.window.visible);
+  Add(row.controls);
+}
+
+controls::Window& Form::TheWindow() const { return Get<controls::Window>(window_row_.window.id); }
+
+void Form::Add(std::span<const ControlRow> rows) {
+  for (const ControlRow& row : rows) {
+    std::unique_ptr<Control> control = Make(row, Find(row.parent));
+    ShowDesign(row, *control);
+    if (!set_.Add(*control)) {
+      std::fprintf(stderr, "two controls have the id %s\n", control->Id().c_str());
+      std::abort();
+    }
     controls_.push_back(std::move(control));
+    rows_.push_back(row);
   }
 }
 
-Control* Form::Find(std::string_view id) const {
-  const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                  [id](const auto& control) { return control->Id() == id; });
-  return found == controls_.end() ? nullptr : found->get();
+void Form::AddTo(controls::ControlSet& set) const {
+  for (const auto& control : controls_) {
+    if (set.Add(*control)) continue;
+    std::fprintf(stderr, "two windows have a control %s\n", control->Id().c_str());
+    std::abort();
+  }
 }
 
-void Form::MissingControl(std::string_view id) {
-  std::fprintf(stderr, "no control of that kind: %.*s\n", static_cast<int>(id.size()), id.data());
-  std::abort();
+void Form::ShowTexts(const lang::LangTable& lang_text) const {
+  for (std::size_t i = 0; i < rows_.size(); ++i) ShowText(rows_[i], *controls_[i], lang_text);
+}
+
+void Form::Reset(const lang::LangTable& lang_text) const {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    ShowDesign(rows_[i], *controls_[i]);
+    ShowText(rows_[i], *controls_[i], lang_text);
+  }
 }
 
 }  // namespace kestrune::forms

@@ -6,70 +6,75 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/control_set.h"
 #include "controls/controls.h"
+#include "lang/language.h"
+#include "ui/forms/control_row.h"
 
 namespace kestrune::forms {
 
-enum class Kind {
-  kCheck,
-  kOption,
-  kCombo,
-  kEditableCombo,
-  kList,
-  kSlider,
-  kText,
-  kLabel,
-  kHeading,
-  kButton,
-  kPicture,
-  kFrame,
-  kKey,
-  kWindow,
+struct Shared;
+
+/// What a window does beyond what its rows say. It connects its controls' handlers when it is made
+/// and lives as long as the program.
+class WindowPart {
+ public:
+  virtual ~WindowPart() = default;
+  /// Runs when the window is loaded, from its design state.
+  virtual void Load() {}
 };
 
-/// One control of a window's or a page's table. Tables are in tab order.
-struct ControlSpec {
-  Kind kind;
-  std::string_view id;         ///< the whole id
-  std::string_view parent;     ///< id of the window, page, frame or toolbar button it stands in
-  controls::Rect bounds;       ///< twips, relative to the parent
-  std::string_view caption;    ///< design caption, replaced by the language's text at start
-  std::string_view text = {};  ///< initial text of a combo or a text box
-  int minimum = 0;             ///< of a slider
-  int maximum = 0;
-  int value = 0;  ///< of a slider, a check box (0, 1) or an option (0, 1)
-  bool enabled = true;
-  bool visible = true;
+/// A window as a row: its own control, what stands in it, and what it does.
+struct WindowRow {
+  ControlRow window;
+  std::span<const ControlRow> controls;
+  std::string_view owner = {};  ///< id of the window that it belongs to
+  bool modal = false;           ///< takes the acts from all other windows while it is open
+  bool resizable = false;
+  std::string_view default_key = {};  ///< id of the button that Enter presses
+  std::string_view cancel_key = {};   ///< id of the button that Esc presses
+  std::string_view opened_by = {};    ///< id of the key or button that opens it
+  /// Makes the window's part; null where another part of the program sees to it.
+  std::unique_ptr<WindowPart> (*make)(const Shared&) = nullptr;
 };
 
-/// Controls in tab order, the window or page that holds them first. They exist from the start;
-/// a face makes widgets of them when they are first shown.
+/// Controls in tab order, made from rows, the window that holds them first. They exist from the
+/// start; a face makes widgets of them when they are first shown.
 class Form {
  public:
-  Form() = default;
-  virtual ~Form() = default;
+  explicit Form(const WindowRow& row);
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
+  const WindowRow& WindowsRow() const { return window_row_; }
+  controls::Window& TheWindow() const;
   const std::vector<std::unique_ptr<controls::Control>>& Controls() const { return controls_; }
+  /// The rows of the controls, place by place.
+  const std::vector<ControlRow>& Rows() const { return rows_; }
   /// The control with that id, or null.
-  controls::Control* Find(std::string_view id) const;
-  /// The control with that id, which must exist and be of that kind; anything else is a fault of
-  /// the program's own tables and ends it.
+  controls::Control* Find(std::string_view id) const { return set_.Find(id); }
+  /// The control with that id, which must exist and be of that kind.
   template <typename T>
   T& Get(std::string_view id) const {
-    T* control = dynamic_cast<T*>(Find(id));
-    if (control == nullptr) MissingControl(id);
-    return *control;
+    return set_.Get<T>(id);
   }
+  /// Makes the controls known to a set.
+  void AddTo(controls::ControlSet& set) const;
+
+  /// Puts the interface texts on the controls. An empty text empties its caption.
+  void ShowTexts(const lang::LangTable& lang_text) const;
+  /// Puts everything but the window's visibility back to what the rows say, with the texts.
+  void Reset(const lang::LangTable& lang_text) const;
 
  protected:
-  void Add(std::span<const ControlSpec> specs);
+  void Add(std::span<const ControlRow> rows);
+  void Add(const ControlRow& row) { Add(std::span(&row, 1)); }
 
  private:
-  [[noreturn]] static void MissingControl(std::string_view id);
-
+  const WindowRow& window_row_;
+  std::vector<ControlRow> rows_;
   std::vector<std::unique_ptr<controls::Control>> controls_;
+  controls::ControlSet set_;
 };
 
 }  // namespace kestrune::forms

@@ -5,8 +5,11 @@
 #include "core/number.h"
 #include "core/options.h"
 #include "core/outcome.h"
+#include "lang/texts.h"
 
 namespace kestrune::forms {
+
+namespace texts = lang::texts;
 
 namespace {
 
@@ -18,6 +21,45 @@ using controls::Slider;
 using controls::TextBox;
 using core::RegRoot;
 
+constexpr std::string_view kPage = "overclocking";
+
+// Disabled until the page is prepared, when it is first shown.
+constexpr ControlRow kRows[] = {
+    Row(Kind::kCheck, "overclocking.enable-overclocking", kPage, {150, 345, 3510, 330}, 85)
+        .Chosen(),
+    Row(Kind::kCheck, "overclocking.apply-settings-at-startup", kPage, {3810, 345, 3600, 330}, 86)
+        .Disabled(),
+    Row(Kind::kHeading, "overclocking.settings", kPage, {150, 780, 2400, 270}, 89).Disabled(),
+    Row(Kind::kOption, "overclocking.2d-speed", kPage, {2700, 750, 2250, 330}, 90).Disabled(),
+    Row(Kind::kOption, "overclocking.3d-speed", kPage, {5010, 750, 2400, 330}, 91).Disabled(),
+    Row(Kind::kLabel, "overclocking.default-core-speed", kPage, {150, 1230, 3510, 255}, 92)
+        .Disabled(),
+    Row(Kind::kLabel, "overclocking.current-core-speed", kPage, {3810, 1230, 3600, 255}, 93)
+        .Disabled(),
+    Row(Kind::kSlider, "overclocking.core-clock-slider", kPage, {150, 1545, 5850, 390})
+        .Tip(231)
+        .Range(0, 1000, 370)
+        .Disabled(),
+    Row(Kind::kText, "overclocking.core-clock", kPage, {6150, 1545, 1260, 390})
+        .Initial("370")
+        .Tip(231)
+        .Disabled(),
+    Row(Kind::kLabel, "overclocking.default-memory-speed", kPage, {150, 2130, 3510, 255}, 94)
+        .Disabled(),
+    Row(Kind::kLabel, "overclocking.current-memory-speed", kPage, {3810, 2130, 3600, 255}, 95)
+        .Disabled(),
+    Row(Kind::kSlider, "overclocking.memory-clock-slider", kPage, {150, 2445, 5850, 390})
+        .Tip(243)
+        .Range(0, 2000, 760)
+        .Disabled(),
+    Row(Kind::kText, "overclocking.memory-clock", kPage, {6150, 2445, 1260, 390})
+        .Initial("760")
+        .Tip(243)
+        .Disabled(),
+    Row(Kind::kButton, "overclocking.apply", kPage, {3210, 3300, 2025, 435}, 87).Disabled(),
+    Row(Kind::kButton, "overclocking.default", kPage, {5385, 3300, 2025, 435}, 88).Disabled(),
+};
+
 constexpr std::string_view kStartupValue = "NvCplDaemon";
 constexpr std::string_view kStartupCommand =
     "RUNDLL32.EXE C:\\WINDOWS\\System32\\NvCpl.dll,NvStartup";
@@ -25,44 +67,27 @@ constexpr std::string_view kPerformanceKey = "Software\\NVIDIA Corporation\\Glob
 constexpr std::string_view kPerformanceValue = "PerfLevel";
 constexpr int kPerformance2D = 0;
 constexpr int kPerformance3D = 2;
-/// The texts that name the two boxes.
-constexpr int kCoreText = 226;
-constexpr int kMemoryText = 227;
-constexpr int kRefusedText = 269;
 
 }  // namespace
 
-clocks::ClockControls ClockControlsOf(const MainForm& form) {
-  return {
-      .default_core = &form.Get<Label>("overclocking.default-core-speed"),
-      .default_memory = &form.Get<Label>("overclocking.default-memory-speed"),
-      .current_core = &form.Get<Label>("overclocking.current-core-speed"),
-      .current_memory = &form.Get<Label>("overclocking.current-memory-speed"),
-      .core_box = &form.Get<TextBox>("overclocking.core-clock"),
-      .memory_box = &form.Get<TextBox>("overclocking.memory-clock"),
-      .core_slider = &form.Get<Slider>("overclocking.core-clock-slider"),
-      .memory_slider = &form.Get<Slider>("overclocking.memory-clock-slider"),
-  };
-}
+const std::span<const ControlRow> kOverclockingControls = kRows;
 
-OverclockingPage::OverclockingPage(const MainForm& form, core::ProgramState& state,
-                                   core::basRegistry& registry, platform::DialogApi& dialog,
-                                   const lang::LangTable& lang_text, clocks::Clocks& clocks,
-                                   const detect::AdapterState& adapter)
-    : state_(state),
-      registry_(registry),
-      dialog_(dialog),
-      LangText(lang_text),
-      clocks_(clocks),
-      adapter_(adapter),
-      controls_(ClockControlsOf(form)),
-      enable_(form.Get<CheckBox>("overclocking.enable-overclocking")),
-      startup_(form.Get<CheckBox>("overclocking.apply-settings-at-startup")),
-      speed_2d_(form.Get<OptionButton>("overclocking.2d-speed")),
-      speed_3d_(form.Get<OptionButton>("overclocking.3d-speed")),
-      settings_(form.Get<Label>("overclocking.settings")),
-      apply_(form.Get<Button>("overclocking.apply")),
-      default_(form.Get<Button>("overclocking.default")) {
+OverclockingPage::OverclockingPage(const Shared& shared)
+    : state_(shared.state),
+      registry_(shared.registry),
+      dialog_(shared.services.dialog),
+      LangText(shared.LangText()),
+      adapter_(shared.adapter),
+      clocks_(shared.registry, shared.services.shell, shared.services.dialog, shared.versions,
+              shared.adapter, LangText, shared.controls),
+      controls_(shared.controls),
+      enable_(shared.controls.Get<CheckBox>("overclocking.enable-overclocking")),
+      startup_(shared.controls.Get<CheckBox>("overclocking.apply-settings-at-startup")),
+      speed_2d_(shared.controls.Get<OptionButton>("overclocking.2d-speed")),
+      speed_3d_(shared.controls.Get<OptionButton>("overclocking.3d-speed")),
+      settings_(shared.controls.Get<Label>("overclocking.settings")),
+      apply_(shared.controls.Get<Button>("overclocking.apply")),
+      default_(shared.controls.Get<Button>("overclocking.default")) {
   OptionButton::Group({&speed_2d_, &speed_3d_});
   enable_.on_change = [this] { OverclockingChanged(); };
   startup_.on_change = [this] { StartupChanged(); };
@@ -75,12 +100,12 @@ OverclockingPage::OverclockingPage(const MainForm& form, core::ProgramState& sta
     };
     box.on_change = [&box] { box.SetMarked(false); };
   };
-  follow(*controls_.core_slider, *controls_.core_box);
-  follow(*controls_.memory_slider, *controls_.memory_box);
+  follow(controls_.core_slider, controls_.core_box);
+  follow(controls_.memory_slider, controls_.memory_box);
   apply_.on_click = [this] { Apply(); };
   default_.on_click = [this] {
-    controls_.core_box->ShowText(std::to_string(clocks_.state.DefaultCoreMHz));
-    controls_.memory_box->ShowText(std::to_string(clocks_.state.DefaultMemoryMHz));
+    controls_.core_box.ShowText(std::to_string(clocks_.state.DefaultCoreMHz));
+    controls_.memory_box.ShowText(std::to_string(clocks_.state.DefaultMemoryMHz));
     Apply();
   };
 }
@@ -97,9 +122,9 @@ void OverclockingPage::PageShown() {
 
 void OverclockingPage::SetUsable(bool usable) {
   for (controls::Control* control : std::initializer_list<controls::Control*>{
-           controls_.default_core, controls_.default_memory, controls_.current_core,
-           controls_.current_memory, &settings_, &startup_, controls_.core_box,
-           controls_.memory_box, controls_.core_slider, controls_.memory_slider, &apply_,
+           &controls_.default_core, &controls_.default_memory, &controls_.current_core,
+           &controls_.current_memory, &settings_, &startup_, &controls_.core_box,
+           &controls_.memory_box, &controls_.core_slider, &controls_.memory_slider, &apply_,
            &default_}) {
     control->SetEnabled(usable);
   }
@@ -108,8 +133,8 @@ void OverclockingPage::SetUsable(bool usable) {
 void OverclockingPage::SelectPair(bool is_3d) {
   clocks_.state.Clock3D = is_3d ? 1 : 0;
   // The memory runs at one clock for both pairs; it is set with the 2D pair.
-  controls_.memory_box->SetEnabled(!is_3d);
-  controls_.memory_slider->SetEnabled(!is_3d);
+  controls_.memory_box.SetEnabled(!is_3d);
+  controls_.memory_slider.SetEnabled(!is_3d);
 }
 
 void OverclockingPage::EnableOC() {
@@ -151,7 +176,8 @@ void OverclockingPage::StartupChanged() {
   registry_.WriteAsBinary = 0;
   core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, core::kLogOnKey, kStartupValue,
                                        std::string(kStartupCommand)));
-  core::Ignore(dialog_.ShowMessage(core::kProgramTitle, LangText[96], platform::Buttons::kOk));
+  core::Ignore(dialog_.ShowMessage(core::kProgramTitle, LangText[texts::kAppliedAtLogOn],
+                                   platform::Buttons::kOk));
 }
 
 void OverclockingPage::PairChosen(bool is_3d) {
@@ -172,15 +198,15 @@ std::optional<std::int16_t> OverclockingPage::ReadBox(TextBox& box, int name_tex
   box.SetMarked(true);
   core::Ignore(dialog_.ShowMessage(
       core::kProgramTitle,
-      LangText[name_text] + " \"" + box.Text() + "\": " + LangText[kRefusedText],
+      LangText[name_text] + " \"" + box.Text() + "\": " + LangText[texts::kRefusedClock],
       platform::Buttons::kOk));
   return std::nullopt;
 }
 
 void OverclockingPage::Apply() {
-  const std::optional<std::int16_t> core = ReadBox(*controls_.core_box, kCoreText);
+  const std::optional<std::int16_t> core = ReadBox(controls_.core_box, texts::kCoreClock);
   if (!core) return;
-  const std::optional<std::int16_t> memory = ReadBox(*controls_.memory_box, kMemoryText);
+  const std::optional<std::int16_t> memory = ReadBox(controls_.memory_box, texts::kMemoryClock);
   if (!memory) return;
   clocks_.state.CoreMHz = *core;
   clocks_.state.MemoryMHz = *memory;

@@ -1,24 +1,25 @@
 #pragma once
 
 #include "clocks/clocks.h"
-#include "core/program_state.h"
-#include "ui/forms/main_form.h"
+#include "ui/forms/control_row.h"
+#include "ui/forms/shared.h"
 
 namespace kestrune::forms {
 
-clocks::ClockControls ClockControlsOf(const MainForm& form);
+extern const std::span<const ControlRow> kOverclockingControls;
 
 /// The overclocking page: switches clock control, chooses the pair, edits and applies the clocks.
 class OverclockingPage {
  public:
-  OverclockingPage(const MainForm& form, core::ProgramState& state, core::basRegistry& registry,
-                   platform::DialogApi& dialog, const lang::LangTable& lang_text,
-                   clocks::Clocks& clocks, const detect::AdapterState& adapter);
+  explicit OverclockingPage(const Shared& shared);
+  OverclockingPage(const OverclockingPage&) = delete;
+  OverclockingPage& operator=(const OverclockingPage&) = delete;
 
   /// Offers the choice between the pairs on processors that have two.
   void OfferPairs();
   /// Prepares the page the first time it is shown.
   void PageShown();
+  const clocks::ClockState& Clocks() const { return clocks_.state; }
 
  private:
   void EnableOC();
@@ -35,8 +36,8 @@ class OverclockingPage {
   core::basRegistry& registry_;
   platform::DialogApi& dialog_;
   const lang::LangTable& LangText;
-  clocks::Clocks& clocks_;
   const detect::AdapterState& adapter_;
+  clocks::Clocks clocks_;
   clocks::ClockControls controls_;
   controls::CheckBox& enable_;
   controls::CheckBox& startup_;

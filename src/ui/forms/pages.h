@@ -1,30 +1,42 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
-#include "ui/forms/form.h"
+#include "ui/forms/control_row.h"
 
-/// The layout of the main window's pages, a table for each group of pages.
 namespace kestrune::forms {
 
-/// Where every page stands in the main window, in twips.
-inline constexpr controls::Rect kPageBounds = {120, 840, 7560, 4260};
+struct PageGroups;
 
-/// A page's own row.
-constexpr ControlSpec PageSpec(std::string_view id, std::string_view caption) {
-  return {.kind = Kind::kFrame,
-          .id = id,
-          .parent = "main",
-          .bounds = kPageBounds,
-          .caption = caption,
-          .visible = false};
-}
+inline constexpr int kPageCount = 16;
 
-extern const std::span<const ControlSpec> kControlPanelPages;
-extern const std::span<const ControlSpec> kDirect3DPages;
-extern const std::span<const ControlSpec> kOpenGLPages;
-extern const std::span<const ControlSpec> kOverclockingPages;
-extern const std::span<const ControlSpec> kInformationPages;
+/// A toolbar group, whose pages the scroll bar steps through.
+enum class Group { kUnsaid, kNone, kControlPanel, kDirect3D, kOpenGL, kInformation };
+
+/// A page of the main window. Its index is its place among the rows.
+struct PageRow {
+  std::string_view id;
+  int text;              ///< caption
+  Group group;           ///< kNone is said by a page that stands alone
+  int place;             ///< in its group, from 1
+  std::string_view key;  ///< of the menu or toolbar that leads to it
+  std::span<const ControlRow> controls;
+  /// Runs whenever the page is shown; null where nothing does.
+  void (*shown)(PageGroups&) = nullptr;
+
+  /// The frame that is the page.
+  ControlRow Frame() const;
+};
+
+extern const std::array<PageRow, kPageCount> kPages;
+
+bool IsPage(int index);
+/// The index of the page with that id; -1 for another id.
+int PageIndex(std::string_view id);
+inline bool IsPageId(std::string_view id) { return PageIndex(id) >= 0; }
+/// How many pages a group has.
+int SizeOf(Group group);
 
 }  // namespace kestrune::forms

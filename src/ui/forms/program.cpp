@@ -1,177 +1,104 @@
 #include "ui/forms/program.h"
 
-#include "clocks/clocks.h"
+#include <algorithm>
+
 #include "core/options.h"
 #include "core/outcome.h"
-#include "cpl/control_panel.h"
-#include "d3d/overrides.h"
-#include "d3d/preview.h"
-#include "ogl/option_lists.h"
-#include "ui/forms/controls_of.h"
-#include "ui/forms/main_window.h"
-#include "ui/forms/overclocking_page.h"
-#include "ui/forms/setting_handlers.h"
-#include "ui/forms/texts.h"
+#include "lang/texts.h"
+#include "ui/forms/lower_panel.h"
+#include "ui/forms/page_groups.h"
+#include "ui/forms/toolbar.h"
+#include "ui/forms/window_table.h"
+#include "ui/forms/windows.h"
 
 namespace kestrune::forms {
+
+namespace texts = lang::texts;
 
 /// Everything that makes up one program, each part after those that it works with.
 struct Program::Parts {
   explicit Parts(const platform::Services& machine);
 
-  void ReadSettings();
-  void ReadControlPanel();
-  void ShowPreview() { d3d::ShowAaPreview(preview_controls, services.files, LangText); }
-  void ConnectPages();
-  void ConnectLanguageChoice();
+  void MakeWindows();
   void LoadTexts();
   void DetectHardware();
   void FillSettings();
   void ShowVersion();
+  void ShowRememberedPage();
+  void DisableForVista();
   bool RunCommandLine(std::string_view command_line);
+  void Close();
 
   const platform::Services services;
   core::ProgramState state;
   core::basRegistry registry{services.registry};
-  controls::Scheduler scheduler;
-
-  MainForm main;
-  HelpForm help;
-  std::vector<Form*> forms{&main, &help};
-
+  controls::Scheduler timers;
   lang::Language language{registry, services.files, services.dialog};
   const lang::LangTable& LangText = language.LangText;
 
-  const d3d::Direct3DControls direct3d_controls = Direct3DControlsOf(main);
-  const ogl::OpenGLControls opengl_controls = OpenGLControlsOf(main);
-  const d3d::PreviewControls preview_controls = PreviewControlsOf(main);
-  const d3d::OverrideControls override_controls = OverrideControlsOf(main);
+  MainForm main;
+  std::vector<std::unique_ptr<Form>> other_forms;
+  std::vector<Form*> forms{&main};
+  controls::ControlSet controls = AllControls();
+  Windows windows{LangText};
 
-  detect::Versions versions{services.version, services.dialog, registry, LangText,
-                            VersionControlsOf(main)};
-  detect::Adapter adapter{services.display, registry, versions.state, LangText,
-                          &main.Get<controls::Label>("info.basic.vga-device")};
+  detect::Versions versions{services.version, services.dialog, registry, LangText, controls};
+  detect::Adapter adapter{services.display, registry, versions.state, LangText, controls};
   detect::CardData cards{services.files, adapter.state};
+  const settings::Hardware hardware{versions.state, adapter.state, state};
+  const Shared shared{services, state,          registry,      timers, controls, windows,
+                      language, versions.state, adapter.state, cards,  hardware};
 
-  const d3d::SettingsKey direct3d_key{registry, versions.state, adapter.state, "\\NVidia\\Direct3D",
-                                      ""};
-  d3d::Direct3DState direct3d_state;
-  const d3d::Direct3DContext direct3d_context{direct3d_key, versions.state,    adapter.state, state,
-                                              LangText,     direct3d_controls, direct3d_state};
-  d3d::Direct3DReader direct3d_reader{direct3d_context};
-  d3d::Direct3DWriter direct3d_writer{direct3d_context};
-  d3d::CapabilityOverrides overrides{direct3d_context, direct3d_writer,  registry, cards,
-                                     services.shell,   override_controls};
+  PageGroups pages{shared};
+  HelpWindow help{shared};
+  Navigation navigation{main, shared, pages};
+  Toolbar toolbar{shared, navigation, help};
+  LowerPanel lower_panel{main, shared, help};
+  std::vector<std::unique_ptr<WindowPart>> window_parts;
+  bool closed = false;
 
-  const d3d::SettingsKey opengl_key{registry, versions.state, adapter.state, "\\NVidia\\OpenGL",
-                                    "OGL_"};
-  const ogl::OpenGLContext opengl_context{
-      opengl_key,
-      versions.state,
-      LangText,
-      opengl_controls,
-      [this] { direct3d_reader.ReadDirect3DSettings(); },
-      [this](int code) { direct3d_writer.WriteDirect3DSetting(code, 0); }};
-  ogl::OpenGLReader opengl_reader{opengl_context};
-  ogl::OpenGLWriter opengl_writer{opengl_context};
-  ogl::OptionLists lists{
-      cards,
-      versions.state,
-      adapter.state,
-      state,
-      direct3d_state,
-      LangText,
-      direct3d_controls,
-      opengl_controls,
-      &main.Get<controls::ComboBox>("control-panel.resolution.select-from-list")};
-
-  const cpl::ControlPanelControls control_panel_controls = ControlPanelControlsOf(main);
-  cpl::ControlPanelOptions control_panel{registry,      services.files, versions.state,
-                                         adapter.state, state,          control_panel_controls};
-  clocks::Clocks clocks{registry,      services.shell, services.dialog,      versions.state,
-                        adapter.state, LangText,       ClockControlsOf(main)};
-  OverclockingPage overclocking{main,     state,  registry,     services.dialog,
-                                LangText, clocks, adapter.state};
-
-  MainWindow window{
-      main,           help,
-      state,          registry,
-      services.shell, services.files,
-      scheduler,      {[this] { ReadControlPanel(); }, [this] { overclocking.PageShown(); }}};
-  SettingHandlers handlers{state,
-                           versions.state,
-                           LangText,
-                           direct3d_state,
-                           direct3d_controls,
-                           opengl_controls,
-                           direct3d_writer,
-                           opengl_writer,
-                           {[this] { lists.FillCapabilityLists(); }, [this] { ReadSettings(); },
-                            [this] { ShowPreview(); }}};
+ private:
+  controls::ControlSet AllControls();
 };
 
+controls::ControlSet Program::Parts::AllControls() {
+  for (const WindowRow* row : kWindows) {
+    other_forms.push_back(std::make_unique<Form>(*row));
+    forms.push_back(other_forms.back().get());
+  }
+  controls::ControlSet all;
+  for (const Form* form : forms) form->AddTo(all);
+  return all;
+}
+
 Program::Parts::Parts(const platform::Services& machine) : services(machine) {
-  ConnectPages();
-  ConnectLanguageChoice();
-}
-
-void Program::Parts::ReadSettings() {
-  const core::FlagScope starting(state.IsStart);
-  direct3d_reader.ReadDirect3DSettings();
-  opengl_reader.ReadOpenGLSettings();
-}
-
-void Program::Parts::ReadControlPanel() {
-  const core::FlagScope starting(state.IsStart);
-  control_panel.ReadControlPanelOptions();
-}
-
-void Program::Parts::ConnectPages() {
-  controls::OptionButton::Group(
-      {&main.Get<controls::OptionButton>("direct3d.antialiasing.normal-size"),
-       preview_controls.zoom});
-  controls::OptionButton::Group(
-      {opengl_controls.compression_by_application, opengl_controls.compression_enabled});
-  for (const std::string_view id :
-       {"direct3d.antialiasing.normal-size", "direct3d.antialiasing.zoom"}) {
-    main.Get<controls::OptionButton>(id).on_click = [this] { ShowPreview(); };
+  for (Form* form : forms) {
+    help.Connect(*form);
+    toolbar.Connect(*form);
   }
-
-  for (int index = 0; index < cpl::kOptionCount; ++index) {
-    controls::CheckBox& box = *control_panel_controls.options[static_cast<std::size_t>(index)];
-    box.on_change = [this, index] { control_panel.OptionChanged(index); };
-    box.on_hover = [this, index] { control_panel.OptionHovered(index); };
-  }
-  control_panel_controls.picture->on_click = [this] {
-    core::Ignore(services.shell.OpenControlPanelItem("desk.cpl"));
-  };
-
-  override_controls.textures->on_change = [this] { overrides.TexturesMoved(); };
-  override_controls.pixel.slider->on_change = [this] { overrides.PixelShaderMoved(); };
-  override_controls.vertex.slider->on_change = [this] { overrides.VertexShaderMoved(); };
-  override_controls.override_textures->on_change = [this] { overrides.OverrideTexturesClicked(); };
-  override_controls.override_shaders->on_change = [this] { overrides.OverrideShadersClicked(); };
-  for (controls::Button* button :
-       {override_controls.apply_textures, override_controls.apply_shaders}) {
-    button->on_click = [this, button] { overrides.ApplyClicked(*button); };
-  }
+  MakeWindows();
 }
 
-void Program::Parts::ConnectLanguageChoice() {
-  auto& choice = main.Get<controls::ComboBox>("main.language");
-  choice.on_change = [this, &choice](controls::ComboChange) {
-    language.ChooseLanguage(choice.Position());
-  };
+void Program::Parts::MakeWindows() {
+  for (const Form* form : forms) {
+    windows.Add(*form);
+    const WindowRow& row = form->WindowsRow();
+    if (row.make == nullptr) continue;
+    window_parts.push_back(row.make(shared));
+    windows.OnLoad(form->TheWindow(), [part = window_parts.back().get()] { part->Load(); });
+  }
+  main.TheWindow().on_close = [this] { Close(); };
+  help.TakeCloseBox();
 }
 
 void Program::Parts::LoadTexts() {
   language.LoadLanguage();
-  main.Get<controls::Label>("main.language-header").SetCaption(language.HeaderText);
+  lower_panel.ShowLanguageHeader();
   services.dialog.RunPendingEvents();
-  ApplyLanguage(main, LangText);
+  for (const Form* form : forms) form->ShowTexts(LangText);
   // The driver decides on the shader versions until they have been read.
-  direct3d_state.PixelShaderVersionText = LangText[146];
-  direct3d_state.VertexShaderVersionText = LangText[146];
+  pages.driver.State().PixelShaderVersionText = LangText[texts::kEnabled];
+  pages.driver.State().VertexShaderVersionText = LangText[texts::kEnabled];
 }
 
 void Program::Parts::DetectHardware() {
@@ -189,31 +116,42 @@ void Program::Parts::FillSettings() {
   constexpr int kFewestUnits = 2;
   const int units = core::RegValue(cards.GetCardData("mt", false)).NumberOr(0);
   if (units < kFewestUnits) state.LowTextureUnits = 1;
-  lists.FillOptionLists();
-  direct3d_reader.ReadDirect3DSettings();
-  opengl_reader.ReadOpenGLSettings();
-  control_panel.ReadControlPanelOptions();
+  pages.driver.Lists().FillOptionLists();
+  pages.control_panel.FillLists();
+  pages.driver.Read();
+  pages.control_panel.ReadOptions();
   // Once more, now that the readers know whether SLI antialiasing is on.
-  lists.FillCapabilityLists();
-  overrides.InitMultitexturePage();
-  overrides.InitShaderPage();
+  pages.driver.Lists().FillCapabilityLists();
+  pages.direct3d.InitOverrides();
 }
 
 void Program::Parts::ShowVersion() {
+  core::OwnOptions options(registry);
   const std::string major = std::to_string(core::kMajorVersion);
   const std::string minor = std::to_string(core::kMinorVersion);
-  const int update =
-      registry.ReadRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey, core::kLastUpdateValue)
-          .NumberOr(0);
-  std::string line = "Kestrune SE " + LangText[246] + major + "." + minor;
-  if (update > 0) line += LangText[247] + std::to_string(update);
-  main.Get<controls::Label>("info.basic.kestrune-se-version").SetCaption(line);
+  const int update = options.Read(core::kLastUpdateValue).NumberOr(0);
+  std::string line = "Kestrune SE " + LangText[texts::kProgramVersion] + major + "." + minor;
+  if (update > 0) line += LangText[texts::kLastUpdate] + std::to_string(update);
+  controls.Get<controls::Label>("info.basic.kestrune-se-version").SetCaption(line);
   main.TheWindow().SetCaption("Kestrune SE Build " + minor);
-  registry.WriteAsBinary = 0;
-  core::Ignore(registry.WriteRegValue(core::RegRoot::kCurrentUser, core::kOptionsKey,
-                                      core::kVersionValue,
-                                      major + minor + std::to_string(core::kRevision)));
+  options.Write(core::kVersionValue, major + minor + std::to_string(core::kRevision));
   services.dialog.RunPendingEvents();
+}
+
+void Program::Parts::ShowRememberedPage() {
+  if (lower_panel.ReadOptions()) navigation.ShowPage();
+}
+
+void Program::Parts::DisableForVista() {
+  controls.Get<controls::ToolKey>("main.oc").SetEnabled(false);
+  controls.Get<controls::ToolKey>("main.basicdx").SetEnabled(false);
+}
+
+void Program::Parts::Close() {
+  if (closed) return;
+  closed = true;
+  lower_panel.SaveVisitedPage();
+  windows.Close(main.TheWindow());
 }
 
 bool Program::Parts::RunCommandLine(std::string_view command_line) {
@@ -222,7 +160,7 @@ bool Program::Parts::RunCommandLine(std::string_view command_line) {
       core::kProgramTitle, "Speed profiles can't be applied yet: " + std::string(command_line),
       platform::Buttons::kOk));
   services.dialog.RunPendingEvents();
-  window.Close();
+  Close();
   state.CommandLinePreset.clear();
   return false;
 }
@@ -236,39 +174,39 @@ bool Program::Start(std::string_view command_line) {
   parts.state.IsLoading = 1;
   parts.state.IsStart = 1;
   parts.LoadTexts();
-  parts.window.ShowPage();
+  parts.navigation.ShowPage();
   parts.DetectHardware();
-  parts.language.ListLanguages();
-  Main().Get<controls::ComboBox>("main.language").SetItems(parts.language.DisplayNames);
+  parts.lower_panel.ListLanguages();
   parts.services.dialog.RunPendingEvents();
-  parts.overclocking.OfferPairs();
+  parts.pages.overclocking.OfferPairs();
   parts.FillSettings();
   parts.ShowVersion();
   parts.state.IsStart = 0;
   parts.state.IsLoading = 0;
-  parts.ShowPreview();
-  parts.window.ReadOptions();
+  parts.pages.direct3d.ShowPreview();
+  parts.ShowRememberedPage();
   if (!command_line.empty()) return parts.RunCommandLine(command_line);
-  parts.window.LoadHelpPicture();
-  if (parts.versions.state.OSFamily >= detect::kWindowsVista) parts.window.DisableForVista();
+  parts.lower_panel.LoadHelpPicture();
+  if (parts.versions.state.OSFamily >= detect::kWindowsVista) parts.DisableForVista();
   return true;
 }
 
 MainForm& Program::Main() { return parts_->main; }
-HelpForm& Program::Help() { return parts_->help; }
-controls::Scheduler& Program::Timers() { return parts_->scheduler; }
+
+Form& Program::FormOf(std::string_view window) {
+  return **std::find_if(parts_->forms.begin(), parts_->forms.end(),
+                        [window](const Form* form) { return form->TheWindow().Id() == window; });
+}
+
+Windows& Program::TheWindows() { return parts_->windows; }
+controls::Scheduler& Program::Timers() { return parts_->timers; }
 const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
-void Program::GoToPage(int page) { parts_->window.GoToPage(page); }
-bool Program::Ended() const { return parts_->window.Closed(); }
+void Program::GoToPage(int page) { parts_->toolbar.GoToPage(page); }
+bool Program::Ended() const { return parts_->closed; }
 const std::vector<std::string>& Program::Languages() const { return parts_->language.DisplayNames; }
 
-controls::Control* Program::Find(std::string_view id) const {
-  for (const Form* form : parts_->forms) {
-    if (controls::Control* control = form->Find(id)) return control;
-  }
-  return nullptr;
-}
+controls::Control* Program::Find(std::string_view id) const { return parts_->controls.Find(id); }
 
 int Program::PageOf(const controls::Control& control) const {
   for (const controls::Control* each = &control; each != nullptr; each = each->Parent()) {
@@ -283,8 +221,8 @@ std::vector<StateRow> Program::State() const {
   const Parts& parts = *parts_;
   const detect::VersionState& versions = parts.versions.state;
   const detect::AdapterState& adapter = parts.adapter.state;
-  const clocks::ClockState& clocks = parts.clocks.state;
-  const d3d::Direct3DState& direct3d = parts.direct3d_state;
+  const clocks::ClockState& clocks = parts.pages.overclocking.Clocks();
+  const d3d::Direct3DState& direct3d = parts.pages.driver.State();
   const core::ProgramState& program = parts.state;
   return {
       {"OSFamily", versions.OSFamily},

@@ -13,8 +13,8 @@
 
 namespace kestrune::forms {
 
-class HelpForm;
 class MainForm;
+class Windows;
 
 /// A shared value by its name: a number or a text.
 using StateRow = std::pair<std::string_view, std::variant<int, std::string>>;
@@ -34,7 +34,9 @@ class Program {
   [[nodiscard]] bool Start(std::string_view command_line);
 
   MainForm& Main();
-  HelpForm& Help();
+  /// The form of the window with that id, which must exist.
+  Form& FormOf(std::string_view window);
+  Windows& TheWindows();
   controls::Scheduler& Timers();
   /// Every form, the main window's first.
   const std::vector<Form*>& Forms() const;

@@ -16,7 +16,6 @@
 
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
-#include "ui/forms/help_form.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::qt {
@@ -47,7 +46,7 @@ class RunningProgram {
 
   forms::Program& TheProgram() { return program_; }
   FormView& Window() { return *face_->ViewOf(program_.Main()); }
-  FormView* HelpWindow() { return face_->ViewOf(program_.Help()); }
+  FormView* HelpWindow() { return face_->ViewOf(program_.FormOf("help")); }
   void FailStore(const std::string& sentence) { store_failure_ = sentence; }
 
   template <typename T>

@@ -6,35 +6,38 @@ namespace kestrune::qt {
 
 namespace {
 
-using forms::ControlSpec;
+using forms::ControlRow;
 using forms::Kind;
+using forms::Row;
 
-constexpr ControlSpec kControls[] = {
-    {Kind::kWindow, "main", "", {300, 300, 8175, 5625}, "Sample"},
-    {Kind::kKey, "main.dx", "main", {60, 60, 1100, 750}, "Tools"},
-    {Kind::kKey, "main.one", "main.dx", {}, "Save & close"},
-    {Kind::kKey, "main.two", "main.dx", {}, "Send", {}, 0, 0, 0, false},
-    {Kind::kSlider, "main.group-scroll-bar", "main", {7800, 900, 255, 600}, "", {}, 1, 5, 1},
-    {Kind::kFrame, "page", "main", {120, 900, 7600, 2000}, "Page"},
-    {Kind::kLabel, "page.mode-label", "page", {120, 300, 1800, 255}, "Mode:"},
-    {Kind::kEditableCombo, "page.mode", "page", {2000, 300, 1800, 330}, "", "Auto"},
-    {Kind::kCombo, "page.limit", "page", {4000, 300, 1800, 330}, "", "Unknown"},
-    {Kind::kCheck, "page.gamma", "page", {120, 700, 1800, 255}, "Gamma"},
-    {Kind::kOption, "page.normal", "page", {2000, 700, 1800, 255}, "Normal", {}, 0, 0, 1},
-    {Kind::kOption, "page.zoom", "page", {4000, 700, 1800, 255}, "Zoom"},
-    {Kind::kSlider, "page.lod", "page", {120, 1100, 1800, 400}, "", {}, -10, 10, 0},
-    {Kind::kText, "page.clock", "page", {2000, 1100, 1800, 330}, "", "350"},
-    {Kind::kButton, "page.apply", "page", {4000, 1100, 1800, 375}, "Apply"},
-    {Kind::kFrame, "other", "main", {120, 900, 7600, 2000}, "Other", {}, 0, 0, 0, true, false},
-    {Kind::kList, "other.lines", "other", {120, 300, 1800, 1500}, ""},
-    {Kind::kLabel, "other.note", "other", {2000, 300, 1800, 255}, "Note"},
-    {Kind::kCheck, "main.help", "main", {120, 5300, 3000, 255}, ""},
+constexpr ControlRow kControls[] = {
+    Row(Kind::kKey, "main.dx", "main", {60, 60, 1100, 750}).Design("Tools"),
+    Row(Kind::kKey, "main.one", "main.dx", {}).Design("Save & close"),
+    Row(Kind::kKey, "main.two", "main.dx", {}).Design("Send").Disabled(),
+    Row(Kind::kScrollBar, "main.group-scroll-bar", "main", {7800, 900, 255, 600}).Range(1, 5, 1),
+    Row(Kind::kFrame, "page", "main", {120, 900, 7600, 2000}).Design("Page"),
+    Row(Kind::kLabel, "page.mode-label", "page", {120, 300, 1800, 255}).Design("Mode:"),
+    Row(Kind::kEditableCombo, "page.mode", "page", {2000, 300, 1800, 330}).Initial("Auto"),
+    Row(Kind::kCombo, "page.limit", "page", {4000, 300, 1800, 330}).Initial("Unknown"),
+    Row(Kind::kCheck, "page.gamma", "page", {120, 700, 1800, 255}).Design("Gamma"),
+    Row(Kind::kOption, "page.normal", "page", {2000, 700, 1800, 255}).Design("Normal").Chosen(),
+    Row(Kind::kOption, "page.zoom", "page", {4000, 700, 1800, 255}).Design("Zoom"),
+    Row(Kind::kSlider, "page.lod", "page", {120, 1100, 1800, 400}).Range(-10, 10, 0),
+    Row(Kind::kText, "page.clock", "page", {2000, 1100, 1800, 330}).Initial("350"),
+    Row(Kind::kButton, "page.apply", "page", {4000, 1100, 1800, 375}).Design("Apply"),
+    Row(Kind::kFrame, "other", "main", {120, 900, 7600, 2000}).Design("Other").Hidden(),
+    Row(Kind::kList, "other.lines", "other", {120, 300, 1800, 1500}),
+    Row(Kind::kLabel, "other.note", "other", {2000, 300, 1800, 255}).Design("Note"),
+    Row(Kind::kCheck, "main.help", "main", {120, 5300, 3000, 255}),
 };
+
+constexpr forms::WindowRow kWindow = {
+    .window = Row(Kind::kWindow, "main", "", {300, 300, 8175, 5625}).Design("Sample"),
+    .controls = kControls};
 
 }  // namespace
 
-SampleForm::SampleForm() {
-  Add(kControls);
+SampleForm::SampleForm() : Form(kWindow) {
   Get<controls::ComboBox>("page.mode").SetItems({"Auto", "2x", "4x"});
   Get<controls::ComboBox>("page.limit").SetItems({"0", "1", "2"});
   Get<controls::ListBox>("other.lines").SetItems({"first", "second", "third"});

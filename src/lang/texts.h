@@ -1,0 +1,56 @@
+#pragma once
+
+/// The numbers of the interface texts that code compares, joins or shows; the rows of the windows
+/// give those that only stand on a control.
+namespace kestrune::lang::texts {
+
+inline constexpr int kDefault = 88;  ///< also behind the name of a value that the driver decides
+
+// What the overclocking page says.
+inline constexpr int kDefaultCore = 92;
+inline constexpr int kCurrentCore = 93;
+inline constexpr int kDefaultMemory = 94;
+inline constexpr int kCurrentMemory = 95;
+inline constexpr int kAppliedAtLogOn = 96;
+inline constexpr int kImplausibleClocks = 97;  ///< the card's identifier follows
+inline constexpr int kImplausibleClocksEnd = 98;
+inline constexpr int kCoreClock = 226;
+inline constexpr int kMemoryClock = 227;
+inline constexpr int kRefusedClock = 269;
+
+// The beginnings of the information lines.
+inline constexpr int kVgaDevice = 101;
+inline constexpr int kDriverVersion = 104;
+inline constexpr int kOsVersion = 109;
+inline constexpr int kDirectXVersion = 110;
+inline constexpr int kProgramVersion = 246;
+inline constexpr int kLastUpdate = 247;
+
+// Choices, and the beginnings of captions that a number or a choice follows.
+inline constexpr int kLodBias = 118;
+inline constexpr int kTrilinearQuality = 123;
+inline constexpr int kQuality = 127;
+inline constexpr int kPerformance = 128;
+inline constexpr int kHighPerformance = 129;
+inline constexpr int kHighQuality = 130;
+inline constexpr int kFineTrilinear = 131;
+inline constexpr int kMiddleTrilinear = 132;
+inline constexpr int kCoarseTrilinear = 133;
+inline constexpr int kNone = 134;
+inline constexpr int kBilinear = 135;
+inline constexpr int kTrilinear = 136;
+inline constexpr int kAuto = 137;
+inline constexpr int kDisabled = 145;
+inline constexpr int kEnabled = 146;
+inline constexpr int kOnByDefault = 159;
+inline constexpr int kOffByDefault = 160;
+inline constexpr int kDesktopColorDepth = 161;
+inline constexpr int kMaxTextures = 165;
+inline constexpr int kPixelShader = 168;
+inline constexpr int kVertexShader = 169;
+inline constexpr int kNoOverride = 180;
+inline constexpr int kEmulationOff = 181;
+inline constexpr int kEmulationReference = 182;
+inline constexpr int kUnknown = 183;
+
+}  // namespace kestrune::lang::texts

@@ -1,0 +1,120 @@
+#include "ui/forms/control_panel_pages.h"
+
+namespace kestrune::forms {
+
+namespace {
+
+constexpr std::string_view kSettings = "control-panel.settings";
+constexpr std::string_view kResolution = "control-panel.resolution";
+
+constexpr ControlRow kSettingsRows[] = {
+    Row(Kind::kCheck, "control-panel.settings.enable-coolbits-overclocking", kSettings,
+        {150, 300, 4275, 315}, 60),
+    Row(Kind::kCheck, "control-panel.settings.enable-agp-settings-page", kSettings,
+        {150, 615, 4275, 315}, 61),
+    Row(Kind::kCheck, "control-panel.settings.enable-additional-info-page", kSettings,
+        {150, 930, 4275, 315}, 62),
+    Row(Kind::kCheck, "control-panel.settings.enable-troubleshooting-page", kSettings,
+        {150, 1245, 4275, 315}, 63),
+    Row(Kind::kCheck, "control-panel.settings.enable-application-profile-page", kSettings,
+        {150, 1560, 4275, 315}, 64),
+    Row(Kind::kCheck, "control-panel.settings.override-nview-capable", kSettings,
+        {150, 1875, 4275, 315}, 66),
+    Row(Kind::kCheck, "control-panel.settings.enable-overlay-control-in-span-mode", kSettings,
+        {150, 2190, 4275, 315}, 67),
+    Row(Kind::kCheck, "control-panel.settings.enable-thermal-settings-page", kSettings,
+        {150, 2505, 7260, 315})
+        .Design("Enable Thermal settings page")
+        .Disabled(),
+    Row(Kind::kCheck, "control-panel.settings.enable-heat-indicator-warning", kSettings,
+        {150, 2820, 7260, 315})
+        .Design("Enable Heat indicator warning")
+        .Disabled(),
+    Row(Kind::kCheck, "control-panel.settings.display-core-temperature-in-system-tray-area",
+        kSettings, {150, 3135, 7260, 315})
+        .Design("Display Core Temperature in system tray area")
+        .Disabled(),
+    Row(Kind::kCheck, "control-panel.settings.enable-direct3d-refreh-rate-page", kSettings,
+        {150, 3450, 7260, 315}, 65),
+    Row(Kind::kPicture, "control-panel.settings.picture", kSettings, {4470, 420, 2940, 1911})
+        .Tip(69)
+        .Hidden()
+        .Does(Action::Kind::kOpenControlPanelItem, "desk.cpl"),
+    Row(Kind::kLabel, "control-panel.settings.registry-editor-note", kSettings,
+        {150, 3840, 7260, 270}, 68),
+};
+
+constexpr ControlRow kResolutionRows[] = {
+    // Disabled until display modes can be changed.
+    Row(Kind::kLabel, "control-panel.resolution.select-from-list-label", kResolution,
+        {150, 375, 3000, 255}, 240),
+    Row(Kind::kCombo, "control-panel.resolution.select-from-list", kResolution,
+        {150, 630, 3000, 390})
+        .Disabled(),
+};
+
+/// A switch and the picture of the page that it reveals; the temperature boxes have none.
+struct RevealedRow {
+  std::string_view box;
+  std::string_view tag;
+};
+
+constexpr RevealedRow kRevealed[] = {
+    {"control-panel.settings.enable-coolbits-overclocking", "oc"},
+    {"control-panel.settings.enable-agp-settings-page", "agp"},
+    {"control-panel.settings.enable-additional-info-page", "additional"},
+    {"control-panel.settings.enable-troubleshooting-page", "debug"},
+    {"control-panel.settings.enable-application-profile-page", "app"},
+    {"control-panel.settings.override-nview-capable", "nview"},
+    {"control-panel.settings.enable-overlay-control-in-span-mode", "ovl"},
+    {"control-panel.settings.enable-thermal-settings-page", ""},
+    {"control-panel.settings.enable-heat-indicator-warning", ""},
+    {"control-panel.settings.display-core-temperature-in-system-tray-area", ""},
+    {"control-panel.settings.enable-direct3d-refreh-rate-page", "refresh"},
+};
+
+constexpr std::string_view kResolutions[] = {"640x480",  "800x600",   "1024x768",
+                                             "1152x864", "1280x1024", "1600x1200"};
+
+}  // namespace
+
+const std::span<const ControlRow> kControlPanelControls = kSettingsRows;
+const std::span<const ControlRow> kResolutionControls = kResolutionRows;
+
+ControlPanelPages::ControlPanelPages(const Shared& shared)
+    : state_(shared.state),
+      files_(shared.services.files),
+      options_(shared.registry, shared.hardware, shared.LangText(), shared.controls),
+      picture_(shared.controls.Get<controls::PictureBox>("control-panel.settings.picture")),
+      resolutions_(
+          shared.controls.Get<controls::ComboBox>("control-panel.resolution.select-from-list")) {
+  for (const settings::Binding& binding : options_.Bindings()) {
+    dynamic_cast<controls::CheckBox&>(*binding.control).on_change = [this, &binding] {
+      options_.OptionChanged(binding);
+    };
+  }
+  for (const RevealedRow& row : kRevealed) {
+    shared.controls.Get<controls::CheckBox>(row.box).on_hover = [this, &row] {
+      ShowRevealed(row.tag);
+    };
+  }
+}
+
+void ControlPanelPages::ReadOptions() {
+  const core::FlagScope starting(state_.IsStart);
+  options_.ReadControlPanelOptions();
+}
+
+void ControlPanelPages::FillLists() {
+  resolutions_.SetItems({std::begin(kResolutions), std::end(kResolutions)});
+}
+
+void ControlPanelPages::ShowRevealed(std::string_view tag) {
+  picture_.SetVisible(true);
+  if (tag.empty() || tag == shown_tag_) return;
+  shown_tag_ = tag;
+  const std::string file = "DATA/cpl/" + std::string(tag) + ".jpg";
+  if (files_.IsPicture(file)) picture_.ShowFile(file);
+}
+
+}  // namespace kestrune::forms

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "cpl/control_panel.h"
+#include "ui/forms/control_row.h"
+#include "ui/forms/shared.h"
+
+namespace kestrune::forms {
+
+extern const std::span<const ControlRow> kControlPanelControls;
+extern const std::span<const ControlRow> kResolutionControls;
+
+/// The pages of the control-panel group: the switches with the picture of what they reveal, and the
+/// display's resolution.
+class ControlPanelPages {
+ public:
+  explicit ControlPanelPages(const Shared& shared);
+  ControlPanelPages(const ControlPanelPages&) = delete;
+  ControlPanelPages& operator=(const ControlPanelPages&) = delete;
+
+  /// Shows what is stored for the switches.
+  void ReadOptions();
+  /// Fills the list of resolutions to choose quickly from.
+  void FillLists();
+
+ private:
+  void ShowRevealed(std::string_view tag);
+
+  core::ProgramState& state_;
+  platform::FilesApi& files_;
+  cpl::ControlPanelOptions options_;
+  controls::PictureBox& picture_;
+  controls::ComboBox& resolutions_;
+  std::string_view shown_tag_;
+};
+
+}  // namespace kestrune::forms

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/forms/form.h"
+#include "ui/forms/shared.h"
+
+namespace kestrune::forms {
+
+inline constexpr int kTopicCount = 15;
+
+/// Form5: a panel for each topic, of which one is shown. Its texts are the same in every language.
+extern const WindowRow kHelpWindow;
+
+/// The help window, which explains the setting under the mouse.
+class HelpWindow {
+ public:
+  explicit HelpWindow(const Shared& shared);
+  HelpWindow(const HelpWindow&) = delete;
+  HelpWindow& operator=(const HelpWindow&) = delete;
+
+  /// Sees to the window's own close box.
+  void TakeCloseBox();
+  /// Lets a mouse over a form's controls show the topics that their rows name.
+  void Connect(const Form& form);
+  /// Shows a topic, 0 to 14, beside the main window, unless it is the one shown last or the help
+  /// system is off.
+  void ShowHelpTopic(int topic);
+  /// Lets the topic shown last be shown again.
+  void ForgetTopic();
+  void Close();
+
+ private:
+  core::ProgramState& state_;
+  const controls::ControlSet& controls_;
+  Windows& windows_;
+  controls::Window& window_;
+  const controls::Window& main_;
+};
+
+}  // namespace kestrune::forms

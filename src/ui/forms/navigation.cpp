@@ -1,0 +1,38 @@
+#include "ui/forms/navigation.h"
+
+namespace kestrune::forms {
+
+Navigation::Navigation(const MainForm& form, const Shared& shared, PageGroups& pages)
+    : form_(form),
+      state_(shared.state),
+      pages_(pages),
+      bar_(form.Get<controls::Slider>("main.group-scroll-bar")) {
+  bar_.on_change = [this] { GroupScrolled(); };
+}
+
+void Navigation::ShowPage() {
+  for (int page = 0; page < kPageCount; ++page) {
+    form_.Page(page).SetVisible(page == state_.ActivePage);
+  }
+  if (!IsPage(state_.ActivePage)) return;
+  const PageRow& row = kPages[static_cast<std::size_t>(state_.ActivePage)];
+  if (row.shown != nullptr) row.shown(pages_);
+  if (row.group != Group::kNone) {
+    bar_.SetRange(1, SizeOf(row.group));
+    bar_.Show(row.place);
+  }
+  bar_.SetVisible(row.group != Group::kNone);
+}
+
+void Navigation::GroupScrolled() {
+  const Group group = kPages[static_cast<std::size_t>(state_.ActivePage)].group;
+  for (int page = 0; page < kPageCount; ++page) {
+    const PageRow& row = kPages[static_cast<std::size_t>(page)];
+    if (row.group != group || row.place != bar_.Value()) continue;
+    state_.ActivePage = page;
+    ShowPage();
+    return;
+  }
+}
+
+}  // namespace kestrune::forms

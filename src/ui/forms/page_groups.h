@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ui/forms/control_panel_pages.h"
+#include "ui/forms/direct3d_pages.h"
+#include "ui/forms/driver_settings.h"
+#include "ui/forms/information_pages.h"
+#include "ui/forms/opengl_pages.h"
+#include "ui/forms/overclocking_page.h"
+
+namespace kestrune::forms {
+
+/// The pages' own logic, a part for each group of pages that has some. All of it works on shared
+/// state that outlives it.
+struct PageGroups {
+  explicit PageGroups(const Shared& shared)
+      : driver(shared),
+        direct3d(shared, driver),
+        opengl(shared, driver, direct3d),
+        control_panel(shared),
+        overclocking(shared) {}
+
+  DriverSettings driver;
+  Direct3DPages direct3d;
+  OpenGLPages opengl;
+  ControlPanelPages control_panel;
+  OverclockingPage overclocking;
+};
+
+}  // namespace kestrune::forms

@@ -1,0 +1,68 @@
+#include "ui/forms/toolbar.h"
+
+#include <algorithm>
+
+#include "core/outcome.h"
+#include "ui/forms/windows.h"
+
+namespace kestrune::forms {
+
+namespace {
+
+int PageOfKey(std::string_view key) {
+  const auto found = std::find_if(kPages.begin(), kPages.end(),
+                                  [key](const PageRow& page) { return page.key == key; });
+  return static_cast<int>(found - kPages.begin());
+}
+
+}  // namespace
+
+void Toolbar::Connect(const Form& form) {
+  for (const ControlRow& row : form.Rows()) {
+    if (row.action.kind == Action::Kind::kNone) continue;
+    form.Get<controls::Control>(row.id).on_click = [this, &row] {
+      row.kind == Kind::kKey ? PressKey(row) : Perform(row);
+    };
+  }
+}
+
+void Toolbar::GoToPage(int page) {
+  help_.Close();
+  state_.ActivePage = page;
+  navigation_.ShowPage();
+}
+
+void Toolbar::PressKey(const ControlRow& row) {
+  help_.Close();
+  Perform(row);
+  navigation_.ShowPage();
+}
+
+void Toolbar::Perform(const ControlRow& row) {
+  const std::string_view target = row.action.target;
+  switch (row.action.kind) {
+    case Action::Kind::kShowPage:
+      state_.ActivePage = PageIndex(target);
+      break;
+    case Action::Kind::kShowOwnPage:
+      state_.ActivePage = PageOfKey(row.id);
+      break;
+    case Action::Kind::kRunCommand:
+      core::Ignore(shell_.StartCommand(target, platform::WindowState::kMinimised));
+      break;
+    case Action::Kind::kOpenControlPanelItem:
+      core::Ignore(shell_.OpenControlPanelItem(target));
+      break;
+    case Action::Kind::kOpenWebPage:
+      core::Ignore(shell_.OpenWebPage(target));
+      break;
+    case Action::Kind::kOpenWindow:
+      windows_.Open(target);
+      break;
+    case Action::Kind::kNone:
+    case Action::Kind::kNothing:
+      break;
+  }
+}
+
+}  // namespace kestrune::forms

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui/forms/help_window.h"
+#include "ui/forms/navigation.h"
+
+namespace kestrune::forms {
+
+/// Does what rows say that a click does: on keys of the toolbar and its menus, which close the help
+/// window first and show the active page last, and on other controls, which do nothing else.
+class Toolbar {
+ public:
+  Toolbar(const Shared& shared, Navigation& navigation, HelpWindow& help)
+      : state_(shared.state),
+        shell_(shared.services.shell),
+        windows_(shared.windows),
+        navigation_(navigation),
+        help_(help) {}
+  Toolbar(const Toolbar&) = delete;
+  Toolbar& operator=(const Toolbar&) = delete;
+
+  /// Gives a form's controls the actions of their rows.
+  void Connect(const Form& form);
+  /// Goes to a page as its menu item does.
+  void GoToPage(int page);
+
+ private:
+  void PressKey(const ControlRow& row);
+  void Perform(const ControlRow& row);
+
+  core::ProgramState& state_;
+  platform::ShellApi& shell_;
+  Windows& windows_;
+  Navigation& navigation_;
+  HelpWindow& help_;
+};
+
+}  // namespace kestrune::forms

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "lang/language.h"
+#include "ui/forms/form.h"
+
+namespace kestrune::forms {
+
+/// Opens and closes the program's windows. Opening doesn't hold anything up: a modal window takes
+/// the acts from all others for as long as it is open, whoever owns it.
+class Windows {
+ public:
+  explicit Windows(const lang::LangTable& lang_text) : LangText(lang_text) {}
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
+
+  /// Makes a form's window known. The form must outlive this.
+  void Add(const Form& form);
+  /// What a window does when it is loaded, from its design state.
+  void OnLoad(const controls::Window& window, std::function<void()> load);
+
+  /// Puts a window in its design state and runs its load procedure, without showing it.
+  void Load(controls::Window& window);
+  /// Shows a loaded window.
+  void Show(controls::Window& window);
+  /// Loads and shows a window; one that is open comes to the front.
+  void Open(controls::Window& window);
+  void Open(std::string_view id);
+  /// Closes a window and those that it owns; the main window closes all.
+  void Close(controls::Window& window);
+
+  /// The modal window that was opened last and is still open; null without one.
+  const controls::Window* Modal() const { return modal_.empty() ? nullptr : modal_.back(); }
+  /// The row of a window; null for an unknown id.
+  const WindowRow* RowOf(std::string_view id) const;
+
+ private:
+  struct Entry {
+    const Form* form;
+    std::function<void()> load;
+  };
+
+  const Entry& EntryOf(const controls::Window& window) const;
+
+  const lang::LangTable& LangText;
+  std::map<std::string_view, Entry> entries_;  ///< by id
+  std::vector<const controls::Window*> modal_;
+};
+
+}  // namespace kestrune::forms
