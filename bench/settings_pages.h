@@ -7,7 +7,7 @@
 #include "detect/adapter.h"
 #include "lang/language.h"
 #include "ogl/ogldet.h"
-#include "platform/portable/portable_machine.h"
+#include "platform/machine.h"
 #include "ui/forms/controls_of.h"
 
 namespace kestrune::bench {
@@ -24,8 +24,8 @@ class SilentDialog : public platform::DialogApi {
 /// The pages of both catalogues with their readers, over any registry of a machine.
 class SettingsPages {
  public:
-  SettingsPages(platform::portable::PortableMachine& machine, platform::RegistryApi& registry)
-      : machine_(machine), registry_(registry) {
+  SettingsPages(platform::Machine& machine, platform::RegistryApi& registry)
+      : services_(machine.ServicesFor(dialog_)), registry_(registry) {
     language_.LoadLanguage();
     versions_.DetectOSAndDirectX();
     adapter_.FindVideoKey();
@@ -37,16 +37,16 @@ class SettingsPages {
   void Read() { opengl_reader_.ReadOpenGLSettings(); }
 
  private:
-  platform::portable::PortableMachine& machine_;
-  core::basRegistry registry_;
   SilentDialog dialog_;
+  const platform::Services services_;
+  core::basRegistry registry_;
   forms::MainForm main_;
   const d3d::Direct3DControls direct3d_controls_ = forms::Direct3DControlsOf(main_);
   const ogl::OpenGLControls opengl_controls_ = forms::OpenGLControlsOf(main_);
-  lang::Language language_{registry_, machine_.Files(), dialog_};
-  detect::Versions versions_{machine_.Version(), dialog_, registry_, language_.LangText,
+  lang::Language language_{registry_, services_.files, dialog_};
+  detect::Versions versions_{services_.version, dialog_, registry_, language_.LangText,
                              forms::VersionControlsOf(main_)};
-  detect::Adapter adapter_{machine_.Display(), registry_, versions_.state, language_.LangText,
+  detect::Adapter adapter_{services_.display, registry_, versions_.state, language_.LangText,
                            &main_.Get<controls::Label>("info.basic.vga-device")};
   core::ProgramState state_;
   d3d::Direct3DState direct3d_state_;
