@@ -1,27 +1,27 @@
 #include "registry.h"
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <utility>
 
 #include "bare_store.h"
 #include "failure.h"
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
 #include "platform/portable/portable_machine.h"
+#include "platform/registry_wrapper.h"
 #include "settings_pages.h"
 
 namespace kestrune::bench {
 
 namespace {
 
+using platform::FoldCase;
 using platform::RegHandle;
 using platform::RegistryApi;
+using platform::RegistryWrapper;
 using platform::RegRoot;
 using platform::RegStatus;
 using platform::RegType;
-using platform::portable::FoldCase;
-using platform::portable::PortableMachine;
 
 constexpr double kReadLimit = 1.3;
 constexpr double kWriteLimit = 1.4;
@@ -40,55 +40,33 @@ struct Address {
   bool operator==(const Address&) const = default;
 
   std::string Key() const {
-    return (root == RegRoot::kCurrentUser ? "HKEY_CURRENT_USER\\" : "HKEY_LOCAL_MACHINE\\") +
-           FoldCase(path);
+    return std::string(platform::LongRootName(root)) + "\\" + FoldCase(path);
   }
 };
 
 /// Notes which values are asked for, each once.
-class NotingRegistry : public RegistryApi {
+class NotingRegistry : public RegistryWrapper {
  public:
-  explicit NotingRegistry(RegistryApi& inner) : inner_(inner) {}
+  using RegistryWrapper::RegistryWrapper;
 
   RegStatus OpenKey(RegRoot root, std::string_view path, RegHandle& key) override {
     // A key that is missing is made, so that the values in it are asked for.
-    const RegStatus status = inner_.CreateKey(root, path, key);
-    if (status == RegStatus::kSuccess) open_[key] = {root, std::string(path), {}};
-    return status;
-  }
-  RegStatus CreateKey(RegRoot root, std::string_view path, RegHandle& key) override {
-    return inner_.CreateKey(root, path, key);
+    return CreateKey(root, path, key);
   }
   RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type, std::size_t& size,
                        std::span<std::byte> data) override {
-    Address address = open_[key];
-    address.name = name;
+    const platform::KeyAddress& open = Opened(key)->address;
+    const Address address{open.root, open.path, std::string(name)};
     if (std::find(asked.begin(), asked.end(), address) == asked.end()) asked.push_back(address);
-    return inner_.QueryValue(key, name, type, size, data);
+    return RegistryWrapper::QueryValue(key, name, type, size, data);
   }
-  RegStatus SetValue(RegHandle key, std::string_view name, RegType type,
-                     std::span<const std::byte> data) override {
-    return inner_.SetValue(key, name, type, data);
-  }
-  RegStatus DeleteValue(RegHandle key, std::string_view name) override {
-    return inner_.DeleteValue(key, name);
-  }
-  void CloseKey(RegHandle key) override { inner_.CloseKey(key); }
-  void BeginReads() override { inner_.BeginReads(); }
-  void EndReads() override { inner_.EndReads(); }
 
   std::vector<Address> asked;
-
- private:
-  RegistryApi& inner_;
-  std::map<RegHandle, Address> open_;
 };
 
-std::unique_ptr<PortableMachine> OpenMachine(const std::string& folder) {
-  platform::portable::MachineOptions options;
-  options.machine = "winxp-geforce7800";
-  options.store = folder + "/registry.store";
-  auto machine = PortableMachine::Open(options);
+std::unique_ptr<platform::Machine> OpenMachine(const std::string& store) {
+  auto machine =
+      platform::portable::PortableMachines().Open({.store = store, .machine = "winxp-geforce7800"});
   if (!machine.Ok()) GiveUp(machine.Reason());
   return std::move(machine).Value();
 }
@@ -162,9 +140,11 @@ Row CompareCatalogues(const std::string& what, SettingsPages& pages, BareStore& 
 }  // namespace
 
 std::vector<Row> CompareRegistry(const std::string& folder, int rounds) {
-  const std::unique_ptr<PortableMachine> machine = OpenMachine(folder);
-  RegistryApi& registry = machine->Registry();
-  BareStore bare(machine->RegistryStore().Path());
+  const std::string store = folder + "/registry.store";
+  const std::unique_ptr<platform::Machine> machine = OpenMachine(store);
+  SilentDialog dialog;
+  RegistryApi& registry = machine->ServicesFor(dialog).registry;
+  BareStore bare(store);
 
   NotingRegistry noting(registry);
   SettingsPages noted(*machine, noting);

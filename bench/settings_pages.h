@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/portable/portable_machine.h"
+#include "platform/machine.h"
 #include "ui/forms/driver_settings.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/windows.h"
@@ -22,19 +22,18 @@ class SilentDialog : public platform::DialogApi {
 /// The pages of both interfaces with their readers, over any registry of a machine.
 class SettingsPages {
  public:
-  SettingsPages(platform::portable::PortableMachine& machine, platform::RegistryApi& registry)
-      : machine_(machine), registry_(registry) {
+  SettingsPages(platform::Machine& machine, platform::RegistryApi& registry)
+      : services_(machine.ServicesFor(dialog_)), registry_(registry) {
     main_.AddTo(controls_);
     language_.LoadLanguage();
-    versions_.emplace(machine_.Version(), dialog_, registry_, language_.LangText, controls_);
-    adapter_.emplace(machine_.Display(), registry_, versions_->state, language_.LangText,
-                     controls_);
+    versions_.emplace(services_.version, dialog_, registry_, language_.LangText, controls_);
+    adapter_.emplace(services_.display, registry_, versions_->state, language_.LangText, controls_);
     versions_->DetectOSAndDirectX();
     adapter_->FindVideoKey();
     versions_->ReadDriverVersion();
     adapter_->FindDisplayAdapter();
     hardware_.emplace(settings::Hardware{versions_->state, adapter_->state, state_});
-    cards_.emplace(machine_.Files(), adapter_->state);
+    cards_.emplace(services_.files, adapter_->state);
     shared_.emplace(forms::Shared{services_, state_, registry_, timers_, controls_, windows_,
                                   language_, versions_->state, adapter_->state, *cards_,
                                   *hardware_});
@@ -45,16 +44,14 @@ class SettingsPages {
   void Read() { driver_->ReadOpenGL(); }
 
  private:
-  platform::portable::PortableMachine& machine_;
-  core::basRegistry registry_;
   SilentDialog dialog_;
-  const platform::Services services_{machine_.Registry(), machine_.Display(), machine_.Version(),
-                                     machine_.Shell(),    machine_.Files(),   dialog_};
+  const platform::Services services_;
+  core::basRegistry registry_;
   core::ProgramState state_;
   controls::Scheduler timers_;
   forms::MainForm main_;
   controls::ControlSet controls_;
-  lang::Language language_{registry_, machine_.Files(), dialog_};
+  lang::Language language_{registry_, services_.files, dialog_};
   forms::Windows windows_{language_.LangText};
   std::optional<detect::Versions> versions_;
   std::optional<detect::Adapter> adapter_;

@@ -17,14 +17,15 @@ int main(int argument_count, char** arguments) {
   QApplication::setApplicationName("kestrune");
   QGuiApplication::setDesktopFileName("kestrune");
   const QApplication application(argument_count, arguments);
-  auto opened = platform::portable::PortableMachine::Open({});
+  platform::portable::PortableMachines machines;
+  const auto opened = machines.Open({});
   if (!opened) return 3;
-  platform::portable::PortableMachine& machine = *opened.Value();
+  platform::Machine& machine = *opened.Value();
   qt::QtDialog dialog;
-  forms::Program program({machine.Registry(), machine.Display(), machine.Version(), machine.Shell(),
-                          machine.Files(), dialog});
+  const platform::Services services = machine.ServicesFor(dialog);
+  forms::Program program(services);
   if (!program.Start("")) return 3;
-  const qt::Face face(program, machine.Files(), [&machine] { return machine.FirstFailure(); });
+  const qt::Face face(program, services.files, [&machine] { return machine.FirstFailure(); });
   const bench::EndAfterFirstPaint end(*face.ViewOf(program.Main()));
   return QApplication::exec();
 }

@@ -24,9 +24,8 @@ constexpr OsVersion kSystems[] = {{4, 10, 1}, {4, 0, 2}, {5, 0, 2}, {5, 1, 2}, {
 /// Logs each value that is asked for.
 class LoggingRegistry : public TracingRegistry {
  public:
-  LoggingRegistry(RegistryApi& inner, std::vector<std::string>& log)
-      : TracingRegistry(inner, [&log](const std::string& line) { log.push_back(line); }),
-        log_(log) {}
+  LoggingRegistry(RegistryApi& inner, Trace& trace, std::vector<std::string>& log)
+      : TracingRegistry(inner, trace), log_(log) {}
 
   RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type, std::size_t& size,
                        std::span<std::byte> data) override {
@@ -76,12 +75,13 @@ FakeMachine::FakeMachine(MachineKind setup)
       driver_version(DriverText(setup.driver)),
       direct3d_version("5.3.2600.2180"),
       setup_(std::move(setup)),
-      shell_(*this, [this](const std::string& line) { log.push_back(line); }) {
+      trace_([this](TraceKind, const std::string& line) { log.push_back(line); }),
+      shell_(*this, trace_) {
   auto store = portable::Store::Open({.path = folder_ / "a.store", .dry_run = true});
   if (!store.Ok()) throw std::runtime_error(store.Reason());
   store_ = std::move(store).Value();
   registry_ = std::make_unique<portable::StoreRegistry>(*store_);
-  tracing_ = std::make_unique<LoggingRegistry>(*registry_, log);
+  tracing_ = std::make_unique<LoggingRegistry>(*registry_, trace_, log);
   files_ = std::make_unique<LoggingFiles>(
       std::vector<std::string>{folder_ / "own", folder_ / "shipped"}, log);
   std::filesystem::create_directory_symlink(KESTRUNE_DATA_FOLDER, folder_ / "shipped");

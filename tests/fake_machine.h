@@ -95,6 +95,7 @@ class FakeMachine : public platform::DisplayApi,
   platform::TempFolder folder_;
   std::unique_ptr<platform::portable::Store> store_;
   std::unique_ptr<platform::portable::StoreRegistry> registry_;
+  platform::Trace trace_;
   std::unique_ptr<platform::TracingRegistry> tracing_;
   platform::TracingShell shell_;
   std::unique_ptr<platform::portable::FolderFiles> files_;

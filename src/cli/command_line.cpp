@@ -32,12 +32,13 @@ struct Request {
 /// Builds the commands over one request and runs the chosen one.
 class CommandLine {
  public:
-  explicit CommandLine(const Streams& streams) : streams_(streams) {
+  CommandLine(platform::MachineSource& machines, const Streams& streams)
+      : machines_(machines), streams_(streams) {
     AddGlobalOptions();
     AddProgramCommands();
     AddClockCommands();
     AddRegistryCommands();
-    AddMachineCommand();
+    if (machines_.HasDescriptions()) AddMachineCommand();
   }
 
   int Run(std::vector<std::string> arguments);
@@ -63,6 +64,7 @@ class CommandLine {
   Status Languages(forms::Program& program) const;
   Status Machines() const;
 
+  platform::MachineSource& machines_;
   Streams streams_;
   Request request_;
   CLI::App app_{"Kestrune in a terminal: shows and changes the display driver's settings."};
@@ -77,10 +79,14 @@ CLI::App* CommandLine::Add(CLI::App& parent, const std::string& name, const std:
 }
 
 void CommandLine::AddGlobalOptions() {
-  platform::portable::MachineOptions& machine = request_.options.machine;
-  app_.add_option("--store", machine.store, "The registry's file")->type_name("FILE");
-  app_.add_option("--machine", machine.machine, "The machine's description: its name or its file")
-      ->type_name("NAME|FILE");
+  platform::MachineOptions& machine = request_.options.machine;
+  if (machines_.HasStores()) {
+    app_.add_option("--store", machine.store, "The registry's file")->type_name("FILE");
+  }
+  if (machines_.HasDescriptions()) {
+    app_.add_option("--machine", machine.machine, "The machine's description: its name or its file")
+        ->type_name("NAME|FILE");
+  }
   app_.add_option("--program-folder", machine.program_folder, "The only folder for program files")
       ->type_name("DIR");
   app_.add_flag("--json", request_.options.json, "Print one JSON document");
@@ -99,7 +105,7 @@ void CommandLine::AddGlobalOptions() {
 }
 
 Status CommandLine::InSession(const std::function<Status(Session&)>& work) {
-  const std::unique_ptr<Session> session = Session::Open(request_.options, streams_);
+  const std::unique_ptr<Session> session = Session::Open(machines_, request_.options, streams_);
   if (!session) return Status::kImpossible;
   return session->Finish(work(*session));
 }
@@ -232,9 +238,7 @@ void CommandLine::AddRegistryCommands() {
     return ListRegistry(session, request_.options, streams_, request_.key);
   }));
   add("import", "Make the changes of a registry file",
-      [this](Session& session) {
-        return ImportRegistry(session, request_.options, streams_, request_.name);
-      })
+      [this](Session& session) { return ImportRegistry(session, streams_, request_.name); })
       ->add_option("FILE", request_.name)
       ->required();
 }
@@ -283,28 +287,22 @@ Status CommandLine::Languages(forms::Program& program) const {
 }
 
 Status CommandLine::Machines() const {
-  namespace portable = platform::portable;
-  const portable::MachinePlaces places = portable::FindPlaces(request_.options.machine);
-  std::vector<portable::AvailableMachine> machines =
-      portable::ListMachineDescriptions(places.machine_folders);
-  if (!request_.name.empty()) {
-    const auto file = portable::FindMachineDescription(request_.name, places.machine_folders);
-    if (!file.Ok()) {
-      streams_.Complain(file.Reason());
+  std::vector<platform::MachineInfo> machines;
+  if (request_.name.empty()) {
+    machines = machines_.List(request_.options.machine);
+  } else {
+    const auto described = machines_.Describe(request_.name, request_.options.machine);
+    if (!described.Ok()) {
+      streams_.Complain(described.Reason());
       return Status::kImpossible;
     }
-    const auto loaded = portable::LoadMachineDescription(file.Value());
-    if (!loaded.Ok()) {
-      streams_.Complain(loaded.Reason());
-      return Status::kImpossible;
-    }
-    for (const std::string& warning : loaded.Value().warnings) {
+    for (const std::string& warning : described.Value().warnings) {
       streams_.err << "warning: " << warning << '\n';
     }
-    machines = {{request_.name, file.Value(), loaded.Value().description.title}};
+    machines = {described.Value()};
   }
   Json json = Json::array();
-  for (const portable::AvailableMachine& machine : machines) {
+  for (const platform::MachineInfo& machine : machines) {
     json.push_back({{"name", machine.name}, {"title", machine.title}, {"file", machine.file}});
     if (!request_.options.json) {
       streams_.out << machine.name << '\t' << OneLine(machine.title) << '\t' << machine.file
@@ -334,8 +332,9 @@ int CommandLine::Run(std::vector<std::string> arguments) {
 
 }  // namespace
 
-int RunCommandLine(const std::vector<std::string>& arguments, const Streams& streams) {
-  return CommandLine(streams).Run(arguments);
+int RunCommandLine(const std::vector<std::string>& arguments, platform::MachineSource& machines,
+                   const Streams& streams) {
+  return CommandLine(machines, streams).Run(arguments);
 }
 
 }  // namespace kestrune::cli

@@ -1,9 +1,9 @@
 #include "cli/control_text.h"
 
 #include <algorithm>
-#include <charconv>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/parse_number.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
@@ -64,12 +64,9 @@ class JsonMaker : public ControlVisitor {
 
 /// The number that a value names as "#n"; nothing for a value of another form.
 std::optional<int> ParsePosition(const std::string& value) {
-  int position = -1;
-  const char* end_of_text = value.data() + value.size();
   if (!value.starts_with('#')) return std::nullopt;
-  const auto [end, error] = std::from_chars(value.data() + 1, end_of_text, position);
-  if (error != std::errc() || end != end_of_text || position < 0) return std::nullopt;
-  return position;
+  const auto position = platform::ParseWhole<int>(std::string_view(value).substr(1));
+  return position && *position >= 0 ? position : std::nullopt;
 }
 
 /// The position in a list that a value names: an item, exactly or without regard to case, or "#n",
@@ -82,7 +79,7 @@ int FindItem(const std::vector<std::string>& items, const std::string& value) {
     return exact;
   }
   const int folded = index(std::find_if(items.begin(), items.end(), [&value](const auto& item) {
-    return platform::portable::SameWithoutCase(item, value);
+    return platform::SameWithoutCase(item, value);
   }));
   return folded >= 0 ? folded : ParsePosition(value).value_or(-1);
 }
@@ -124,10 +121,8 @@ class ValueUser : public ControlVisitor {
   }
   void Visit(controls::TextBox& box) override { box.Type(value_); }
   void Visit(controls::Slider& slider) override {
-    int number = 0;
-    const auto [end, error] = std::from_chars(value_.data(), value_.data() + value_.size(), number);
-    const bool is_number = error == std::errc() && end == value_.data() + value_.size();
-    if (!is_number || value_.empty() || !slider.Use(number)) {
+    const auto number = platform::ParseWhole<int>(value_);
+    if (!number || !slider.Use(*number)) {
       Refuse("it takes a number from " + std::to_string(slider.Minimum()) + " to " +
              std::to_string(slider.Maximum()));
     }

@@ -1,11 +1,8 @@
 #include "cli/registry_commands.h"
 
-#include <fstream>
-#include <sstream>
-
 #include "cli/control_text.h"
 #include "platform/open_key.h"
-#include "platform/portable/reg_file.h"
+#include "platform/reg_file.h"
 #include "platform/value_text.h"
 
 namespace kestrune::cli {
@@ -104,20 +101,26 @@ Status ListRegistry(Session& session, const GlobalOptions& options, const Stream
                     const std::string& key) {
   const std::optional<KeyAddress> address = KeyOf(key, streams);
   if (!address) return Status::kWrongUsage;
-  platform::portable::Store& store = session.Machine().RegistryStore();
-  const auto keys = store.Subkeys(address->root, address->path);
-  const auto values = store.Values(address->root, address->path);
-  if (!keys || !values) return Status::kNo;
+  RegistryApi& registry = session.Registry();
+  const platform::ReadScope view(registry);
+  OpenKey opened(registry);
+  std::vector<std::string> keys;
+  std::vector<platform::StoredValue> values;
+  if (opened.Open(address->root, address->path) != RegStatus::kSuccess ||
+      registry.ListKeys(opened.Handle(), keys) != RegStatus::kSuccess ||
+      registry.ListValues(opened.Handle(), values) != RegStatus::kSuccess) {
+    return Status::kNo;
+  }
   Json json = Json::array();
-  for (const std::string& name : *keys) {
+  for (const std::string& name : keys) {
     if (options.json) {
       json.push_back({{"key", name}});
     } else {
       streams.out << name << "\\\n";
     }
   }
-  for (const platform::portable::StoredValue& value : *values) {
-    const std::string name = value.name.empty() ? "@" : value.name;
+  for (const platform::StoredValue& value : values) {
+    const std::string name = platform::ValueNameText(value.name);
     if (options.json) {
       json.push_back({{"name", name},
                       {"type", platform::TypeText(value.type)},
@@ -130,33 +133,23 @@ Status ListRegistry(Session& session, const GlobalOptions& options, const Stream
   return Status::kDone;
 }
 
-Status ImportRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                      const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream content;
-  if (!stream || !(content << stream.rdbuf())) {
+Status ImportRegistry(Session& session, const Streams& streams, const std::string& file) {
+  const auto bytes = session.Files().ReadAnyFile(file);
+  if (!bytes.Ok()) {
     streams.Complain(file + " can't be read.");
     return Status::kImpossible;
   }
-  platform::portable::CodePages code_pages(session.Machine().Description().code_page);
-  const auto changes = platform::portable::ParseRegFile(content.str(), code_pages);
+  const auto changes = platform::ParseRegFile(bytes.Value(), session.Files());
   if (!changes.Ok()) {
     streams.Complain(file + ":" + std::to_string(changes.Reason().line) + ": " +
                      changes.Reason().reason);
     return Status::kImpossible;
   }
-  // Lines of changes that are taken back again must not be printed.
-  std::vector<std::string> trace;
-  platform::TracingRegistry registry(session.Machine().Registry(),
-                                     [&trace](const auto& line) { trace.push_back(line); });
-  if (const auto fault = platform::portable::ApplyRegFile(
-          changes.Value(), session.Machine().RegistryStore(), registry)) {
-    streams.Complain(*fault);
-    return Status::kImpossible;
-  }
-  if (options.trace == Trace::kOff) return Status::kDone;
-  for (const std::string& line : trace) streams.err << line << '\n';
-  return Status::kDone;
+  const auto applied = platform::ApplyRegFile(changes.Value(), session.Registry());
+  if (applied) return Status::kDone;
+  // What the machine remembers is told at the end.
+  if (!session.HasFailed()) streams.Complain(applied.Reason());
+  return Status::kImpossible;
 }
 
 }  // namespace kestrune::cli

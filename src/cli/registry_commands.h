@@ -5,7 +5,7 @@
 
 #include "cli/session.h"
 
-/// The commands that work on the store itself, without the driver's rules.
+/// The commands that work on the registry itself, without the driver's rules.
 namespace kestrune::cli {
 
 /// Prints one value; an empty name, or "@", is the key's default value.
@@ -20,7 +20,6 @@ Status DeleteRegistry(Session& session, const Streams& streams, const std::strin
 Status ListRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
                     const std::string& key);
 /// Makes all changes of a registry file, or none.
-Status ImportRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                      const std::string& file);
+Status ImportRegistry(Session& session, const Streams& streams, const std::string& file);
 
 }  // namespace kestrune::cli

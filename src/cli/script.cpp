@@ -1,8 +1,8 @@
 #include "cli/script.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "platform/parse_number.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
@@ -52,9 +52,9 @@ std::optional<Step> ParseStep(const std::string& text) {
               .id = std::string(WithoutBlanks(std::string_view(text).substr(prefix.text.size())))};
     if (step.id.empty()) return std::nullopt;
     if (prefix.kind != Step::Kind::kWait) return step;
-    const char* end_of_text = step.id.data() + step.id.size();
-    const auto [end, error] = std::from_chars(step.id.data(), end_of_text, step.wait_ms);
-    if (error != std::errc() || end != end_of_text || step.wait_ms < 0) return std::nullopt;
+    const auto wait_ms = platform::ParseWhole<long long>(step.id);
+    if (!wait_ms || *wait_ms < 0) return std::nullopt;
+    step.wait_ms = *wait_ms;
     return step;
   }
   const std::size_t equals = text.find('=');

@@ -4,8 +4,9 @@
 
 namespace kestrune::cli {
 
-std::unique_ptr<Session> Session::Open(const GlobalOptions& options, const Streams& streams) {
-  auto machine = platform::portable::PortableMachine::Open(options.machine);
+std::unique_ptr<Session> Session::Open(platform::MachineSource& machines,
+                                       const GlobalOptions& options, const Streams& streams) {
+  auto machine = machines.Open(options.machine);
   if (!machine.Ok()) {
     streams.Complain(machine.Reason());
     return nullptr;
@@ -16,35 +17,42 @@ std::unique_ptr<Session> Session::Open(const GlobalOptions& options, const Strea
   return std::unique_ptr<Session>(new Session(std::move(machine).Value(), options, streams));
 }
 
-Session::Session(std::unique_ptr<platform::portable::PortableMachine> machine,
-                 const GlobalOptions& options, const Streams& streams)
+Session::Session(std::unique_ptr<platform::Machine> machine, const GlobalOptions& options,
+                 const Streams& streams)
     : options_(options),
       streams_(streams),
       machine_(std::move(machine)),
+      dialog_(streams.err, options.answer),
       tracing_(options.trace != Trace::kOff),
-      registry_(machine_->Registry(),
-                [this](const std::string& line) {
-                  if (tracing_) streams_.err << line << '\n';
-                }),
-      shell_(machine_->Shell(),
-             [this](const std::string& line) {
-               // A dry run starts nothing, so it always says what it would have started.
-               if (tracing_ || options_.machine.dry_run) streams_.err << line << '\n';
-             }),
-      dialog_(streams.err, options.answer) {}
+      trace_([this](platform::TraceKind kind, const std::string& line) { Print(kind, line); }),
+      services_(Traced(machine_->ServicesFor(dialog_))) {}
+
+/// The services behind the wrappers that this run needs.
+platform::Services Session::Traced(const platform::Services& services) {
+  if (tracing_) registry_.emplace(services.registry, trace_);
+  if (tracing_ || options_.machine.dry_run) shell_.emplace(services.shell, trace_);
+  return {registry_ ? *registry_ : services.registry, services.display, services.version,
+          shell_ ? *shell_ : services.shell,          services.files,   services.dialog};
+}
+
+void Session::Print(platform::TraceKind kind, const std::string& line) const {
+  // A dry run starts nothing, so it always says what it would have started.
+  const bool is_always_told = options_.machine.dry_run && kind == platform::TraceKind::kCommand;
+  if (tracing_ || is_always_told) streams_.err << line << '\n';
+}
 
 forms::Program& Session::Start() {
   tracing_ = options_.trace == Trace::kAll;
-  program_ = std::make_unique<forms::Program>(platform::Services{
-      registry_, machine_->Display(), machine_->Version(), shell_, machine_->Files(), dialog_});
+  program_ = std::make_unique<forms::Program>(services_);
   core::Ignore(program_->Start(""));
   tracing_ = options_.trace != Trace::kOff;
   return *program_;
 }
 
 Status Session::Finish(Status status) {
-  if (!machine_->FirstFailure()) return status;
-  streams_.Complain(*machine_->FirstFailure());
+  const std::optional<std::string> failure = machine_->FirstFailure();
+  if (!failure) return status;
+  streams_.Complain(*failure);
   return Status::kImpossible;
 }
 

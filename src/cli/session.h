@@ -1,12 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
 #include "cli/status.h"
 #include "cli/terminal_dialog.h"
-#include "platform/portable/portable_machine.h"
+#include "platform/machine.h"
 #include "platform/tracing.h"
 #include "ui/forms/program.h"
 
@@ -16,7 +17,7 @@ enum class Trace { kOff, kAfterStart, kAll };
 
 /// What stands before the command.
 struct GlobalOptions {
-  platform::portable::MachineOptions machine;
+  platform::MachineOptions machine;
   bool json = false;
   Trace trace = Trace::kOff;
   platform::Answer answer = platform::Answer::kOk;
@@ -31,31 +32,38 @@ struct Streams {
   void Complain(const std::string& sentence) const { err << "kestrunectl: " << sentence << '\n'; }
 };
 
-/// An opened machine with the wrappers that tell what is done to it, and the program when the
-/// command needs it.
+/// An opened machine, with wrappers that tell what is done to it where that is asked for, and the
+/// program when the command needs it.
 class Session {
  public:
   /// Null when the machine can't be opened, after the sentence that says why.
-  static std::unique_ptr<Session> Open(const GlobalOptions& options, const Streams& streams);
+  static std::unique_ptr<Session> Open(platform::MachineSource& machines,
+                                       const GlobalOptions& options, const Streams& streams);
 
   /// Runs the program's whole start-up.
   forms::Program& Start();
-  platform::RegistryApi& Registry() { return registry_; }
-  platform::portable::PortableMachine& Machine() { return *machine_; }
-  /// The run's status: that of the command, unless the store failed meanwhile.
+  platform::RegistryApi& Registry() { return services_.registry; }
+  platform::FilesApi& Files() { return services_.files; }
+  /// The run's status: that of the command, unless something failed that it wasn't told of.
   Status Finish(Status status);
+  bool HasFailed() const { return machine_->FirstFailure().has_value(); }
 
  private:
-  Session(std::unique_ptr<platform::portable::PortableMachine> machine,
-          const GlobalOptions& options, const Streams& streams);
+  Session(std::unique_ptr<platform::Machine> machine, const GlobalOptions& options,
+          const Streams& streams);
+
+  platform::Services Traced(const platform::Services& services);
+  void Print(platform::TraceKind kind, const std::string& line) const;
 
   const GlobalOptions& options_;
   Streams streams_;
-  std::unique_ptr<platform::portable::PortableMachine> machine_;
-  bool tracing_ = false;
-  platform::TracingRegistry registry_;
-  platform::TracingShell shell_;
+  std::unique_ptr<platform::Machine> machine_;
   TerminalDialog dialog_;
+  bool tracing_ = false;
+  platform::Trace trace_;
+  std::optional<platform::TracingRegistry> registry_;
+  std::optional<platform::TracingShell> shell_;
+  platform::Services services_;
   std::unique_ptr<forms::Program> program_;
 };
 

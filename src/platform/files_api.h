@@ -5,13 +5,22 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/result.h"
+
 namespace kestrune::platform {
 
-/// The program folder and its data files.
+/// Text turned into the bytes of a code page. A character that the page lacks became "?" and is
+/// counted as lost.
+struct EncodedText {
+  std::string bytes;
+  int lost = 0;
+};
+
+/// The program folder and its data files, any other file, and the machine's code page.
 ///
-/// Paths are relative to the program folder, with backslashes or slashes and with or without a
-/// leading one ("\DATA\mt.dat"); names are matched without regard to letter case. A path that
-/// leaves the folder ("..") names nothing. The system code page is the machine's.
+/// Paths are relative to the program folder unless told otherwise, with backslashes or slashes and
+/// with or without a leading one ("\DATA\mt.dat"); names are matched without regard to letter
+/// case. A path that leaves the folder ("..") names nothing.
 class FilesApi {
  public:
   virtual ~FilesApi() = default;
@@ -25,11 +34,16 @@ class FilesApi {
   virtual std::optional<std::string> Locate(std::string_view path) = 0;
   /// Whether a file is a picture that a face can show.
   virtual bool IsPicture(std::string_view path) = 0;
+  /// The bytes of any file of the machine, by the path that its own programs use. The reason of a
+  /// failure is what the system says of it.
+  virtual Result<std::string> ReadAnyFile(const std::string& path) = 0;
 
   /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page
   /// doesn't define is kept as a character of its own, so that EncodeText gives it back; a code
   /// page that isn't known counts as the system's.
   virtual std::string DecodeText(std::string_view bytes, int code_page) = 0;
+  /// Turns UTF-8 into single-byte text, as DecodeText turns it back.
+  virtual EncodedText EncodeText(std::string_view text, int code_page) = 0;
 };
 
 }  // namespace kestrune::platform

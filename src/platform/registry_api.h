@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrune::platform {
 
@@ -33,17 +35,29 @@ enum class RegStatus : std::int32_t {
   kReadFault = 30,
   kBadPath = 161,
   kMoreData = 234,
+  kKeyDeleted = 1018,
 };
 
 /// An open key; 0 is no key.
 using RegHandle = std::uint32_t;
 
-/// The registry, as RegOpenKey, RegCreateKey, RegQueryValueEx, RegSetValueEx, RegDeleteValue and
-/// RegCloseKey give it.
+/// A value as the registry keeps it.
+struct StoredValue {
+  std::string name;  ///< as first written; empty for the default value
+  RegType type = RegType::kNone;
+  std::vector<std::byte> data;
+
+  bool operator==(const StoredValue&) const = default;
+};
+
+/// The registry, as RegOpenKey, RegCreateKey, RegQueryValueEx, RegSetValueEx, RegSetValue,
+/// RegDeleteValue, RegDeleteKey, RegEnumKeyEx, RegEnumValue and RegCloseKey give it.
 ///
-/// Paths use backslashes and have no leading one; paths and names are matched without regard to
-/// letter case. Text is UTF-8 on this side of the seam, also the data of kSz values (with its
-/// closing NUL byte where it has one). A call that fails leaves its outputs as they were.
+/// Paths use backslashes and have no leading one (kBadPath); paths and names are matched without
+/// regard to letter case. Text is UTF-8 on this side of the seam, also the data of kSz values (with
+/// its closing NUL byte where it has one). A handle to a key that was deleted since gives
+/// kKeyDeleted. A root holds no values and stays (kAccessDenied). A call that fails leaves its
+/// outputs as they were.
 class RegistryApi {
  public:
   virtual ~RegistryApi() = default;
@@ -62,10 +76,27 @@ class RegistryApi {
   virtual RegStatus DeleteValue(RegHandle key, std::string_view name) = 0;
   virtual void CloseKey(RegHandle key) = 0;
 
+  /// Sets the default value of a key to a text, with its closing NUL, and creates the key where it
+  /// is missing (RegSetValue).
+  virtual RegStatus SetDefaultValue(RegRoot root, std::string_view path, std::string_view text) = 0;
+  /// Deletes a key with its values and all below it.
+  virtual RegStatus DeleteKey(RegRoot root, std::string_view path) = 0;
+  /// The names of the keys below a key, and its values, sorted without regard to case.
+  virtual RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) = 0;
+  virtual RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) = 0;
+
   /// Between these two calls (they nest) reads see the registry as it was at one moment. A change
   /// made meanwhile ends that view. Use ReadScope.
   virtual void BeginReads() = 0;
   virtual void EndReads() = 0;
+
+  /// The changes between these two calls are one: others see all of them or none. A group within
+  /// another is a part of it; when a part is taken back, the whole is. Only a group that could be
+  /// begun is ended, by the same part of the program. kSuccess with `keep` says that the group is
+  /// kept; without `keep` it is taken back, and the keys opened in it answer kInvalidHandle. Use
+  /// ChangeScope.
+  virtual RegStatus BeginChanges() = 0;
+  virtual RegStatus EndChanges(bool keep) = 0;
 };
 
 /// Holds one view of the registry for as long as it lives.
@@ -78,6 +109,34 @@ class ReadScope {
 
  private:
   RegistryApi& registry_;
+};
+
+/// A group of changes for as long as it lives: kept by Commit(), else taken back.
+class ChangeScope {
+ public:
+  explicit ChangeScope(RegistryApi& registry)
+      : registry_(registry),
+        status_(registry.BeginChanges()),
+        open_(Status() == RegStatus::kSuccess) {}
+  ~ChangeScope() {
+    if (open_) registry_.EndChanges(false);
+  }
+  ChangeScope(const ChangeScope&) = delete;
+  ChangeScope& operator=(const ChangeScope&) = delete;
+
+  /// Whether the group could be begun; nothing may be changed on its behalf otherwise.
+  [[nodiscard]] RegStatus Status() const { return status_; }
+  /// Anything but kSuccess: something failed on the way, and nothing of the group is kept.
+  [[nodiscard]] RegStatus Commit() {
+    if (!open_) return status_;
+    open_ = false;
+    return registry_.EndChanges(true);
+  }
+
+ private:
+  RegistryApi& registry_;
+  RegStatus status_;
+  bool open_;
 };
 
 }  // namespace kestrune::platform

@@ -1,6 +1,6 @@
 #include "platform/release_number.h"
 
-#include <charconv>
+#include "platform/parse_number.h"
 
 namespace kestrune::platform {
 
@@ -8,10 +8,7 @@ std::optional<int> ReleaseNumber(std::string_view version_text) {
   std::string_view text = version_text.substr(0, version_text.find_last_not_of(' ') + 1);
   if (text.size() > 4) text.remove_prefix(text.size() - 4);
   if (text.size() == 4 && text.front() == '.') text.remove_prefix(1);
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
+  return ParseWhole<int>(text);
 }
 
 }  // namespace kestrune::platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -40,6 +41,22 @@ class [[nodiscard]] Result {
 
  private:
   std::variant<T, E> content_;
+};
+
+/// The same of an operation that gives nothing back: `return {};` says that it was done.
+template <class E>
+class [[nodiscard]] Result<void, E> {
+ public:
+  Result() = default;
+  Result(Failure<E> failure) : reason_(std::move(failure.reason)) {}
+
+  [[nodiscard]] bool Ok() const { return !reason_; }
+  explicit operator bool() const { return Ok(); }
+
+  const E& Reason() const { return *reason_; }
+
+ private:
+  std::optional<E> reason_;
 };
 
 }  // namespace kestrune::platform

@@ -1,59 +1,125 @@
 #include "platform/tracing.h"
 
+#include <utility>
+
+#include "platform/open_key.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
 
-RegStatus TracingRegistry::OpenKey(RegRoot root, std::string_view path, RegHandle& key) {
-  const RegStatus status = inner_.OpenKey(root, path, key);
-  if (status == RegStatus::kSuccess) open_keys_[key] = KeyText(root, path);
-  return status;
+namespace {
+
+/// A value that is about to be deleted.
+struct DoomedValue {
+  std::string key;
+  std::string name;
+};
+
+/// Every value of a key and of all below it: a key before the keys below it, each in order of name.
+void ListTree(RegistryApi& registry, RegRoot root, const std::string& path,
+              std::vector<DoomedValue>& list) {
+  OpenKey key(registry);
+  std::vector<StoredValue> values;
+  std::vector<std::string> below;
+  if (key.Open(root, path) != RegStatus::kSuccess ||
+      registry.ListValues(key.Handle(), values) != RegStatus::kSuccess ||
+      registry.ListKeys(key.Handle(), below) != RegStatus::kSuccess) {
+    return;
+  }
+  for (StoredValue& value : values) list.push_back({KeyText(root, path), std::move(value.name)});
+  for (const std::string& name : below) {
+    ListTree(registry, root, std::string(path).append(1, '\\').append(name), list);
+  }
 }
 
-RegStatus TracingRegistry::CreateKey(RegRoot root, std::string_view path, RegHandle& key) {
-  const RegStatus status = inner_.CreateKey(root, path, key);
-  if (status == RegStatus::kSuccess) open_keys_[key] = KeyText(root, path);
-  return status;
+}  // namespace
+
+void Trace::Tell(TraceKind kind, std::string line) {
+  if (groups_open_ > 0) {
+    waiting_.push_back({kind, std::move(line)});
+  } else {
+    sink_(kind, line);
+  }
+}
+
+void Trace::EndGroup(bool kept) {
+  if (--groups_open_ > 0) return;
+  for (const Line& line : std::exchange(waiting_, {})) {
+    if (kept || line.kind == TraceKind::kCommand) sink_(line.kind, line.text);
+  }
 }
 
 RegStatus TracingRegistry::SetValue(RegHandle key, std::string_view name, RegType type,
                                     std::span<const std::byte> data) {
-  const RegStatus status = inner_.SetValue(key, name, type, data);
-  if (status == RegStatus::kSuccess) Tell("write", key, name, "\t" + ValueText(type, data));
+  const RegStatus status = RegistryWrapper::SetValue(key, name, type, data);
+  if (status == RegStatus::kSuccess) TellWrite(Opened(key)->address, name, type, data);
   return status;
 }
 
 RegStatus TracingRegistry::DeleteValue(RegHandle key, std::string_view name) {
-  const RegStatus status = inner_.DeleteValue(key, name);
-  if (status == RegStatus::kSuccess) Tell("delete", key, name, "");
+  const RegStatus status = RegistryWrapper::DeleteValue(key, name);
+  if (status == RegStatus::kSuccess) {
+    const KeyAddress& address = Opened(key)->address;
+    TellDelete(KeyText(address.root, address.path), name);
+  }
   return status;
 }
 
-void TracingRegistry::CloseKey(RegHandle key) {
-  open_keys_.erase(key);
-  inner_.CloseKey(key);
+RegStatus TracingRegistry::SetDefaultValue(RegRoot root, std::string_view path,
+                                           std::string_view text) {
+  const RegStatus status = RegistryWrapper::SetDefaultValue(root, path, text);
+  if (status == RegStatus::kSuccess) {
+    TellWrite({root, std::string(path)}, "", RegType::kSz, TextData(text));
+  }
+  return status;
 }
 
-void TracingRegistry::Tell(std::string_view what, RegHandle key, std::string_view name,
-                           const std::string& value) const {
-  const auto open = open_keys_.find(key);
-  const std::string shown = name.empty() ? "@" : std::string(name);
-  sink_(std::string(what) + "\t" + (open == open_keys_.end() ? "?" : open->second) + "\t" + shown +
-        value);
+RegStatus TracingRegistry::DeleteKey(RegRoot root, std::string_view path) {
+  std::vector<DoomedValue> values;
+  {
+    const ReadScope view(Inner());
+    ListTree(Inner(), root, std::string(WithoutLastBackslash(path)), values);
+  }
+  const RegStatus status = RegistryWrapper::DeleteKey(root, path);
+  if (status != RegStatus::kSuccess) return status;
+  for (const DoomedValue& value : values) TellDelete(value.key, value.name);
+  return status;
+}
+
+RegStatus TracingRegistry::BeginChanges() {
+  const RegStatus status = RegistryWrapper::BeginChanges();
+  if (status == RegStatus::kSuccess) trace_.BeginGroup();
+  return status;
+}
+
+RegStatus TracingRegistry::EndChanges(bool keep) {
+  const RegStatus status = RegistryWrapper::EndChanges(keep);
+  trace_.EndGroup(keep && status == RegStatus::kSuccess);
+  return status;
+}
+
+void TracingRegistry::TellWrite(const KeyAddress& key, std::string_view name, RegType type,
+                                std::span<const std::byte> data) {
+  trace_.Tell(TraceKind::kChange, "write\t" + KeyText(key.root, key.path) + "\t" +
+                                      ValueNameText(name) + "\t" + ValueText(type, data));
+}
+
+void TracingRegistry::TellDelete(const std::string& key, std::string_view name) {
+  trace_.Tell(TraceKind::kChange, "delete\t" + key + "\t" + ValueNameText(name));
 }
 
 bool TracingShell::StartCommand(std::string_view command_line, WindowState window) {
-  sink_("run\t" + std::string(command_line));
+  trace_.Tell(TraceKind::kCommand, "run\t" + std::string(command_line));
   return inner_.StartCommand(command_line, window);
 }
 
 bool TracingShell::OpenWebPage(std::string_view address) {
-  sink_("open\t" + std::string(address));
+  trace_.Tell(TraceKind::kCommand, "open\t" + std::string(address));
   return inner_.OpenWebPage(address);
 }
 
 bool TracingShell::OpenControlPanelItem(std::string_view item) {
-  sink_("open\t" + std::string(item));
+  trace_.Tell(TraceKind::kCommand, "open\t" + std::string(item));
   return inner_.OpenControlPanelItem(item);
 }
 

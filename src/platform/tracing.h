@@ -1,49 +1,68 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <string>
+#include <vector>
 
-#include "platform/registry_api.h"
+#include "platform/registry_wrapper.h"
 #include "platform/shell_api.h"
 
 /// Wrappers that tell what was done through a service, one line for each change that happened.
 namespace kestrune::platform {
 
+/// What a line tells: a change that a group may take back, or something that stays done.
+enum class TraceKind { kChange, kCommand };
+
 /// Takes a line: "write", "delete", "run" and so on, with its particulars, separated by tabs.
-using TraceSink = std::function<void(const std::string& line)>;
+using TraceSink = std::function<void(TraceKind kind, const std::string& line)>;
+
+/// The lines of several wrappers in their order. Those of a group of changes wait for its end; when
+/// it is taken back only its commands are told.
+class Trace {
+ public:
+  explicit Trace(TraceSink sink) : sink_(std::move(sink)) {}
+
+  void Tell(TraceKind kind, std::string line);
+  void BeginGroup() { ++groups_open_; }
+  /// Groups nest; the outermost one counts.
+  void EndGroup(bool kept);
+
+ private:
+  struct Line {
+    TraceKind kind;
+    std::string text;
+  };
+
+  TraceSink sink_;
+  std::vector<Line> waiting_;
+  int groups_open_ = 0;
+};
 
 /// Tells each value that was written, equal bytes included, and each that was deleted.
-class TracingRegistry : public RegistryApi {
+class TracingRegistry : public RegistryWrapper {
  public:
-  TracingRegistry(RegistryApi& inner, TraceSink sink) : inner_(inner), sink_(std::move(sink)) {}
+  TracingRegistry(RegistryApi& inner, Trace& trace) : RegistryWrapper(inner), trace_(trace) {}
 
-  RegStatus OpenKey(RegRoot root, std::string_view path, RegHandle& key) override;
-  RegStatus CreateKey(RegRoot root, std::string_view path, RegHandle& key) override;
-  RegStatus QueryValue(RegHandle key, std::string_view name, RegType& type, std::size_t& size,
-                       std::span<std::byte> data) override {
-    return inner_.QueryValue(key, name, type, size, data);
-  }
   RegStatus SetValue(RegHandle key, std::string_view name, RegType type,
                      std::span<const std::byte> data) override;
   RegStatus DeleteValue(RegHandle key, std::string_view name) override;
-  void CloseKey(RegHandle key) override;
-  void BeginReads() override { inner_.BeginReads(); }
-  void EndReads() override { inner_.EndReads(); }
+  RegStatus SetDefaultValue(RegRoot root, std::string_view path, std::string_view text) override;
+  RegStatus DeleteKey(RegRoot root, std::string_view path) override;
+  RegStatus BeginChanges() override;
+  RegStatus EndChanges(bool keep) override;
 
  private:
-  void Tell(std::string_view what, RegHandle key, std::string_view name,
-            const std::string& value) const;
+  void TellWrite(const KeyAddress& key, std::string_view name, RegType type,
+                 std::span<const std::byte> data);
+  void TellDelete(const std::string& key, std::string_view name);
 
-  RegistryApi& inner_;
-  TraceSink sink_;
-  std::map<RegHandle, std::string> open_keys_;
+  Trace& trace_;
 };
 
 /// Tells each command before it is started.
 class TracingShell : public ShellApi {
  public:
-  TracingShell(ShellApi& inner, TraceSink sink) : inner_(inner), sink_(std::move(sink)) {}
+  TracingShell(ShellApi& inner, Trace& trace) : inner_(inner), trace_(trace) {}
 
   bool StartCommand(std::string_view command_line, WindowState window) override;
   bool OpenWebPage(std::string_view address) override;
@@ -51,7 +70,7 @@ class TracingShell : public ShellApi {
 
  private:
   ShellApi& inner_;
-  TraceSink sink_;
+  Trace& trace_;
 };
 
 }  // namespace kestrune::platform

@@ -7,25 +7,15 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/key_address.h"
 #include "platform/registry_api.h"
 
-/// How a person reads and writes the registry: one text form for keys, types and data, wherever
-/// they are shown.
+/// How a person reads and writes the registry: one text form for types and data, wherever they are
+/// shown.
 namespace kestrune::platform {
 
-/// "HKLM", "HKCU" or "HKCR".
-std::string_view RootName(RegRoot root);
-
-/// A key below its root.
-struct KeyAddress {
-  RegRoot root;
-  std::string path;
-};
-/// Reads a key: a root's short or long name in any case, then a backslash and the path. A root
-/// alone is its empty path. Nothing when the root isn't known.
-std::optional<KeyAddress> ParseKey(std::string_view text);
-/// "HKLM\Software\..."
-std::string KeyText(RegRoot root, std::string_view path);
+/// A value's name; "@" for the default value.
+std::string ValueNameText(std::string_view name);
 
 /// A type's name: "REG_SZ", "REG_BINARY", "REG_DWORD", otherwise "TYPE_n".
 std::string TypeText(RegType type);
@@ -42,5 +32,8 @@ std::string ValueText(RegType type, std::span<const std::byte> data);
 /// Nothing when it isn't of that form.
 std::optional<std::vector<std::byte>> ParseData(RegType type,
                                                 const std::vector<std::string>& words);
+
+/// Text as a kSz value holds it: with its closing NUL.
+std::vector<std::byte> TextData(std::string_view text);
 
 }  // namespace kestrune::platform

@@ -11,6 +11,7 @@
 
 #include "cli/script.h"
 #include "fake_machine.h"
+#include "platform/portable/portable_machine.h"
 
 namespace kestrune::cli {
 namespace {
@@ -35,7 +36,7 @@ struct CommandLineTest : testing::Test {
     all.insert(all.end(), arguments.begin(), arguments.end());
     std::ostringstream out;
     std::ostringstream err;
-    const int status = RunCommandLine(all, {out, err});
+    const int status = RunCommandLine(all, machines, {out, err});
     return {status, out.str(), err.str()};
   }
   /// What a run prints, which must succeed in silence.
@@ -47,6 +48,7 @@ struct CommandLineTest : testing::Test {
   }
 
   platform::TempFolder folder;
+  platform::portable::PortableMachines machines;
 };
 
 TEST_F(CommandLineTest, ASettingIsOneTracedWriteThatTheNextRunShows) {
@@ -316,6 +318,46 @@ TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {
   EXPECT_EQ(Run({"registry", "import", folder / "none.reg"}).status, 3);
 }
 
+TEST_F(CommandLineTest, AnImportIsTracedWhenItIsKeptAndFailsInOneSentence) {
+  const std::string denied =
+      folder.Write("denied.reg",
+                   "REGEDIT4\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=\"1\"\n"
+                   "[HKEY_LOCAL_MACHINE\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0]\n"
+                   "\"a\"=\"1\"\n");
+  const Outcome outcome = Run({"--trace", "registry", "import", denied});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err,
+            "kestrunectl: HKLM\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0 can't be "
+            "written.\n");
+  EXPECT_EQ(Run({"registry", "list", R"(HKCU\Software\T)"}).status, 1);
+}
+
+TEST_F(CommandLineTest, TheProcessorsAreListedWithTheLevelsAboveThem) {
+  EXPECT_EQ(Out({"registry", "list", R"(HKLM\HARDWARE)"}), "DESCRIPTION\\\nDEVICEMAP\\\n");
+  const std::string processor = Out(
+      {"registry", "list", R"(HKEY_LOCAL_MACHINE\hardware\description\system\centralprocessor\0)"});
+  EXPECT_NE(processor.find("~MHz\tREG_DWORD "), std::string::npos) << processor;
+}
+
+/// A machine with one registry of its own.
+class OneMachine : public platform::portable::PortableMachines {
+ public:
+  bool HasStores() const override { return false; }
+  bool HasDescriptions() const override { return false; }
+};
+
+TEST_F(CommandLineTest, AMachineWithoutStoresAndDescriptionsHasNoOptionsForThem) {
+  OneMachine one;
+  const auto status = [&one](const std::vector<std::string>& arguments) {
+    std::ostringstream out;
+    return RunCommandLine(arguments, one, {out, out});
+  };
+  EXPECT_EQ(status({"--store", folder / "s", "machine"}), 2);
+  EXPECT_EQ(status({"--machine", "host", "state"}), 2);
+  EXPECT_EQ(status({"machine"}), 2);
+  EXPECT_EQ(status({"state", "--help"}), 0);
+}
+
 TEST_F(CommandLineTest, AStoreThatIsNoneIsRefusedUntouched) {
   const std::string file = folder.Write("winxp-geforce7800.store", "this is no store");
   const Outcome outcome = Run({"get", kLimit});
@@ -328,7 +370,9 @@ TEST_F(CommandLineTest, AMachineWithAFaultIsRefusedWithItsPlace) {
   const std::string file = folder.Write("broken.toml", "name = \"x\"\nos = = 1\n");
   std::ostringstream out;
   std::ostringstream err;
-  EXPECT_EQ(RunCommandLine({"--machine", file, "--store", folder / "s", "state"}, {out, err}), 3);
+  EXPECT_EQ(
+      RunCommandLine({"--machine", file, "--store", folder / "s", "state"}, machines, {out, err}),
+      3);
   EXPECT_NE(err.str().find("broken.toml:2"), std::string::npos) << err.str();
 }
 

@@ -6,13 +6,12 @@
 #include <stdexcept>
 
 #include "core/registry.h"
+#include "platform/portable/portable_machine.h"
 #include "platform/value_text.h"
 
 namespace kestrune::test {
 
 namespace {
-
-using platform::portable::PortableMachine;
 
 constexpr std::string_view kSystems[] = {
     "major = 4\nminor = 10\nplatform = 1\n", "major = 4\nminor = 0\nplatform = 2\n",
@@ -39,21 +38,24 @@ void Replace(std::string& text, std::string_view what, std::string_view with) {
 
 }  // namespace
 
-ClockMachine::ClockMachine(const ClockSetup& setup) {
-  auto opened = PortableMachine::Open({.store = folder_ / "registry.store",
-                                       .machine = folder_.Write("m.toml", Description(setup)),
-                                       .program_folder = KESTRUNE_DATA_FOLDER});
+ClockMachine::ClockMachine(const ClockSetup& setup)
+    : tracing_([this](platform::TraceKind, const std::string& line) { trace_.push_back(line); }) {
+  auto opened = platform::portable::PortableMachines().Open(
+      {.store = folder_ / "registry.store",
+       .machine = folder_.Write("m.toml", Description(setup)),
+       .program_folder = KESTRUNE_DATA_FOLDER});
   if (!opened.Ok()) throw std::runtime_error(opened.Reason());
   machine_ = std::move(opened).Value();
-  const auto sink = [this](const std::string& line) { trace_.push_back(line); };
-  registry_ = std::make_unique<platform::TracingRegistry>(machine_->Registry(), sink);
-  shell_ = std::make_unique<platform::TracingShell>(machine_->Shell(), sink);
+  const platform::Services services = machine_->ServicesFor(*this);
+  registry_ = std::make_unique<platform::TracingRegistry>(services.registry, tracing_);
+  shell_ = std::make_unique<platform::TracingShell>(services.shell, tracing_);
   Restart();
 }
 
 void ClockMachine::Restart() {
+  const platform::Services services = machine_->ServicesFor(*this);
   program_ = std::make_unique<forms::Program>(platform::Services{
-      *registry_, machine_->Display(), machine_->Version(), *shell_, machine_->Files(), *this});
+      *registry_, services.display, services.version, *shell_, services.files, *this});
   EXPECT_TRUE(program_->Start(""));
   trace_.clear();
 }
@@ -96,14 +98,14 @@ std::string ClockMachine::ClockKey() { return StateText("HardwareKey"); }
 
 void ClockMachine::Store(const std::string& key, std::string_view name, std::int32_t number) {
   const auto address = platform::ParseKey(key);
-  core::basRegistry registry(machine_->Registry());
+  core::basRegistry registry(machine_->ServicesFor(*this).registry);
   EXPECT_EQ(registry.WriteRegValue(address->root, address->path, name, number),
             core::WriteResult::kDone);
 }
 
 std::string ClockMachine::Stored(const std::string& key, std::string_view name) {
   const auto address = platform::ParseKey(key);
-  core::basRegistry registry(machine_->Registry());
+  core::basRegistry registry(machine_->ServicesFor(*this).registry);
   return registry.ReadRegValue(address->root, address->path, name).Text();
 }
 

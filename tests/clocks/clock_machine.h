@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fake_machine.h"
-#include "platform/portable/portable_machine.h"
+#include "platform/machine.h"
 
 namespace kestrune::test {
 
@@ -52,7 +52,8 @@ class ClockMachine : public platform::DialogApi {
   controls::Control& Find(std::string_view id);
 
   platform::TempFolder folder_;
-  std::unique_ptr<platform::portable::PortableMachine> machine_;
+  std::unique_ptr<platform::Machine> machine_;
+  platform::Trace tracing_;
   std::unique_ptr<platform::TracingRegistry> registry_;
   std::unique_ptr<platform::TracingShell> shell_;
   std::unique_ptr<forms::Program> program_;

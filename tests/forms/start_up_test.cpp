@@ -214,13 +214,13 @@ TEST(StartUpTest, ProgramsOnOneStoreSeeEachOthersChangesAndShareNothingElse) {
 TEST(StartUpTest, AStoreThatTakesNoValuesStopsNothing) {
   FakeMachine machine;
   platform::Services services = machine.Services();
-  struct Refusing : platform::TracingRegistry {
-    using TracingRegistry::TracingRegistry;
+  struct Refusing : platform::RegistryWrapper {
+    using RegistryWrapper::RegistryWrapper;
     platform::RegStatus SetValue(platform::RegHandle, std::string_view, platform::RegType,
                                  std::span<const std::byte>) override {
       return platform::RegStatus::kWriteFault;
     }
-  } refusing(services.registry, [](const std::string&) {});
+  } refusing(services.registry);
   Program program({refusing, services.display, services.version, services.shell, services.files,
                    services.dialog});
   EXPECT_TRUE(program.Start(""));

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/utf8.h"
 
 namespace kestrune::platform::portable {
 namespace {

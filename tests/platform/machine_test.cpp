@@ -3,11 +3,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <sstream>
 
+#include "platform/portable/display.h"
 #include "platform/portable/machine_description.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/portable/processor.h"
+#include "platform/portable/shell.h"
+#include "platform/portable/versions.h"
 #include "platform/temp_folder.h"
 
 namespace kestrune::platform::portable {
@@ -147,13 +149,13 @@ TEST(MachineDescriptionTest, MachinesAreFoundByNameOrByFile) {
 }
 
 TEST(HostTest, ProcessorsAndDisplayDevicesAreReadFromTheSystemsOwnFiles) {
-  std::istringstream cpu_info(
+  constexpr std::string_view kCpuInfo =
       "processor\t: 0\nvendor_id\t: GenuineIntel\ncpu family\t: 15\nmodel\t\t: 2\n"
       "model name\t: Intel(R) P4\nstepping\t: 7\ncpu MHz\t\t: 2399.7\n\n"
-      "processor\t: 1\nmodel name\t: other\n");
+      "processor\t: 1\nmodel name\t: other\n";
   DescribedProcessor described;
   described.mhz = 100;
-  const DescribedProcessor processor = Completed(described, ReadProcessors(cpu_info));
+  const DescribedProcessor processor = Completed(described, ReadProcessors(kCpuInfo));
   EXPECT_EQ(processor.count, 2);
   EXPECT_EQ(processor.mhz, 100);
   EXPECT_EQ(processor.name, "Intel(R) P4");
@@ -175,6 +177,12 @@ TEST(HostTest, ProcessorsAndDisplayDevicesAreReadFromTheSystemsOwnFiles) {
   EXPECT_EQ(devices[0].state, 5u);
 }
 
+class NoDialog : public DialogApi {
+ public:
+  Answer ShowMessage(std::string_view, std::string_view, Buttons) override { return Answer::kOk; }
+  void RunPendingEvents() override {}
+};
+
 class PortableMachineTest : public testing::Test {
  protected:
   PortableMachineTest() {
@@ -186,28 +194,30 @@ class PortableMachineTest : public testing::Test {
     folder_.Write("share/kestrune/machines/box.reg",
                   "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=\"v\"\n");
     options_.machine = "box";
-    options_.executable_folder = folder_ / "bin";
   }
 
   TempFolder folder_;
+  NoDialog dialog_;
+  PortableMachines machines_{folder_ / "bin"};
   MachineOptions options_;
 };
 
 TEST_F(PortableMachineTest, ANewStoreHoldsTheMachinesRegistry) {
   {
-    auto machine = PortableMachine::Open(options_);
+    auto machine = machines_.Open(options_);
     ASSERT_TRUE(machine.Ok()) << machine.Reason();
     EXPECT_EQ(machine.Value()->Warnings().size(), 1u);
-    EXPECT_EQ(machine.Value()->Files().Locate("x"), std::nullopt);
+    EXPECT_EQ(machine.Value()->ServicesFor(dialog_).files.Locate("x"), std::nullopt);
   }
   // The registry file isn't needed again.
   std::filesystem::remove(folder_ / "share/kestrune/machines/box.reg");
-  auto machine = PortableMachine::Open(options_);
+  auto machine = machines_.Open(options_);
   ASSERT_TRUE(machine.Ok()) << machine.Reason();
-  EXPECT_EQ(machine.Value()->RegistryStore().Path(), folder_ / "home/kestrune/box.store");
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "home/kestrune/box.store"));
   RegHandle key = 0;
-  EXPECT_EQ(machine.Value()->Registry().OpenKey(RegRoot::kLocalMachine, "k", key),
-            RegStatus::kSuccess);
+  EXPECT_EQ(
+      machine.Value()->ServicesFor(dialog_).registry.OpenKey(RegRoot::kLocalMachine, "k", key),
+      RegStatus::kSuccess);
 }
 
 TEST_F(PortableMachineTest, WhatKeepsAMachineFromOpeningIsOneSentence) {
@@ -225,13 +235,13 @@ TEST_F(PortableMachineTest, WhatKeepsAMachineFromOpeningIsOneSentence) {
     if (c.reg != nullptr) folder_.Write("share/kestrune/machines/box.reg", c.reg);
     if (c.reg == nullptr) std::filesystem::remove(reg);
     options_.machine = c.machine;
-    const auto machine = PortableMachine::Open(options_);
+    const auto machine = machines_.Open(options_);
     EXPECT_EQ(machine.Ok() ? "" : machine.Reason(), c.reason);
   }
 }
 
 TEST_F(PortableMachineTest, PlacesComeFromOptionsThenEnvironmentThenDefaults) {
-  MachinePlaces places = FindPlaces({.executable_folder = folder_ / "bin"});
+  MachinePlaces places = FindPlaces({}, folder_ / "bin");
   EXPECT_EQ(places.machine, "winxp-geforce6800");
   EXPECT_EQ(places.store, folder_ / "home/kestrune/winxp-geforce6800.store");
   EXPECT_EQ(places.program_folders,
@@ -241,14 +251,14 @@ TEST_F(PortableMachineTest, PlacesComeFromOptionsThenEnvironmentThenDefaults) {
   setenv("KESTRUNE_MACHINE", "dir/other.v2.toml", 1);
   setenv("KESTRUNE_PROGRAM_FOLDER", folder_.operator/("given").c_str(), 1);
   folder_.Write("bin/DATA/x", "");
-  places = FindPlaces({.executable_folder = folder_ / "bin"});
+  places = FindPlaces({}, folder_ / "bin");
   EXPECT_EQ(places.store, "/env.store");
   EXPECT_EQ(places.program_folders, std::vector{folder_ / "given"});
   EXPECT_EQ(places.machine_folders,
             (std::vector{folder_ / "home/kestrune/machines", folder_ / "bin/machines"}));
   folder_.Write("given/machines/x.toml", "");
   unsetenv("KESTRUNE_STORE");
-  places = FindPlaces({.executable_folder = folder_ / "bin"});
+  places = FindPlaces({}, folder_ / "bin");
   EXPECT_EQ(places.machine_folders, std::vector{folder_ / "given/machines"});
   EXPECT_EQ(places.store, folder_ / "home/kestrune/other.v2.store");
   EXPECT_EQ(FindPlaces({.store = "s", .machine = "a.b", .program_folder = "p"}).store, "s");

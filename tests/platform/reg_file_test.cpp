@@ -1,16 +1,18 @@
-#include "platform/portable/reg_file.h"
+#include "platform/reg_file.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
-namespace kestrune::platform::portable {
+#include "platform/portable/files.h"
+
+namespace kestrune::platform {
 namespace {
 
 /// The changes as text: "+KEY", "NAME:TYPE=hex" and "-NAME", one a line.
 std::string Told(std::string_view bytes, int code_page = 1252) {
-  CodePages code_pages(code_page);
-  const auto parsed = ParseRegFile(bytes, code_pages);
+  portable::FolderFiles files({}, code_page);
+  const auto parsed = ParseRegFile(bytes, files);
   if (!parsed.Ok()) return std::to_string(parsed.Reason().line) + ": " + parsed.Reason().reason;
   std::string told;
   for (const RegFileChange& change : parsed.Value()) {
@@ -124,4 +126,4 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
 }
 
 }  // namespace
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

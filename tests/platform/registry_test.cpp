@@ -2,14 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
+#include "platform/registry_kinds.h"
+#include "platform/value_text.h"
 
-#include "platform/portable/hardware_keys.h"
-#include "platform/portable/store_registry.h"
-#include "platform/temp_folder.h"
-
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 namespace {
 
 constexpr RegRoot kMachine = RegRoot::kLocalMachine;
@@ -18,35 +14,9 @@ std::span<const std::byte> Bytes(std::string_view text) {
   return std::as_bytes(std::span(text.data(), text.size()));
 }
 
-/// A registry with everything that it stands on.
-struct Subject {
-  TempFolder folder;
-  std::unique_ptr<Store> store;
-  std::unique_ptr<StoreRegistry> over_store;
-  std::unique_ptr<HardwareKeys> over_hardware;
-  RegistryApi* registry = nullptr;
-};
-
-struct Kind {
-  const char* name;
-  bool dry_run;
-  bool behind_hardware;
-};
-
-class RegistryTest : public testing::TestWithParam<Kind> {
+class RegistryTest : public testing::TestWithParam<RegistryKind> {
  protected:
-  RegistryTest() {
-    auto store = Store::Open({.path = subject_.folder / "a.store", .dry_run = GetParam().dry_run});
-    EXPECT_TRUE(store.Ok());
-    subject_.store = std::move(store).Value();
-    subject_.over_store = std::make_unique<StoreRegistry>(*subject_.store);
-    subject_.over_hardware =
-        std::make_unique<HardwareKeys>(*subject_.over_store, [] { return DescribedProcessor(); });
-    subject_.registry = subject_.over_store.get();
-    if (GetParam().behind_hardware) subject_.registry = subject_.over_hardware.get();
-  }
-
-  RegistryApi& Registry() { return *subject_.registry; }
+  RegistryApi& Registry() { return subject_->Registry(); }
 
   RegHandle Open(std::string_view path) {
     RegHandle key = 0;
@@ -72,14 +42,56 @@ class RegistryTest : public testing::TestWithParam<Kind> {
     EXPECT_EQ(Registry().QueryValue(key, name, type, size, room), RegStatus::kSuccess);
     return data;
   }
+  /// Everything below a key as it is listed: "NAME=DATA " for a value, "NAME{...} " for a key.
+  std::string Tree(RegHandle key) {
+    std::vector<StoredValue> values;
+    std::vector<std::string> names;
+    EXPECT_EQ(Registry().ListValues(key, values), RegStatus::kSuccess);
+    EXPECT_EQ(Registry().ListKeys(key, names), RegStatus::kSuccess);
+    std::string tree;
+    for (const StoredValue& value : values) {
+      tree += ValueNameText(value.name) + "=" + DataText(value.type, value.data) + " ";
+    }
+    for (const std::string& name : names) {
+      paths_.push_back(paths_.back().empty() ? name : paths_.back() + "\\" + name);
+      const RegHandle below = Open(paths_.back());
+      tree += name + "{" + Tree(below) + "} ";
+      Registry().CloseKey(below);
+      paths_.pop_back();
+    }
+    return tree;
+  }
+  std::string Tree(const std::string& path) {
+    const RegHandle key = Open(path);
+    if (key == 0) return "(no key)";
+    paths_ = {path};
+    std::string tree = Tree(key);
+    Registry().CloseKey(key);
+    return tree;
+  }
+  /// What each operation on an open key gives, one after the other.
+  std::vector<RegStatus> Answers(RegHandle key) {
+    RegType type{};
+    std::size_t size = 0;
+    std::vector<std::string> names = {"kept"};
+    std::vector<StoredValue> values(1);
+    std::vector<RegStatus> answers = {Registry().QueryValue(key, "v", type, size, {}),
+                                      Set(key, "v", "1"), Registry().DeleteValue(key, "v"),
+                                      Registry().ListKeys(key, names),
+                                      Registry().ListValues(key, values)};
+    EXPECT_EQ(names.size() + values.size(), 2u) << "a call that fails leaves its outputs alone";
+    return answers;
+  }
 
  private:
-  Subject subject_;
+  std::unique_ptr<RegistryUnderTest> subject_ = GetParam().make();
+  std::vector<std::string> paths_;
 };
 
-INSTANTIATE_TEST_SUITE_P(All, RegistryTest,
-                         testing::Values(Kind{"Store", false, false}, Kind{"Copy", true, false},
-                                         Kind{"BehindHardware", false, true}),
+const std::vector<RegStatus> kAllDeleted(5, RegStatus::kKeyDeleted);
+const std::vector<RegStatus> kAllInvalid(5, RegStatus::kInvalidHandle);
+
+INSTANTIATE_TEST_SUITE_P(All, RegistryTest, testing::ValuesIn(RegistryKinds()),
                          [](const auto& kind) { return kind.param.name; });
 
 TEST_P(RegistryTest, PathsAreMatchedWithoutCaseAndOddOnesOpenNothing) {
@@ -214,58 +226,120 @@ TEST_P(RegistryTest, AChangeInsideAReadScopeIsSeenAtOnce) {
   EXPECT_NE(Open("k\\new"), 0u);
 }
 
-TEST(HardwareKeysTest, ProcessorsCanBeReadAndNotWritten) {
-  TempFolder folder;
-  auto store = Store::Open({.path = folder / "a.store"});
-  ASSERT_TRUE(store.Ok());
-  StoreRegistry behind(*store.Value());
-  DescribedProcessor processor;
-  processor.count = 2;
-  processor.mhz = 2400;
-  processor.vendor = "GenuineIntel";
-  HardwareKeys registry(behind, [&] { return processor; });
+TEST_P(RegistryTest, KeysAndValuesAreListedAsFirstWrittenWithoutRegardToCase) {
+  for (const char* path : {"Root\\beta", "root\\Äther\\below", "ROOT\\Alpha", "Root\\BETA"}) {
+    Create(path);
+  }
+  const RegHandle key = Create("Root");
+  for (const char* name : {"b", "", "C", "a", "B"}) Set(key, name, name);
+  EXPECT_EQ(Tree("root"), "@= a=a b=B C=C Alpha{} beta{} Äther{below{} } ");
+  EXPECT_EQ(Tree("root\\alpha"), "");
+}
 
+TEST_P(RegistryTest, ADefaultValueIsSetWithItsKey) {
+  EXPECT_EQ(Registry().SetDefaultValue(kMachine, "New\\Deep", "text"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(Open("new\\deep"), ""), std::string("text\0", 5));
+  Set(Open("New\\Deep"), "other", "1");
+  EXPECT_EQ(Registry().SetDefaultValue(kMachine, "New\\Deep", ""), RegStatus::kSuccess);
+  EXPECT_EQ(Tree("New"), "Deep{@= other=1 } ");
+  EXPECT_EQ(Registry().SetDefaultValue(kMachine, "", "x"), RegStatus::kAccessDenied);
+  EXPECT_EQ(Registry().SetDefaultValue(kMachine, "\\New", "x"), RegStatus::kBadPath);
+}
+
+TEST_P(RegistryTest, DeletingAKeyTakesAllBelowItAndNothingBeside) {
+  for (const char* path : {"K\\a", "K\\a\\b\\c", "K\\a b\\c", "K\\a!", "K\\ab", "K\\a]"}) {
+    Set(Create(path), "v", "1");
+  }
+  const RegHandle deleted = Open("K\\a");
+  const RegHandle below = Open("K\\a\\b");
+  EXPECT_EQ(Registry().DeleteKey(kMachine, "k\\A\\"), RegStatus::kSuccess);
+  EXPECT_EQ(Tree("K"), "a b{c{v=1 } } a!{v=1 } ab{v=1 } a]{v=1 } ");
+  EXPECT_EQ(Answers(deleted), kAllDeleted);
+  EXPECT_EQ(Answers(below), kAllDeleted);
+
+  const RegHandle again = Create("K\\A");
+  EXPECT_EQ(Get(again, "v"), "(none)");
+  EXPECT_EQ(Answers(deleted), kAllDeleted);
+  Registry().CloseKey(deleted);
+  EXPECT_EQ(Answers(deleted), kAllInvalid);
+  EXPECT_EQ(Set(again, "v", "2"), RegStatus::kSuccess);
+  EXPECT_EQ(Tree("K\\A"), "v=2 ");
+}
+
+TEST_P(RegistryTest, WhatCanNotBeDeletedStays) {
+  Create("K");
   struct Case {
     const char* path;
-    RegStatus opened;
-    RegStatus created;
+    RegStatus status;
   };
-  for (const auto& [path, opened, created] : {
-           Case{"Hardware\\Description", RegStatus::kSuccess, RegStatus::kSuccess},
-           Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessor", RegStatus::kSuccess,
-                RegStatus::kSuccess},
-           Case{"hardware\\description\\system\\centralprocessor\\1\\", RegStatus::kSuccess,
-                RegStatus::kSuccess},
-           Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\2", RegStatus::kNotFound,
-                RegStatus::kAccessDenied},
-           Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0\\x", RegStatus::kNotFound,
-                RegStatus::kAccessDenied},
-           Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessors", RegStatus::kNotFound,
-                RegStatus::kSuccess},
-           Case{"HARDWARE2", RegStatus::kNotFound, RegStatus::kSuccess},
+  for (const auto& [path, status] : {
+           Case{"", RegStatus::kAccessDenied},
+           Case{"none", RegStatus::kNotFound},
+           Case{"K\\none", RegStatus::kNotFound},
+           Case{"\\K", RegStatus::kBadPath},
        }) {
-    RegHandle key = 0;
-    EXPECT_EQ(registry.OpenKey(kMachine, path, key), opened) << path;
-    EXPECT_EQ(registry.CreateKey(kMachine, path, key), created) << path;
+    EXPECT_EQ(Registry().DeleteKey(kMachine, path), status) << path;
   }
+  EXPECT_EQ(Registry().DeleteKey(RegRoot{0x80000006u}, "K"), RegStatus::kInvalidHandle);
+  EXPECT_EQ(Tree("K"), "");
+}
 
-  RegHandle key = 0;
-  registry.OpenKey(kMachine, "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\1", key);
-  RegType type{};
-  std::size_t size = 0;
-  std::int32_t mhz = 0;
-  EXPECT_EQ(
-      registry.QueryValue(key, "~mhz", type, size, std::as_writable_bytes(std::span(&mhz, 1))),
-      RegStatus::kSuccess);
-  EXPECT_EQ(mhz, 2400);
-  EXPECT_EQ(type, RegType::kDword);
-  EXPECT_EQ(registry.QueryValue(key, "VendorIdentifier", type, size, {}), RegStatus::kSuccess);
-  EXPECT_EQ(size, sizeof("GenuineIntel"));
-  EXPECT_EQ(registry.QueryValue(key, "Identifier", type, size, {}), RegStatus::kNotFound);
-  EXPECT_EQ(registry.SetValue(key, "~MHz", RegType::kDword, {}), RegStatus::kAccessDenied);
-  EXPECT_EQ(registry.DeleteValue(key, "~MHz"), RegStatus::kAccessDenied);
-  EXPECT_FALSE(store.Value()->Values(kMachine, "HARDWARE\\DESCRIPTION\\System\\CentralProcessor"));
+TEST_P(RegistryTest, AGroupOfChangesIsKeptOrTakenBackWhole) {
+  const RegHandle before = Create("K");
+  Set(before, "v", "1");
+  Set(Create("K\\Old"), "w", "1");
+  const auto change_all = [&] {
+    EXPECT_EQ(Set(before, "v", "2"), RegStatus::kSuccess);
+    EXPECT_EQ(Registry().DeleteKey(kMachine, "K\\Old"), RegStatus::kSuccess);
+    EXPECT_EQ(Registry().SetDefaultValue(kMachine, "K\\New", "n"), RegStatus::kSuccess);
+    EXPECT_EQ(Tree("K"), "v=2 New{@=n } ");
+  };
+  RegHandle inside = 0;
+  {
+    const ChangeScope group(Registry());
+    ASSERT_EQ(group.Status(), RegStatus::kSuccess);
+    change_all();
+    inside = Open("K\\New");
+  }
+  EXPECT_EQ(Tree("K"), "v=1 Old{w=1 } ");
+  EXPECT_EQ(Answers(inside), kAllInvalid);
+  EXPECT_EQ(Get(before, "v"), "1");
+  {
+    ChangeScope group(Registry());
+    change_all();
+    inside = Open("K\\New");
+    EXPECT_EQ(group.Commit(), RegStatus::kSuccess);
+  }
+  EXPECT_EQ(Tree("K"), "v=2 New{@=n } ");
+  EXPECT_EQ(Set(inside, "", "m"), RegStatus::kSuccess);
+}
+
+TEST_P(RegistryTest, AGroupWithinAnotherIsAPartOfIt) {
+  const RegHandle key = Create("K");
+  const auto part = [&](std::string_view name, bool keep) {
+    ChangeScope group(Registry());
+    Set(key, name, "1");
+    return keep ? group.Commit() : RegStatus::kSuccess;
+  };
+  {
+    const ChangeScope outer(Registry());
+    EXPECT_EQ(part("a", true), RegStatus::kSuccess);
+  }
+  EXPECT_EQ(Tree("K"), "");
+  {
+    ChangeScope outer(Registry());
+    EXPECT_EQ(part("a", true), RegStatus::kSuccess);
+    EXPECT_EQ(part("b", false), RegStatus::kSuccess);
+    EXPECT_NE(outer.Commit(), RegStatus::kSuccess);
+  }
+  EXPECT_EQ(Tree("K"), "");
+  {
+    ChangeScope outer(Registry());
+    EXPECT_EQ(part("a", true), RegStatus::kSuccess);
+    EXPECT_EQ(outer.Commit(), RegStatus::kSuccess);
+  }
+  EXPECT_EQ(Tree("K"), "a=1 ");
 }
 
 }  // namespace
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

@@ -166,21 +166,20 @@ class Photographer {
 int Run(const Arguments& arguments) {
   const QTemporaryDir user_folder;
   qputenv("XDG_DATA_HOME", user_folder.path().toUtf8());
-  platform::portable::MachineOptions options;
-  options.store = user_folder.filePath("pictures.store").toStdString();
-  auto opened = platform::portable::PortableMachine::Open(options);
+  platform::portable::PortableMachines machines;
+  const auto opened =
+      machines.Open({.store = user_folder.filePath("pictures.store").toStdString()});
   if (!opened) {
     std::fprintf(stderr, "%s\n", opened.Reason().c_str());
     return 3;
   }
-  platform::portable::PortableMachine& machine = *opened.Value();
   qt::QtDialog dialog;
-  forms::Program program({machine.Registry(), machine.Display(), machine.Version(), machine.Shell(),
-                          machine.Files(), dialog});
+  const platform::Services services = opened.Value()->ServicesFor(dialog);
+  forms::Program program(services);
   if (!program.Start("")) return 3;
   // No button may look as if the mouse were over it.
   QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
-  qt::Face face(program, machine.Files());
+  qt::Face face(program, services.files);
   QCoreApplication::processEvents();
   QDir().mkpath(arguments.folder);
   return Photographer(program, face, QDir(arguments.folder)).TakeAll() ? 0 : 3;

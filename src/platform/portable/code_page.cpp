@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "platform/portable/case_fold.h"
+#include "platform/utf8.h"
 
 namespace kestrune::platform::portable {
 namespace {

@@ -7,14 +7,9 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace kestrune::platform::portable {
+#include "platform/files_api.h"
 
-/// Text turned into the bytes of a code page. A character that the page lacks became "?" and is
-/// counted as lost.
-struct EncodedText {
-  std::string bytes;
-  int lost = 0;
-};
+namespace kestrune::platform::portable {
 
 class CodePage;
 

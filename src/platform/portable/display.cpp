@@ -1,11 +1,12 @@
 #include "platform/portable/display.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
+
+#include "platform/parse_number.h"
+#include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -16,13 +17,12 @@ constexpr unsigned kPrimary = 4;
 
 /// A number such as "0x10de" from a device's file; 0 when there is none.
 unsigned ReadNumber(const std::string& file) {
-  std::ifstream stream(file);
-  std::string text;
-  stream >> text;
-  const std::size_t start = text.starts_with("0x") ? 2 : 0;
-  unsigned number = 0;
-  std::from_chars(text.data() + start, text.data() + text.size(), number, start == 2 ? 16 : 10);
-  return number;
+  const Result<std::string> content = ReadWholeFile(file);
+  if (!content.Ok()) return 0;
+  const std::string_view text = content.Value();
+  const bool is_hex = text.starts_with("0x");
+  const std::string_view digits = text.substr(0, text.find('\n')).substr(is_hex ? 2 : 0);
+  return ParseWhole<unsigned>(digits, is_hex ? 16 : 10).value_or(0);
 }
 
 DisplayDevice ReadDevice(const std::string& folder, std::size_t number) {

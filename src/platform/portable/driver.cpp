@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <random>
 
+#include "platform/case_fold.h"
 #include "platform/dword.h"
-#include "platform/portable/case_fold.h"
+#include "platform/parse_number.h"
 #include "platform/portable/versions.h"
 #include "platform/release_number.h"
 
@@ -56,11 +56,9 @@ bool HasShortKey(const MachineDescription& machine) {
 }
 
 std::int16_t DeviceNumber(const std::string& card) {
-  std::uint16_t number = 0;
-  if (const std::optional<std::size_t> at = Behind(card, kDeviceMark)) {
-    std::from_chars(card.data() + *at, card.data() + std::min(*at + 4, card.size()), number, 16);
-  }
-  return static_cast<std::int16_t>(number);
+  const std::optional<std::size_t> at = Behind(card, kDeviceMark);
+  const std::string_view digits = at ? std::string_view(card).substr(*at, 4) : std::string_view();
+  return static_cast<std::int16_t>(ParseWhole<std::uint16_t>(digits, 16).value_or(0));
 }
 
 bool IsOneOf(std::string_view word, std::span<const std::string_view> words) {
@@ -137,10 +135,8 @@ void DescribedDriver::AnswerPair(KeyId key, const Pair& pair, std::int32_t homer
 std::int32_t DescribedDriver::OwnHomer() {
   constexpr std::string_view kName = "homer";
   if (machine_.clocks->homer) return *machine_.clocks->homer;
-  std::int32_t homer = 0;
-  if (const std::optional<std::string> kept = store_.MachineState(kName)) {
-    std::from_chars(kept->data(), kept->data() + kept->size(), homer);
-  }
+  const std::string kept = store_.MachineState(kName).value_or("");
+  std::int32_t homer = ParseWhole<std::int32_t>(kept).value_or(0);
   if (homer == 0) {
     std::random_device random;
     homer = std::uniform_int_distribution<std::int32_t>(1, 0x7FFFFFFF)(random);
@@ -152,11 +148,10 @@ std::int32_t DescribedDriver::OwnHomer() {
 ClockPair DescribedDriver::InForce(const Pair& pair) {
   const std::optional<std::string> kept = store_.MachineState(pair.krusty);
   if (!kept) return pair.defaults;
-  ClockPair clocks;
-  const char* end = kept->data() + kept->size();
-  const auto core = std::from_chars(kept->data(), end, clocks.core);
-  if (core.ptr != end) std::from_chars(core.ptr + 1, end, clocks.memory);
-  return clocks;
+  const std::string_view text = *kept;
+  const std::size_t comma = std::min(text.find(','), text.size());
+  return {ParseWhole<std::int16_t>(text.substr(0, comma)).value_or(0),
+          ParseWhole<std::int16_t>(text.substr(std::min(comma + 1, text.size()))).value_or(0)};
 }
 
 void DescribedDriver::PutInForce(const Pair& pair, const ClockPair& clocks) {

@@ -4,12 +4,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <span>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -125,14 +125,13 @@ std::optional<std::string> FolderFiles::Locate(std::string_view path) {
 std::optional<std::string> FolderFiles::ReadBytes(std::string_view path) {
   const std::optional<std::string> file = Locate(path);
   if (!file) return std::nullopt;
-  std::ifstream stream(*file, std::ios::binary | std::ios::ate);
-  if (!stream.is_open()) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(std::max<std::streamoff>(stream.tellg(), 0)), '\0');
-  stream.seekg(0);
-  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (stream.bad()) return std::nullopt;
-  bytes.resize(static_cast<std::size_t>(stream.gcount()));
-  return bytes;
+  Result<std::string> bytes = ReadWholeFile(*file);
+  if (!bytes.Ok()) return std::nullopt;
+  return std::move(bytes).Value();
+}
+
+Result<std::string> FolderFiles::ReadAnyFile(const std::string& path) {
+  return ReadWholeFile(path);
 }
 
 std::vector<std::string> FolderFiles::ListFiles(std::string_view folder, std::string_view ending) {

@@ -19,10 +19,11 @@ class FolderFiles : public FilesApi {
   std::vector<std::string> ListFiles(std::string_view folder, std::string_view ending) override;
   std::optional<std::string> Locate(std::string_view path) override;
   bool IsPicture(std::string_view path) override;
+  Result<std::string> ReadAnyFile(const std::string& path) override;
   std::string DecodeText(std::string_view bytes, int code_page) override {
     return code_pages_.Decode(bytes, code_page);
   }
-  EncodedText EncodeText(std::string_view text, int code_page) {
+  EncodedText EncodeText(std::string_view text, int code_page) override {
     return code_pages_.Encode(text, code_page);
   }
 

@@ -1,62 +1,65 @@
 #include "platform/portable/hardware_keys.h"
 
 #include <algorithm>
-#include <cstdint>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/dword.h"
+#include "platform/value_text.h"
 
 namespace kestrune::platform::portable {
 namespace {
 
+constexpr std::string_view kLevels[] = {"HARDWARE", "DESCRIPTION", "System", "CentralProcessor"};
 constexpr std::string_view kProcessors = "HARDWARE\\DESCRIPTION\\SYSTEM\\CENTRALPROCESSOR";
 
-// Handles that no registry gives out, so that they need no table.
-constexpr RegHandle kKeyWithoutValues = 0xFFFF0000;
-constexpr RegHandle kProcessorKey = 0xFFFF0001;
-
-bool IsOwn(RegHandle key) { return key == kKeyWithoutValues || key == kProcessorKey; }
-
 StoredValue Text(const std::string& name, const std::string& text) {
-  const auto* bytes = reinterpret_cast<const std::byte*>(text.c_str());
-  return {name, RegType::kSz, {bytes, bytes + text.size() + 1}};
+  return {name, RegType::kSz, TextData(text)};
 }
 
 StoredValue Dword(const std::string& name, int number) {
-  StoredValue value{name, RegType::kDword, {}};
-  for (int shift = 0; shift < 32; shift += 8) {
-    value.data.push_back(static_cast<std::byte>(static_cast<std::uint32_t>(number) >> shift));
-  }
-  return value;
+  const auto bytes = DwordBytes(number);
+  return {name, RegType::kDword, {bytes.begin(), bytes.end()}};
+}
+
+bool IsWithin(std::string_view outer, std::string_view inner) {
+  return outer.empty() || (inner.starts_with(outer) &&
+                           (inner.size() == outer.size() || inner[outer.size()] == '\\'));
+}
+
+/// How many names a path has.
+std::size_t DepthOf(std::string_view path) {
+  path = WithoutLastBackslash(path);
+  const auto separators = static_cast<std::size_t>(std::count(path.begin(), path.end(), '\\'));
+  return path.empty() ? 0 : separators + 1;
 }
 
 }  // namespace
 
 RegStatus HardwareKeys::OpenKey(RegRoot root, std::string_view path, RegHandle& key) {
-  bool has_values = false;
-  const Place place = PlaceOf(root, path, has_values);
+  const Place place = PlaceOf(root, path);
   if (place == Place::kNowhere) return RegStatus::kNotFound;
-  if (place != Place::kHere) {
-    const RegStatus status = registry_.OpenKey(root, path, key);
+  if (place == Place::kElsewhere || place == Place::kAbove) {
+    const RegStatus status = RegistryWrapper::OpenKey(root, path, key);
     if (place == Place::kElsewhere || status != RegStatus::kNotFound) return status;
   }
-  key = has_values ? kProcessorKey : kKeyWithoutValues;
+  key = Keep(root, path, 0);
   return RegStatus::kSuccess;
 }
 
 RegStatus HardwareKeys::CreateKey(RegRoot root, std::string_view path, RegHandle& key) {
-  bool has_values = false;
-  const Place place = PlaceOf(root, path, has_values);
+  const Place place = PlaceOf(root, path);
   if (place == Place::kNowhere) return RegStatus::kAccessDenied;
-  if (place != Place::kHere) return registry_.CreateKey(root, path, key);
-  key = has_values ? kProcessorKey : kKeyWithoutValues;
+  if (place == Place::kElsewhere || place == Place::kAbove) {
+    return RegistryWrapper::CreateKey(root, path, key);
+  }
+  key = Keep(root, path, 0);
   return RegStatus::kSuccess;
 }
 
 RegStatus HardwareKeys::QueryValue(RegHandle key, std::string_view name, RegType& type,
                                    std::size_t& size, std::span<std::byte> data) {
-  if (!IsOwn(key)) return registry_.QueryValue(key, name, type, size, data);
-  if (key == kKeyWithoutValues) return RegStatus::kNotFound;
-  for (const StoredValue& value : values_) {
+  if (!IsOwn(key)) return RegistryWrapper::QueryValue(key, name, type, size, data);
+  for (const StoredValue& value : OwnValues(key)) {
     if (!SameWithoutCase(value.name, name)) continue;
     type = value.type;
     size = value.data.size();
@@ -70,38 +73,91 @@ RegStatus HardwareKeys::QueryValue(RegHandle key, std::string_view name, RegType
 
 RegStatus HardwareKeys::SetValue(RegHandle key, std::string_view name, RegType type,
                                  std::span<const std::byte> data) {
-  return IsOwn(key) ? RegStatus::kAccessDenied : registry_.SetValue(key, name, type, data);
+  if (IsOwn(key)) return RegStatus::kAccessDenied;
+  return RegistryWrapper::SetValue(key, name, type, data);
 }
 
 RegStatus HardwareKeys::DeleteValue(RegHandle key, std::string_view name) {
-  return IsOwn(key) ? RegStatus::kAccessDenied : registry_.DeleteValue(key, name);
+  return IsOwn(key) ? RegStatus::kAccessDenied : RegistryWrapper::DeleteValue(key, name);
 }
 
-void HardwareKeys::CloseKey(RegHandle key) {
-  if (!IsOwn(key)) registry_.CloseKey(key);
+RegStatus HardwareKeys::SetDefaultValue(RegRoot root, std::string_view path,
+                                        std::string_view text) {
+  const Place place = PlaceOf(root, path);
+  if (place != Place::kElsewhere && place != Place::kAbove) return RegStatus::kAccessDenied;
+  return RegistryWrapper::SetDefaultValue(root, path, text);
 }
 
-/// Where a path lies: away from the processors, above them, on one of their keys, or below them
-/// where there is nothing.
-HardwareKeys::Place HardwareKeys::PlaceOf(RegRoot root, std::string_view path, bool& has_values) {
-  constexpr std::string_view kFirst = "HARDWARE";
-  if (root != RegRoot::kLocalMachine || !SameWithoutCase(path.substr(0, kFirst.size()), kFirst)) {
-    return Place::kElsewhere;
+RegStatus HardwareKeys::DeleteKey(RegRoot root, std::string_view path) {
+  const Place place = PlaceOf(root, path);
+  if (place == Place::kNowhere) return RegStatus::kNotFound;
+  return place == Place::kElsewhere ? RegistryWrapper::DeleteKey(root, path)
+                                    : RegStatus::kAccessDenied;
+}
+
+RegStatus HardwareKeys::ListKeys(RegHandle key, std::vector<std::string>& names) {
+  const OpenedKey* opened = Opened(key);
+  if (opened == nullptr) return RegStatus::kInvalidHandle;
+  std::vector<std::string> all;
+  if (opened->inner != 0) {
+    const RegStatus status = RegistryWrapper::ListKeys(key, all);
+    if (status != RegStatus::kSuccess) return status;
   }
-  std::string folded = FoldCase(path);
-  if (folded.ends_with('\\')) folded.pop_back();
-  const auto is_within = [](std::string_view outer, std::string_view inner) {
-    return inner.starts_with(outer) &&
-           (inner.size() == outer.size() || inner[outer.size()] == '\\');
-  };
-  if (!is_within(kProcessors, folded)) {
-    return is_within(folded, kProcessors) ? Place::kAbove : Place::kElsewhere;
+  for (std::string& own : OwnKeys(opened->address)) {
+    const bool is_there = std::any_of(all.begin(), all.end(), [&own](const std::string& name) {
+      return SameWithoutCase(name, own);
+    });
+    if (!is_there) all.push_back(std::move(own));
   }
-  if (folded.size() == kProcessors.size()) return Place::kHere;
+  std::sort(all.begin(), all.end(), [](const std::string& left, const std::string& right) {
+    return FoldCase(left) < FoldCase(right);
+  });
+  names = std::move(all);
+  return RegStatus::kSuccess;
+}
+
+RegStatus HardwareKeys::ListValues(RegHandle key, std::vector<StoredValue>& values) {
+  if (!IsOwn(key)) return RegistryWrapper::ListValues(key, values);
+  values = OwnValues(key);
+  return RegStatus::kSuccess;
+}
+
+bool HardwareKeys::IsOwn(RegHandle key) {
+  const OpenedKey* opened = Opened(key);
+  return opened != nullptr && opened->inner == 0;
+}
+
+std::vector<StoredValue> HardwareKeys::OwnValues(RegHandle key) {
+  const KeyAddress& address = Opened(key)->address;
+  return PlaceOf(address.root, address.path) == Place::kProcessor ? values_
+                                                                  : std::vector<StoredValue>();
+}
+
+/// The names below a key that no registry behind needs to have.
+std::vector<std::string> HardwareKeys::OwnKeys(const KeyAddress& address) {
+  const Place place = PlaceOf(address.root, address.path);
+  if (place == Place::kAbove) return {std::string(kLevels[DepthOf(address.path)])};
+  std::vector<std::string> numbers;
+  if (place != Place::kProcessors) return numbers;
   LoadValues();
-  const std::string_view number = std::string_view(folded).substr(kProcessors.size() + 1);
+  for (int i = 0; i < *count_; ++i) numbers.push_back(std::to_string(i));
+  return numbers;
+}
+
+HardwareKeys::Place HardwareKeys::PlaceOf(RegRoot root, std::string_view path) {
+  constexpr std::string_view kFirst = kLevels[0];
+  if (root != RegRoot::kLocalMachine) return Place::kElsewhere;
+  if (path.empty()) return Place::kAbove;
+  if (!SameWithoutCase(path.substr(0, kFirst.size()), kFirst)) return Place::kElsewhere;
+  const std::string whole = FoldCase(path);
+  const std::string_view folded = WithoutLastBackslash(whole);
+  if (folded == kProcessors) return Place::kProcessors;
+  if (IsWithin(folded, kProcessors)) return Place::kAbove;
+  if (!IsWithin(kProcessors, folded)) return Place::kElsewhere;
+  LoadValues();
+  const std::string_view number = folded.substr(kProcessors.size() + 1);
   for (int i = 0; i < *count_; ++i) {
-    if (number == std::to_string(i)) return has_values = true, Place::kHere;
+    if (number == std::to_string(i)) return Place::kProcessor;
   }
   return Place::kNowhere;
 }
@@ -110,10 +166,10 @@ void HardwareKeys::LoadValues() {
   if (count_) return;
   const DescribedProcessor processor = ask_processor_();
   count_ = processor.count.value_or(1);
-  if (processor.mhz) values_.push_back(Dword("~MHz", *processor.mhz));
   if (processor.identifier) values_.push_back(Text("Identifier", *processor.identifier));
-  if (processor.vendor) values_.push_back(Text("VendorIdentifier", *processor.vendor));
   if (processor.name) values_.push_back(Text("ProcessorNameString", *processor.name));
+  if (processor.vendor) values_.push_back(Text("VendorIdentifier", *processor.vendor));
+  if (processor.mhz) values_.push_back(Dword("~MHz", *processor.mhz));
 }
 
 }  // namespace kestrune::platform::portable

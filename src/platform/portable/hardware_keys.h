@@ -3,23 +3,22 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/portable/machine_description.h"
-#include "platform/portable/store.h"
-#include "platform/registry_api.h"
+#include "platform/registry_wrapper.h"
 
 namespace kestrune::platform::portable {
 
 /// A registry in which the machine's processors stand under
 /// HKEY_LOCAL_MACHINE\HARDWARE\DESCRIPTION\System\CentralProcessor, as the system puts them there
-/// at its start. They can be read and never written (kAccessDenied). Everything else goes to the
-/// registry behind, which must outlive this.
-class HardwareKeys : public RegistryApi {
+/// at its start. They can be read and listed, and never written or deleted (kAccessDenied).
+class HardwareKeys : public RegistryWrapper {
  public:
-  /// `processor` is asked when a key of the processors is first opened.
-  HardwareKeys(RegistryApi& registry, std::function<DescribedProcessor()> processor)
-      : registry_(registry), ask_processor_(std::move(processor)) {}
+  /// `processor` is asked when a key of the processors is first opened or listed.
+  HardwareKeys(RegistryApi& inner, std::function<DescribedProcessor()> processor)
+      : RegistryWrapper(inner), ask_processor_(std::move(processor)) {}
 
   RegStatus OpenKey(RegRoot root, std::string_view path, RegHandle& key) override;
   RegStatus CreateKey(RegRoot root, std::string_view path, RegHandle& key) override;
@@ -28,20 +27,23 @@ class HardwareKeys : public RegistryApi {
   RegStatus SetValue(RegHandle key, std::string_view name, RegType type,
                      std::span<const std::byte> data) override;
   RegStatus DeleteValue(RegHandle key, std::string_view name) override;
-  void CloseKey(RegHandle key) override;
-  void BeginReads() override { registry_.BeginReads(); }
-  void EndReads() override { registry_.EndReads(); }
+  RegStatus SetDefaultValue(RegRoot root, std::string_view path, std::string_view text) override;
+  RegStatus DeleteKey(RegRoot root, std::string_view path) override;
+  RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) override;
+  RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) override;
 
  private:
-  enum class Place { kElsewhere, kAbove, kHere, kNowhere };
+  enum class Place { kElsewhere, kAbove, kProcessors, kProcessor, kNowhere };
 
-  Place PlaceOf(RegRoot root, std::string_view path, bool& has_values);
+  Place PlaceOf(RegRoot root, std::string_view path);
+  bool IsOwn(RegHandle key);
+  std::vector<StoredValue> OwnValues(RegHandle key);
+  std::vector<std::string> OwnKeys(const KeyAddress& address);
   void LoadValues();
 
-  RegistryApi& registry_;
   std::function<DescribedProcessor()> ask_processor_;
   std::optional<int> count_;
-  std::vector<StoredValue> values_;  ///< of every processor alike
+  std::vector<StoredValue> values_;  ///< of every processor alike, sorted by name
 };
 
 }  // namespace kestrune::platform::portable

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <set>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -13,7 +11,8 @@
 #define TOML_EXCEPTIONS 0
 #include <toml++/toml.h>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -225,13 +224,9 @@ std::vector<std::string> DescriptionFiles(const std::string& folder) {
 }  // namespace
 
 Result<LoadedDescription> LoadMachineDescription(const std::string& file) {
-  std::error_code error;
-  std::ifstream stream;
-  if (!std::filesystem::is_directory(file, error)) stream.open(file, std::ios::binary);
-  if (!stream.is_open()) return Fail("The machine description " + file + " can't be read.");
-  std::ostringstream text;
-  text << stream.rdbuf();
-  return ParseMachineDescription(text.view(), file);
+  const Result<std::string> text = ReadWholeFile(file);
+  if (!text.Ok()) return Fail("The machine description " + file + " can't be read.");
+  return ParseMachineDescription(text.Value(), file);
 }
 
 Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file) {
@@ -261,25 +256,25 @@ Result<std::string> FindMachineDescription(const std::string& machine,
     if (std::filesystem::exists(file, error)) return file;
   }
   std::string known;
-  for (const AvailableMachine& available : ListMachineDescriptions(folders)) {
+  for (const MachineInfo& available : ListMachineDescriptions(folders)) {
     known += (known.empty() ? "" : ", ") + available.name;
   }
   return Fail("There is no machine \"" + machine + "\"; " +
               (known.empty() ? "none is described." : "there are " + known + "."));
 }
 
-std::vector<AvailableMachine> ListMachineDescriptions(const std::vector<std::string>& folders) {
-  std::map<std::string, AvailableMachine> machines;
+std::vector<MachineInfo> ListMachineDescriptions(const std::vector<std::string>& folders) {
+  std::map<std::string, MachineInfo> machines;
   for (const std::string& folder : folders) {
     for (const std::string& file : DescriptionFiles(folder)) {
       const std::string name = std::filesystem::path(file).stem().string();
       if (machines.contains(name)) continue;
       const auto loaded = LoadMachineDescription(file);
-      machines[name] = {name, file,
-                        loaded.Ok() ? loaded.Value().description.title : loaded.Reason()};
+      machines[name] = {name, loaded.Ok() ? loaded.Value().description.title : loaded.Reason(),
+                        file};
     }
   }
-  std::vector<AvailableMachine> list;
+  std::vector<MachineInfo> list;
   list.reserve(machines.size());
   for (auto& [name, machine] : machines) list.push_back(std::move(machine));
   return list;

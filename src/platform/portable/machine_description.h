@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/display_api.h"
+#include "platform/machine.h"
 #include "platform/result.h"
 #include "platform/version_api.h"
 
@@ -71,17 +72,11 @@ struct LoadedDescription {
 Result<LoadedDescription> LoadMachineDescription(const std::string& file);
 Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file);
 
-struct AvailableMachine {
-  std::string name;  ///< as FindMachineDescription takes it
-  std::string file;
-  std::string title;  ///< or what is wrong with the file
-};
-
 /// The file of a description: `machine` itself when it has a slash or ends in ".toml", else the
 /// file of that name in the first of the folders that has one.
 Result<std::string> FindMachineDescription(const std::string& machine,
                                            const std::vector<std::string>& folders);
 /// All descriptions by name; of two with the same name, the first folder's.
-std::vector<AvailableMachine> ListMachineDescriptions(const std::vector<std::string>& folders);
+std::vector<MachineInfo> ListMachineDescriptions(const std::vector<std::string>& folders);
 
 }  // namespace kestrune::platform::portable

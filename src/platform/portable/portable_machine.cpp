@@ -2,14 +2,23 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <optional>
 #include <system_error>
 #include <utility>
 
 #include "platform/portable/code_page.h"
+#include "platform/portable/display.h"
+#include "platform/portable/driver.h"
+#include "platform/portable/files.h"
+#include "platform/portable/hardware_keys.h"
+#include "platform/portable/machine_description.h"
 #include "platform/portable/processor.h"
-#include "platform/portable/reg_file.h"
+#include "platform/portable/shell.h"
+#include "platform/portable/store.h"
+#include "platform/portable/store_registry.h"
+#include "platform/portable/versions.h"
+#include "platform/portable/whole_file.h"
+#include "platform/reg_file.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -50,27 +59,23 @@ std::string InstalledFolder(const std::string& executable_folder) {
   return std::filesystem::path(executable_folder + "/../share/kestrune").lexically_normal();
 }
 
-std::optional<std::string> ReadFile(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream.is_open() || IsFolder(file)) return std::nullopt;
-  std::ostringstream bytes;
-  bytes << stream.rdbuf();
-  return std::move(bytes).str();
-}
-
 /// Gives a new store what the machine's registry holds from the start.
-std::optional<std::string> FillStore(const MachineDescription& machine, Store& store) {
-  if (machine.registry.empty()) return std::nullopt;
+Result<void> FillStore(const MachineDescription& machine, Store& store) {
+  if (machine.registry.empty()) return {};
   const std::string file =
       std::filesystem::path(machine.file).replace_filename(machine.registry).string();
-  const std::optional<std::string> bytes = ReadFile(file);
-  if (!bytes) return "The registry file " + file + " can't be read.";
-  CodePages code_pages(machine.code_page);
-  const auto changes = ParseRegFile(*bytes, code_pages);
+  FolderFiles files({}, machine.code_page);
+  const Result<std::string> bytes = files.ReadAnyFile(file);
+  if (!bytes.Ok()) return Fail("The registry file " + file + " can't be read.");
+  const auto changes = ParseRegFile(bytes.Value(), files);
+  if (!changes.Ok()) {
+    const RegFileFault& fault = changes.Reason();
+    return Fail(file + ":" + std::to_string(fault.line) + ": " + fault.reason);
+  }
   StoreRegistry registry(store);
-  if (changes.Ok()) return ApplyRegFile(changes.Value(), store, registry);
-  const RegFileFault& fault = changes.Reason();
-  return file + ":" + std::to_string(fault.line) + ": " + fault.reason;
+  Result<void> applied = ApplyRegFile(changes.Value(), registry);
+  if (!applied && store.FirstFailure()) return Fail(*store.FirstFailure());
+  return applied;
 }
 
 DescribedProcessor ProcessorOf(const MachineDescription& machine) {
@@ -78,17 +83,53 @@ DescribedProcessor ProcessorOf(const MachineDescription& machine) {
   const bool is_whole = described.count && described.mhz && described.name &&
                         described.identifier && described.vendor;
   if (is_whole) return described;
-  std::ifstream cpu_info("/proc/cpuinfo");
-  return Completed(described, ReadProcessors(cpu_info));
+  const Result<std::string> cpu_info = ReadWholeFile("/proc/cpuinfo");
+  return cpu_info.Ok() ? Completed(described, ReadProcessors(cpu_info.Value())) : described;
 }
+
+class PortableMachine : public Machine {
+ public:
+  PortableMachine(const MachinePlaces& places, LoadedDescription loaded,
+                  std::unique_ptr<Store> store, bool dry_run)
+      : description_(std::move(loaded.description)),
+        warnings_(std::move(loaded.warnings)),
+        store_(std::move(store)),
+        store_registry_(*store_),
+        registry_(store_registry_, [this] { return ProcessorOf(description_); }),
+        display_(description_),
+        version_(description_),
+        driver_(description_, *store_),
+        shell_(dry_run),
+        files_(places.program_folders, description_.code_page) {
+    shell_.SetDriverStandIn(&driver_);
+  }
+
+  Services ServicesFor(DialogApi& dialog) override {
+    return {registry_, display_, version_, shell_, files_, dialog};
+  }
+  std::optional<std::string> FirstFailure() const override { return store_->FirstFailure(); }
+  const std::vector<std::string>& Warnings() const override { return warnings_; }
+
+ private:
+  MachineDescription description_;
+  std::vector<std::string> warnings_;
+  std::unique_ptr<Store> store_;
+  StoreRegistry store_registry_;
+  HardwareKeys registry_;
+  DescribedDisplays display_;
+  DescribedVersions version_;
+  DescribedDriver driver_;
+  ProcessShell shell_;
+  FolderFiles files_;
+};
 
 }  // namespace
 
-MachinePlaces FindPlaces(const MachineOptions& options) {
+MachinePlaces FindPlaces(const MachineOptions& options, const std::string& executable_folder) {
   MachinePlaces places;
   const std::string user = UserDataFolder();
-  const std::string installed = InstalledFolder(
-      options.executable_folder.empty() ? ExecutableFolder() : options.executable_folder);
+  const std::string installed =
+      InstalledFolder(executable_folder.empty() ? ExecutableFolder() : executable_folder);
   const std::string given = FirstOf(options.program_folder, "KESTRUNE_PROGRAM_FOLDER", "");
   if (!given.empty()) {
     places.program_folders = {given};
@@ -111,8 +152,8 @@ MachinePlaces FindPlaces(const MachineOptions& options) {
   return places;
 }
 
-Result<std::unique_ptr<PortableMachine>> PortableMachine::Open(const MachineOptions& options) {
-  MachinePlaces places = FindPlaces(options);
+Result<std::unique_ptr<Machine>> PortableMachines::Open(const MachineOptions& options) {
+  const MachinePlaces places = FindPlaces(options, executable_folder_);
   const auto file = FindMachineDescription(places.machine, places.machine_folders);
   if (!file.Ok()) return Fail(file.Reason());
   auto loaded = LoadMachineDescription(file.Value());
@@ -132,24 +173,23 @@ Result<std::unique_ptr<PortableMachine>> PortableMachine::Open(const MachineOpti
   store_options.fill = [&machine](Store& store) { return FillStore(machine, store); };
   auto store = Store::Open(store_options);
   if (!store.Ok()) return Fail(store.Reason());
-  return std::unique_ptr<PortableMachine>(new PortableMachine(
-      std::move(places), std::move(loaded).Value(), std::move(store).Value(), options.dry_run));
+  return std::unique_ptr<Machine>(std::make_unique<PortableMachine>(
+      places, std::move(loaded).Value(), std::move(store).Value(), options.dry_run));
 }
 
-PortableMachine::PortableMachine(MachinePlaces places, LoadedDescription loaded,
-                                 std::unique_ptr<Store> store, bool dry_run)
-    : places_(std::move(places)),
-      description_(std::move(loaded.description)),
-      warnings_(std::move(loaded.warnings)),
-      store_(std::move(store)),
-      store_registry_(*store_),
-      registry_(store_registry_, [this] { return ProcessorOf(description_); }),
-      display_(description_),
-      version_(description_),
-      driver_(description_, *store_),
-      shell_(dry_run),
-      files_(places_.program_folders, description_.code_page) {
-  shell_.SetDriverStandIn(&driver_);
+std::vector<MachineInfo> PortableMachines::List(const MachineOptions& options) {
+  return ListMachineDescriptions(FindPlaces(options, executable_folder_).machine_folders);
+}
+
+Result<MachineInfo> PortableMachines::Describe(const std::string& machine,
+                                               const MachineOptions& options) {
+  const MachinePlaces places = FindPlaces(options, executable_folder_);
+  const auto file = FindMachineDescription(machine, places.machine_folders);
+  if (!file.Ok()) return Fail(file.Reason());
+  auto loaded = LoadMachineDescription(file.Value());
+  if (!loaded.Ok()) return Fail(loaded.Reason());
+  return MachineInfo{machine, loaded.Value().description.title, file.Value(),
+                     std::move(loaded.Value().warnings)};
 }
 
 }  // namespace kestrune::platform::portable

@@ -1,5 +1,6 @@
 #include "platform/portable/processor.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <map>
@@ -22,15 +23,17 @@ void Complete(std::optional<Value>& value, const std::optional<Value>& other) {
 
 }  // namespace
 
-DescribedProcessor ReadProcessors(std::istream& cpu_info) {
+DescribedProcessor ReadProcessors(std::string_view cpu_info) {
   std::map<std::string, std::string, std::less<>> first;  // what is said of the first processor
   int count = 0;
-  for (std::string line; std::getline(cpu_info, line);) {
+  while (!cpu_info.empty()) {
+    const std::string_view line = cpu_info.substr(0, cpu_info.find('\n'));
+    cpu_info.remove_prefix(std::min(line.size() + 1, cpu_info.size()));
     const std::size_t colon = line.find(':');
     if (colon == line.npos) continue;
-    const std::string_view key = Trim(std::string_view(line).substr(0, colon));
+    const std::string_view key = Trim(line.substr(0, colon));
     if (key == "processor") ++count;
-    if (count <= 1) first.emplace(key, Trim(std::string_view(line).substr(colon + 1)));
+    if (count <= 1) first.emplace(key, Trim(line.substr(colon + 1)));
   }
   DescribedProcessor processor;
   const auto text = [&first](std::string_view key) -> std::optional<std::string> {

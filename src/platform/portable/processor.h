@@ -1,6 +1,6 @@
 #pragma once
 
-#include <istream>
+#include <string_view>
 
 #include "platform/portable/machine_description.h"
 
@@ -8,7 +8,7 @@ namespace kestrune::platform::portable {
 
 /// The processors of the running machine, from text in the form of /proc/cpuinfo. What the text
 /// doesn't say stays absent.
-DescribedProcessor ReadProcessors(std::istream& cpu_info);
+DescribedProcessor ReadProcessors(std::string_view cpu_info);
 
 /// A described processor with everything that it leaves out filled in from another one.
 DescribedProcessor Completed(const DescribedProcessor& described, const DescribedProcessor& other);

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
 
 namespace kestrune::platform::portable {
 namespace {

@@ -22,15 +22,9 @@ namespace kestrune::platform::portable {
 
 class Store;
 
-/// A key's number in the store. Keys are never deleted, so it stays good for the store's lifetime,
-/// unless the transaction that created the key is taken back.
+/// A key's number in the store. It is never given to another key, unless the transaction that
+/// created the key is taken back.
 using KeyId = std::int64_t;
-
-struct StoredValue {
-  std::string name;  ///< as first written; empty for the default value
-  RegType type = RegType::kNone;
-  std::vector<std::byte> data;
-};
 
 struct StoreOptions {
   std::string path = {};
@@ -38,17 +32,17 @@ struct StoreOptions {
   bool dry_run = false;
   /// How long another program may keep the store locked.
   std::chrono::milliseconds busy_timeout{5000};
-  /// Runs once, in the transaction that creates the store. A sentence takes the creation back and
+  /// Runs once, in the transaction that creates the store. A failure takes the creation back and
   /// becomes the reason why the store can't be opened.
-  std::function<std::optional<std::string>(Store&)> fill = nullptr;
+  std::function<Result<void>(Store&)> fill = nullptr;
 };
 
 /// A registry in one SQLite file that several programs may use at a time.
 ///
 /// What a call changed has reached the disk when it returns, unless a Transaction is open. Paths
-/// and names are UTF-8, matched without regard to case and kept as first written. Every failure
-/// of the file comes back as kReadFault or kWriteFault, and the first one is remembered. For one
-/// thread.
+/// and names are UTF-8, matched without regard to case and kept as first written. What is done with
+/// a key that was deleted, here or by another program, gives kKeyDeleted. Every failure of the file
+/// comes back as kReadFault or kWriteFault, and the first one is remembered. For one thread.
 class Store {
  public:
   /// Opens the store at a path, or creates it with its folder. A file that isn't a store, is
@@ -70,32 +64,29 @@ class Store {
 
   RegStatus FindKey(RegRoot root, std::string_view path, KeyId& key);
   RegStatus CreateKey(RegRoot root, std::string_view path, KeyId& key);
+  RegStatus DeleteKey(RegRoot root, std::string_view path);
   RegStatus QueryValue(KeyId key, std::string_view name, RegType& type, std::size_t& size,
                        std::span<std::byte> data);
   /// Writes nothing when the value has this type and data already.
   RegStatus SetValue(KeyId key, std::string_view name, RegType type,
                      std::span<const std::byte> data);
   RegStatus DeleteValue(KeyId key, std::string_view name);
+  RegStatus ListKeys(KeyId key, std::vector<std::string>& names);
+  RegStatus ListValues(KeyId key, std::vector<StoredValue>& values);
   void BeginReads();
   void EndReads();
-
-  /// The names of the keys below a key, and its values, sorted without regard to case; nothing
-  /// when there is no such key.
-  std::optional<std::vector<std::string>> Subkeys(RegRoot root, std::string_view path);
-  std::optional<std::vector<StoredValue>> Values(RegRoot root, std::string_view path);
+  /// What a Transaction does: false when it could not be begun, or is not kept.
+  bool BeginChange();
+  bool EndChange(bool keep);
 
   /// What a described machine remembers outside every root, by a name of its own.
   std::optional<std::string> MachineState(std::string_view name);
   RegStatus SetMachineState(std::string_view name, std::string_view text);
 
-  /// How many transactions were taken back; after one, key numbers may be stale.
-  std::uint64_t Rollbacks() const { return rollbacks_; }
-
  private:
-  friend class Transaction;
   class Query;
   enum Sql : std::size_t;
-  static constexpr std::size_t kSqlCount = 15;
+  static constexpr std::size_t kSqlCount = 18;
 
   explicit Store(std::string path) : path_(std::move(path)) {}
 
@@ -105,14 +96,16 @@ class Store {
   void Disconnect();
   int Inspect(bool& is_empty, std::optional<std::string>& refusal);
   int CheckPages(std::optional<std::string>& refusal);
-  std::optional<std::string> Create(const StoreOptions& options);
+  Result<void> Create(const StoreOptions& options);
   int UseWriteAheadLog(std::chrono::milliseconds patience);
   int Run(const char* sql);
   int ReadNumber(const char* sql, std::int64_t& number);
 
   RegStatus FindFolded(std::string_view folded, KeyId& key);
   RegStatus InsertMissingKeys(std::string_view folded, std::string_view path, KeyId& key);
+  RegStatus FindValue(Query& query, KeyId key, std::string_view folded);
   bool HasValue(KeyId key, std::string_view folded, RegType type, std::span<const std::byte> data);
+  RegStatus RequireKey(KeyId key);
   RegStatus Finish(Query& query);
   RegStatus ReadFailed(int code);
   RegStatus WriteFailed(int code);
@@ -120,8 +113,6 @@ class Store {
   std::string Reason(int code) const;
   std::string OpeningFailed(int code) const;
 
-  bool BeginChange();
-  bool EndChange(bool keep);
   bool Doomed();
   void EndView();
 
@@ -130,11 +121,11 @@ class Store {
   std::array<sqlite3_stmt*, kSqlCount> statements_{};
   std::optional<std::string> first_failure_;
   std::chrono::milliseconds busy_timeout_{0};
-  std::uint64_t rollbacks_ = 0;
   int changes_open_ = 0;  ///< nested transactions
   int reads_open_ = 0;    ///< nested BeginReads
   bool doomed_ = false;   ///< the open transaction can only be taken back
   bool view_open_ = false;
+  KeyId last_found_ = 0;  ///< an open view goes on showing it
   bool is_new_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/portable/store_registry.h"
 
+#include "platform/value_text.h"
+
 namespace kestrune::platform::portable {
 
 RegStatus StoreRegistry::OpenKey(RegRoot root, std::string_view path, RegHandle& key) {
@@ -33,28 +35,51 @@ RegStatus StoreRegistry::DeleteValue(RegHandle key, std::string_view name) {
   return id == 0 ? RegStatus::kInvalidHandle : store_.DeleteValue(id, name);
 }
 
-void StoreRegistry::CloseKey(RegHandle key) {
-  if (key == 0 || key > keys_.size() || keys_[key - 1].id == 0) return;
-  keys_[key - 1].id = 0;
-  free_.push_back(key);
+RegStatus StoreRegistry::SetDefaultValue(RegRoot root, std::string_view path,
+                                         std::string_view text) {
+  KeyId id = 0;
+  const RegStatus status = store_.CreateKey(root, path, id);
+  if (status != RegStatus::kSuccess) return status;
+  return store_.SetValue(id, "", RegType::kSz, TextData(text));
+}
+
+RegStatus StoreRegistry::ListKeys(RegHandle key, std::vector<std::string>& names) {
+  const KeyId id = Resolve(key);
+  return id == 0 ? RegStatus::kInvalidHandle : store_.ListKeys(id, names);
+}
+
+RegStatus StoreRegistry::ListValues(RegHandle key, std::vector<StoredValue>& values) {
+  const KeyId id = Resolve(key);
+  return id == 0 ? RegStatus::kInvalidHandle : store_.ListValues(id, values);
+}
+
+RegStatus StoreRegistry::BeginChanges() {
+  if (!store_.BeginChange()) return RegStatus::kWriteFault;
+  ++groups_open_;
+  return RegStatus::kSuccess;
+}
+
+RegStatus StoreRegistry::EndChanges(bool keep) {
+  const bool kept = store_.EndChange(keep);
+  if (--groups_open_ == 0) {
+    // What was opened in a group that is taken back may be a key that never came to be.
+    keys_.ForEach([kept](OpenedKey& opened) {
+      if (opened.in_group && !kept) opened.id = 0;
+      opened.in_group = false;
+    });
+  }
+  return kept || !keep ? RegStatus::kSuccess : RegStatus::kWriteFault;
 }
 
 RegHandle StoreRegistry::Keep(KeyId id) {
-  if (free_.empty()) {
-    keys_.emplace_back();
-    free_.push_back(static_cast<RegHandle>(keys_.size()));
-  }
-  const RegHandle key = free_.back();
-  free_.pop_back();
-  keys_[key - 1] = {id, store_.Rollbacks()};
+  RegHandle key = 0;
+  keys_.Add(key) = {id, groups_open_ > 0};
   return key;
 }
 
-/// A key opened before a transaction was taken back may be one that never came to be.
-KeyId StoreRegistry::Resolve(RegHandle key) const {
-  if (key == 0 || key > keys_.size()) return 0;
-  const OpenedKey& opened = keys_[key - 1];
-  return opened.rollbacks == store_.Rollbacks() ? opened.id : 0;
+KeyId StoreRegistry::Resolve(RegHandle key) {
+  const OpenedKey* opened = keys_.Find(key);
+  return opened != nullptr ? opened->id : 0;
 }
 
 }  // namespace kestrune::platform::portable

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
+#include "platform/handle_table.h"
 #include "platform/portable/store.h"
 #include "platform/registry_api.h"
 
@@ -20,22 +18,30 @@ class StoreRegistry : public RegistryApi {
   RegStatus SetValue(RegHandle key, std::string_view name, RegType type,
                      std::span<const std::byte> data) override;
   RegStatus DeleteValue(RegHandle key, std::string_view name) override;
-  void CloseKey(RegHandle key) override;
+  void CloseKey(RegHandle key) override { keys_.Remove(key); }
+  RegStatus SetDefaultValue(RegRoot root, std::string_view path, std::string_view text) override;
+  RegStatus DeleteKey(RegRoot root, std::string_view path) override {
+    return store_.DeleteKey(root, path);
+  }
+  RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) override;
+  RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) override;
   void BeginReads() override { store_.BeginReads(); }
   void EndReads() override { store_.EndReads(); }
+  RegStatus BeginChanges() override;
+  RegStatus EndChanges(bool keep) override;
 
  private:
   struct OpenedKey {
-    KeyId id = 0;  ///< 0: the place is free
-    std::uint64_t rollbacks = 0;
+    KeyId id = 0;  ///< 0: opened in a group of changes that was taken back
+    bool in_group = false;
   };
 
   RegHandle Keep(KeyId id);
-  KeyId Resolve(RegHandle key) const;
+  KeyId Resolve(RegHandle key);
 
   Store& store_;
-  std::vector<OpenedKey> keys_;  ///< a handle is a place here, counted from 1
-  std::vector<RegHandle> free_;
+  HandleTable<OpenedKey> keys_;
+  int groups_open_ = 0;  ///< nested
 };
 
 }  // namespace kestrune::platform::portable

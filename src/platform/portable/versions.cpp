@@ -1,6 +1,6 @@
 #include "platform/portable/versions.h"
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
 
 namespace kestrune::platform::portable {
 

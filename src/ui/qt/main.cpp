@@ -71,19 +71,19 @@ void TakeScreenshotIfAsked(QWidget& window) {
 }
 
 int Run(const std::string& profile_path) {
-  auto opened = platform::portable::PortableMachine::Open({});
+  platform::portable::PortableMachines machines;
+  const auto opened = machines.Open({});
   if (!opened) return Fail(opened.Reason());
-  platform::portable::PortableMachine& machine = *opened.Value();
+  platform::Machine& machine = *opened.Value();
   for (const std::string& warning : machine.Warnings()) {
     std::fprintf(stderr, "kestrune: %s\n", warning.c_str());
   }
   const std::unique_ptr<platform::DialogApi> dialog = MakeDialog();
-  const platform::Services services{machine.Registry(), machine.Display(), machine.Version(),
-                                    machine.Shell(),    machine.Files(),   *dialog};
+  const platform::Services services = machine.ServicesFor(*dialog);
   forms::Program program(services);
   const bool done = program.Start(profile_path);
   if (program.Ended()) return done ? 0 : kFailed;
-  const qt::Face face(program, machine.Files(), [&machine] { return machine.FirstFailure(); });
+  const qt::Face face(program, services.files, [&machine] { return machine.FirstFailure(); });
   TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
   return QApplication::exec();
 }

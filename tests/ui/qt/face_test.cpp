@@ -36,10 +36,10 @@ class RunningProgram {
  public:
   explicit RunningProgram(const QString& store, const QString& program_folder = {})
       : machine_(Open(store, program_folder)),
-        program_({machine_->Registry(), machine_->Display(), machine_->Version(), machine_->Shell(),
-                  machine_->Files(), dialog_}) {
+        services_(machine_->ServicesFor(dialog_)),
+        program_(services_) {
     EXPECT_TRUE(program_.Start(""));
-    face_.emplace(program_, machine_->Files(), [this] { return store_failure_; });
+    face_.emplace(program_, services_.files, [this] { return store_failure_; });
     Window().activateWindow();
     (void)QTest::qWaitForWindowActive(&Window());
   }
@@ -64,15 +64,15 @@ class RunningProgram {
   /// A binary or numeric value as hex digits; empty when it isn't set.
   std::string Stored(RegRoot root, const std::string& key_path, std::string_view name) {
     platform::RegHandle key = 0;
-    if (machine_->Registry().OpenKey(root, key_path, key) != platform::RegStatus::kSuccess) {
+    if (services_.registry.OpenKey(root, key_path, key) != platform::RegStatus::kSuccess) {
       return "";
     }
     platform::RegType type = platform::RegType::kNone;
     std::size_t size = 0;
     QByteArray data(64, '\0');
     const auto bytes = std::as_writable_bytes(std::span(data.data(), 64));
-    const auto status = machine_->Registry().QueryValue(key, name, type, size, bytes);
-    machine_->Registry().CloseKey(key);
+    const auto status = services_.registry.QueryValue(key, name, type, size, bytes);
+    services_.registry.CloseKey(key);
     if (status != platform::RegStatus::kSuccess) return "";
     return data.left(static_cast<qsizetype>(size)).toHex(' ').toStdString();
   }
@@ -88,19 +88,19 @@ class RunningProgram {
   }
 
  private:
-  static std::unique_ptr<platform::portable::PortableMachine> Open(const QString& store,
-                                                                   const QString& program_folder) {
-    platform::portable::MachineOptions options;
-    options.store = store.toStdString();
-    options.machine = "winxp-geforce7800";
-    options.program_folder = program_folder.toStdString();
-    auto opened = platform::portable::PortableMachine::Open(options);
+  static std::unique_ptr<platform::Machine> Open(const QString& store,
+                                                 const QString& program_folder) {
+    auto opened = platform::portable::PortableMachines().Open(
+        {.store = store.toStdString(),
+         .machine = "winxp-geforce7800",
+         .program_folder = program_folder.toStdString()});
     if (!opened) throw std::runtime_error(opened.Reason());
     return std::move(opened).Value();
   }
 
-  std::unique_ptr<platform::portable::PortableMachine> machine_;
+  std::unique_ptr<platform::Machine> machine_;
   SilentDialog dialog_;
+  platform::Services services_;
   forms::Program program_;
   std::optional<std::string> store_failure_;
   std::optional<Face> face_;

@@ -18,7 +18,13 @@ class NoFiles : public platform::FilesApi {
   std::vector<std::string> ListFiles(std::string_view, std::string_view) override { return {}; }
   std::optional<std::string> Locate(std::string_view) override { return std::nullopt; }
   bool IsPicture(std::string_view) override { return false; }
+  platform::Result<std::string> ReadAnyFile(const std::string&) override {
+    return platform::Fail("No such file or directory");
+  }
   std::string DecodeText(std::string_view bytes, int) override { return std::string(bytes); }
+  platform::EncodedText EncodeText(std::string_view text, int) override {
+    return {std::string(text), 0};
+  }
 };
 
 /// A window with two pages, the second hidden, and a control of each kind.

@@ -1,16 +1,21 @@
-#include "platform/portable/reg_file.h"
+#include "platform/reg_file.h"
 
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
-#include "platform/portable/case_fold.h"
+#include "platform/case_fold.h"
+#include "platform/dword.h"
+#include "platform/key_address.h"
+#include "platform/open_key.h"
+#include "platform/utf8.h"
+#include "platform/value_text.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 namespace {
 
 using Changes = std::vector<RegFileChange>;
-using Fault = std::optional<std::string>;
 
 constexpr std::string_view kVersion4 = "REGEDIT4";
 constexpr std::string_view kVersion5 = "Windows Registry Editor Version 5.00";
@@ -93,22 +98,24 @@ std::string_view TakeLine(std::string_view& text) {
 
 class Parser {
  public:
-  explicit Parser(CodePages& code_pages) : code_pages_(code_pages) {}
+  explicit Parser(FilesApi& files) : files_(files) {}
 
   Result<Changes, RegFileFault> Parse(std::string_view bytes) {
-    if (Fault fault = ReadHeader(bytes)) return FailWith(RegFileFault{line_number_, *fault});
+    if (const auto header = ReadHeader(bytes); !header) return FaultOf(header);
     while (!rest_.empty()) {
       const std::string_view line = NextLine();
       if (IsBlankOrComment(line)) continue;
-      if (Fault fault = ReadLine(Trim(line))) {
-        return FailWith(RegFileFault{line_number_, *fault});
-      }
+      if (const auto read = ReadLine(Trim(line)); !read) return FaultOf(read);
     }
     return std::move(changes_);
   }
 
  private:
-  Fault ReadHeader(std::string_view bytes) {
+  Failure<RegFileFault> FaultOf(const Result<void>& read) const {
+    return FailWith(RegFileFault{line_number_, read.Reason()});
+  }
+
+  Result<void> ReadHeader(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE")) {
       text_ = FromUtf16(bytes.substr(2));
       encoding_ = Encoding::kUtf16;
@@ -119,13 +126,13 @@ class Parser {
       }
       std::string_view rest = bytes;
       if (Trim(TakeLine(rest)) == kVersion5) encoding_ = Encoding::kUtf8;
-      text_ = encoding_ == Encoding::kUtf8 ? std::string(bytes) : code_pages_.Decode(bytes);
+      text_ = encoding_ == Encoding::kUtf8 ? std::string(bytes) : files_.DecodeText(bytes, 0);
     }
     rest_ = text_;
     const std::string_view header = Trim(NextLine());
     is_version5_ = header == kVersion5;
-    if (is_version5_ || header == kVersion4) return std::nullopt;
-    return "the first line is that of no registry file";
+    if (is_version5_ || header == kVersion4) return {};
+    return Fail("the first line is that of no registry file");
   }
 
   std::string_view NextLine() {
@@ -133,147 +140,134 @@ class Parser {
     return TakeLine(rest_);
   }
 
-  Fault ReadLine(std::string_view line) {
-    if (encoding_ == Encoding::kUtf8 && !IsUtf8(line)) return "this isn't valid UTF-8";
+  Result<void> ReadLine(std::string_view line) {
+    if (encoding_ == Encoding::kUtf8 && !IsUtf8(line)) return Fail("this isn't valid UTF-8");
     if (line.front() == '[') return ReadKey(line);
-    if (!has_key_) return "a value stands before the first key";
+    if (!has_key_) return Fail("a value stands before the first key");
     RegFileChange change = Change(RegFileChange::Kind::kSetValue);
     if (line.front() == '@') {
       line.remove_prefix(1);
     } else if (line.front() != '"') {
-      return "this is neither a key nor a value";
-    } else if (Fault fault = TakeQuoted(line, change.name)) {
-      return fault;
+      return Fail("this is neither a key nor a value");
+    } else if (auto name = TakeQuoted(line, change.name); !name) {
+      return name;
     }
     line = TrimStart(line);
-    if (!TakePrefix(line, "=")) return "\"=\" is missing after the value's name";
-    if (key_.empty()) return "a root holds no values";
-    if (Fault fault = ReadData(TrimStart(line), change)) return fault;
+    if (!TakePrefix(line, "=")) return Fail("\"=\" is missing after the value's name");
+    if (key_.empty()) return Fail("a root holds no values");
+    if (auto data = ReadData(TrimStart(line), change); !data) return data;
     changes_.push_back(std::move(change));
-    return std::nullopt;
+    return {};
   }
 
-  Fault ReadKey(std::string_view line) {
+  Result<void> ReadKey(std::string_view line) {
     std::size_t end = line.rfind(']');
-    if (end == line.npos || !IsBlankOrComment(line.substr(end + 1))) return "\"]\" is missing";
+    if (end == line.npos || !IsBlankOrComment(line.substr(end + 1)))
+      return Fail("\"]\" is missing");
     line = line.substr(1, end - 1);
-    if (line.starts_with('-')) return "keys can't be deleted";
+    if (line.starts_with('-')) return Fail("keys can't be deleted");
     const std::size_t root_end = std::min(line.find('\\'), line.size());
-    if (!FindRoot(line.substr(0, root_end))) {
-      return std::string(line.substr(0, root_end)) + " is no root";
+    const std::optional<RegRoot> root = RootNamed(line.substr(0, root_end));
+    if (!root) {
+      return Fail(std::string(line.substr(0, root_end)) + " is no root");
     }
     line.remove_prefix(std::min(root_end + 1, line.size()));
     if (line.ends_with('\\')) line.remove_suffix(1);
     if (line.starts_with('\\') || line.ends_with('\\') || line.find("\\\\") != line.npos) {
-      return "a part of the key's path is empty";
+      return Fail("a part of the key's path is empty");
     }
+    root_ = *root;
     key_ = line;
     has_key_ = true;
     changes_.push_back(Change(RegFileChange::Kind::kCreateKey));
-    return std::nullopt;
-  }
-
-  bool FindRoot(std::string_view name) {
-    constexpr std::pair<std::string_view, RegRoot> kRoots[] = {
-        {"HKEY_LOCAL_MACHINE", RegRoot::kLocalMachine},
-        {"HKEY_CURRENT_USER", RegRoot::kCurrentUser},
-        {"HKEY_CLASSES_ROOT", RegRoot::kClassesRoot},
-    };
-    for (const auto& [root_name, root] : kRoots) {
-      if (!SameWithoutCase(name, root_name)) continue;
-      root_ = root;
-      return true;
-    }
-    return false;
+    return {};
   }
 
   /// Takes a text in quotes, which `line` begins with.
-  static Fault TakeQuoted(std::string_view& line, std::string& text) {
+  static Result<void> TakeQuoted(std::string_view& line, std::string& text) {
     for (std::size_t at = 1; at < line.size(); ++at) {
       if (line[at] == '"') {
         line.remove_prefix(at + 1);
-        return std::nullopt;
+        return {};
       }
       if (line[at] == '\\') {
         ++at;
         if (at == line.size() || (line[at] != '\\' && line[at] != '"')) {
-          return "\"\\\" is followed by neither \"\\\" nor a quote";
+          return Fail("\"\\\" is followed by neither \"\\\" nor a quote");
         }
       }
       text.push_back(line[at]);
     }
-    return "the closing quote is missing";
+    return Fail("the closing quote is missing");
   }
 
-  Fault ReadData(std::string_view data, RegFileChange& change) {
+  Result<void> ReadData(std::string_view data, RegFileChange& change) {
     if (data.starts_with('"')) return ReadText(data, change);
     if (TakePrefix(data, "dword:")) return ReadDword(data, change);
     if (TakePrefix(data, "hex")) return ReadHex(data, change);
-    if (!TakePrefix(data, "-")) return "the data is of no known form";
+    if (!TakePrefix(data, "-")) return Fail("the data is of no known form");
     change.kind = RegFileChange::Kind::kDeleteValue;
     return ExpectEnd(data);
   }
 
-  static Fault ExpectEnd(std::string_view rest) {
-    if (IsBlankOrComment(rest)) return std::nullopt;
-    return "something follows the data";
+  static Result<void> ExpectEnd(std::string_view rest) {
+    if (IsBlankOrComment(rest)) return {};
+    return Fail("something follows the data");
   }
 
-  static Fault ReadText(std::string_view data, RegFileChange& change) {
+  static Result<void> ReadText(std::string_view data, RegFileChange& change) {
     std::string text;
-    if (Fault fault = TakeQuoted(data, text)) return fault;
-    text.push_back('\0');
+    if (auto quoted = TakeQuoted(data, text); !quoted) return quoted;
     change.type = RegType::kSz;
-    change.data = ToBytes(text);
+    change.data = TextData(text);
     return ExpectEnd(data);
   }
 
-  static Fault ReadDword(std::string_view data, RegFileChange& change) {
+  static Result<void> ReadDword(std::string_view data, RegFileChange& change) {
     data = TrimStart(data);
     std::uint32_t number = 0;
-    if (!TakeHex(data, 8, number)) return "a dword has one to eight hexadecimal digits";
+    if (!TakeHex(data, 8, number)) return Fail("a dword has one to eight hexadecimal digits");
     change.type = RegType::kDword;
-    for (int shift = 0; shift < 32; shift += 8) {
-      change.data.push_back(static_cast<std::byte>(number >> shift & 0xFF));
-    }
-    if (!IsBlankOrComment(data)) return "a dword has one to eight hexadecimal digits";
-    return std::nullopt;
+    const auto bytes = DwordBytes(static_cast<std::int32_t>(number));
+    change.data.assign(bytes.begin(), bytes.end());
+    if (!IsBlankOrComment(data)) return Fail("a dword has one to eight hexadecimal digits");
+    return {};
   }
 
-  Fault ReadHex(std::string_view data, RegFileChange& change) {
+  Result<void> ReadHex(std::string_view data, RegFileChange& change) {
     std::uint32_t type = static_cast<std::uint32_t>(RegType::kBinary);
     if (TakePrefix(data, "(") && (!TakeHex(data, 8, type) || !TakePrefix(data, ")"))) {
-      return "the type in \"hex(...)\" is a hexadecimal number";
+      return Fail("the type in \"hex(...)\" is a hexadecimal number");
     }
-    if (!TakePrefix(data, ":")) return "\":\" is missing after \"hex\"";
+    if (!TakePrefix(data, ":")) return Fail("\":\" is missing after \"hex\"");
     std::string bytes;
-    if (Fault fault = ReadHexBytes(data, bytes)) return fault;
+    if (auto read = ReadHexBytes(data, bytes); !read) return read;
     change.type = static_cast<RegType>(type);
     if (change.type == RegType::kSz) {
-      if (is_version5_ && bytes.size() % 2 != 0) return "half a character ends the text";
-      bytes = is_version5_ ? FromUtf16(bytes) : code_pages_.Decode(bytes);
+      if (is_version5_ && bytes.size() % 2 != 0) return Fail("half a character ends the text");
+      bytes = is_version5_ ? FromUtf16(bytes) : files_.DecodeText(bytes, 0);
     }
     change.data = ToBytes(bytes);
-    return std::nullopt;
+    return {};
   }
 
   /// Reads pairs of digits with commas between them, which a backslash carries on to the next line.
-  Fault ReadHexBytes(std::string_view data, std::string& bytes) {
+  Result<void> ReadHexBytes(std::string_view data, std::string& bytes) {
     for (data = TrimStart(data); !IsBlankOrComment(data); data = TrimStart(data)) {
       if (data.front() == '\\') {
-        if (!IsBlankOrComment(data.substr(1))) return "something follows the \"\\\"";
-        if (rest_.empty()) return "the line that \"\\\" announces is missing";
+        if (!IsBlankOrComment(data.substr(1))) return Fail("something follows the \"\\\"");
+        if (rest_.empty()) return Fail("the line that \"\\\" announces is missing");
         data = NextLine();
         continue;
       }
       std::uint32_t byte = 0;
-      if (!TakeHex(data, 2, byte)) return "a byte is one or two hexadecimal digits";
+      if (!TakeHex(data, 2, byte)) return Fail("a byte is one or two hexadecimal digits");
       bytes.push_back(static_cast<char>(byte));
       data = TrimStart(data);
       if (TakePrefix(data, ",") || IsBlankOrComment(data) || data.front() == '\\') continue;
-      return "\",\" is missing between two bytes";
+      return Fail("\",\" is missing between two bytes");
     }
-    return std::nullopt;
+    return {};
   }
 
   RegFileChange Change(RegFileChange::Kind kind) const {
@@ -284,7 +278,7 @@ class Parser {
     return change;
   }
 
-  CodePages& code_pages_;
+  FilesApi& files_;
   std::string text_;
   std::string_view rest_;
   Encoding encoding_ = Encoding::kCodePage;
@@ -298,17 +292,13 @@ class Parser {
 
 }  // namespace
 
-Result<Changes, RegFileFault> ParseRegFile(std::string_view bytes, CodePages& code_pages) {
-  return Parser(code_pages).Parse(bytes);
+Result<Changes, RegFileFault> ParseRegFile(std::string_view bytes, FilesApi& files) {
+  return Parser(files).Parse(bytes);
 }
 
-std::optional<std::string> ApplyRegFile(const Changes& changes, Store& store,
-                                        RegistryApi& registry) {
-  const auto failure = [&store] {
-    return store.FirstFailure().value_or("The store " + store.Path() + " can't be written.");
-  };
-  Transaction import(store);
-  if (!import.IsOpen()) return failure();
+Result<void> ApplyRegFile(const Changes& changes, RegistryApi& registry) {
+  ChangeScope import(registry);
+  if (import.Status() != RegStatus::kSuccess) return Fail("The registry can't be written.");
   OpenKey key(registry);
   for (const RegFileChange& change : changes) {
     RegStatus status = RegStatus::kSuccess;
@@ -324,10 +314,12 @@ std::optional<std::string> ApplyRegFile(const Changes& changes, Store& store,
         if (status == RegStatus::kNotFound) status = RegStatus::kSuccess;
         break;
     }
-    if (status != RegStatus::kSuccess) return failure();
+    if (status != RegStatus::kSuccess) {
+      return Fail(KeyText(change.root, change.key) + " can't be written.");
+    }
   }
-  if (!import.Commit()) return failure();
-  return std::nullopt;
+  if (import.Commit() != RegStatus::kSuccess) return Fail("The registry can't be written.");
+  return {};
 }
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

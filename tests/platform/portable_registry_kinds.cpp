@@ -1,0 +1,73 @@
+#include <stdexcept>
+
+#include "platform/portable/hardware_keys.h"
+#include "platform/portable/store_registry.h"
+#include "platform/registry_kinds.h"
+#include "platform/temp_folder.h"
+#include "platform/tracing.h"
+
+namespace kestrune::platform {
+
+namespace {
+
+using portable::Store;
+
+class StoreUnderTest : public RegistryUnderTest {
+ public:
+  explicit StoreUnderTest(bool dry_run = false)
+      : store_(Open(folder_ / "a.store", dry_run)), registry_(*store_) {}
+
+  RegistryApi& Registry() override { return registry_; }
+
+ private:
+  static std::unique_ptr<Store> Open(const std::string& path, bool dry_run) {
+    auto store = Store::Open({.path = path, .dry_run = dry_run});
+    if (!store.Ok()) throw std::runtime_error(store.Reason());
+    return std::move(store).Value();
+  }
+
+  TempFolder folder_;
+  std::unique_ptr<Store> store_;
+  portable::StoreRegistry registry_;
+};
+
+/// A store behind a wrapper.
+template <class Wrapper, class Extra>
+class WrapperUnderTest : public StoreUnderTest {
+ public:
+  explicit WrapperUnderTest(Extra extra)
+      : extra_(std::move(extra)), wrapper_(StoreUnderTest::Registry(), extra_) {}
+
+  RegistryApi& Registry() override { return wrapper_; }
+
+ private:
+  Extra extra_;
+  Wrapper wrapper_;
+};
+
+std::unique_ptr<RegistryUnderTest> MakeStore() { return std::make_unique<StoreUnderTest>(); }
+
+std::unique_ptr<RegistryUnderTest> MakeDryRun() { return std::make_unique<StoreUnderTest>(true); }
+
+std::unique_ptr<RegistryUnderTest> MakeHardware() {
+  const auto processor = [] { return portable::DescribedProcessor(); };
+  return std::make_unique<WrapperUnderTest<portable::HardwareKeys, decltype(processor)>>(processor);
+}
+
+std::unique_ptr<RegistryUnderTest> MakeTraced() {
+  const auto ignore = [](TraceKind, const std::string&) {};
+  return std::make_unique<WrapperUnderTest<TracingRegistry, Trace>>(Trace(ignore));
+}
+
+constexpr RegistryKind kKinds[] = {
+    {"Store", MakeStore},
+    {"DryRun", MakeDryRun},
+    {"BehindHardware", MakeHardware},
+    {"Traced", MakeTraced},
+};
+
+}  // namespace
+
+std::span<const RegistryKind> RegistryKinds() { return kKinds; }
+
+}  // namespace kestrune::platform

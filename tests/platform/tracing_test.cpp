@@ -1,0 +1,99 @@
+#include "platform/tracing.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/registry_kinds.h"
+#include "platform/value_text.h"
+
+namespace kestrune::platform {
+namespace {
+
+constexpr RegRoot kUser = RegRoot::kCurrentUser;
+
+class SilentShell : public ShellApi {
+ public:
+  bool StartCommand(std::string_view, WindowState) override { return true; }
+  bool OpenWebPage(std::string_view) override { return true; }
+  bool OpenControlPanelItem(std::string_view) override { return true; }
+};
+
+struct TracingTest : testing::Test {
+  /// The lines since the last call, with a slash for each tab.
+  std::string Lines() {
+    std::string text;
+    for (const std::string& line : std::exchange(lines, {})) text += line + "\n";
+    std::replace(text.begin(), text.end(), '\t', '/');
+    return text;
+  }
+  RegHandle Key(std::string_view path) {
+    RegHandle key = 0;
+    EXPECT_EQ(registry.CreateKey(kUser, path, key), RegStatus::kSuccess);
+    return key;
+  }
+
+  std::vector<std::string> lines;
+  std::unique_ptr<RegistryUnderTest> subject = RegistryKinds().front().make();
+  Trace trace{[this](TraceKind, const std::string& line) { lines.push_back(line); }};
+  TracingRegistry registry{subject->Registry(), trace};
+  SilentShell silent;
+  TracingShell shell{silent, trace};
+};
+
+TEST_F(TracingTest, TellsWhatReachedTheRegistry) {
+  const RegHandle key = Key("K");
+  registry.SetValue(key, "a", RegType::kSz, TextData("x"));
+  registry.SetValue(key, "a", RegType::kSz, TextData("x"));
+  registry.DeleteValue(key, "a");
+  registry.DeleteValue(key, "a");
+  registry.SetDefaultValue(kUser, "K\\L", "y");
+  registry.SetDefaultValue(kUser, "", "y");
+  EXPECT_EQ(Lines(),
+            "write/HKCU\\K/a/REG_SZ x\nwrite/HKCU\\K/a/REG_SZ x\ndelete/HKCU\\K/a\n"
+            "write/HKCU\\K\\L/@/REG_SZ y\n");
+}
+
+TEST_F(TracingTest, TellsEachValueOfADeletedKey) {
+  for (const char* path : {"K", "K\\b\\x", "K\\b", "K\\A"}) {
+    const RegHandle key = Key(path);
+    for (const char* name : {"n", "", "M"}) registry.SetValue(key, name, RegType::kNone, {});
+  }
+  Lines();
+  EXPECT_EQ(registry.DeleteKey(kUser, "K\\"), RegStatus::kSuccess);
+  std::string expected;
+  for (const char* path : {"K", "K\\A", "K\\b", "K\\b\\x"}) {
+    for (const char* name : {"@", "M", "n"}) {
+      expected += std::string("delete/HKCU\\") + path + "/" + name + "\n";
+    }
+  }
+  EXPECT_EQ(Lines(), expected);
+  EXPECT_EQ(registry.DeleteKey(kUser, "K"), RegStatus::kNotFound);
+  EXPECT_EQ(Lines(), "");
+}
+
+TEST_F(TracingTest, TellsAGroupAtItsEndAndOnlyTheCommandsOfOneThatIsTakenBack) {
+  const RegHandle key = Key("K");
+  const auto group = [&](bool keep) {
+    ChangeScope outer(registry);
+    registry.SetValue(key, "a", RegType::kNone, {});
+    shell.StartCommand("first", WindowState::kNormal);
+    {
+      ChangeScope inner(registry);
+      registry.DeleteValue(key, "a");
+      EXPECT_EQ(inner.Commit(), RegStatus::kSuccess);
+    }
+    shell.OpenControlPanelItem("second");
+    EXPECT_EQ(Lines(), "");
+    if (keep) {
+      EXPECT_EQ(outer.Commit(), RegStatus::kSuccess);
+    }
+  };
+  group(true);
+  EXPECT_EQ(Lines(), "write/HKCU\\K/a/TYPE_0\nrun/first\ndelete/HKCU\\K/a\nopen/second\n");
+  group(false);
+  EXPECT_EQ(Lines(), "run/first\nopen/second\n");
+}
+
+}  // namespace
+}  // namespace kestrune::platform
