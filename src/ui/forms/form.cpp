@@ -59,8 +59,10 @@ std::unique_ptr<Control> Make(const ControlSpec& spec, Control* parent) {
     case Kind::kText:
       return MakeText(spec, std::move(id), parent);
     case Kind::kLabel:
+      return std::make_unique<controls::Label>(std::move(id), parent);
     case Kind::kHeading:
-      return std::make_unique<controls::Label>(std::move(id), parent, spec.kind == Kind::kHeading);
+      return std::make_unique<controls::Label>(std::move(id), parent,
+                                               controls::LabelRole::kHeading);
     case Kind::kButton:
       return std::make_unique<controls::Button>(std::move(id), parent);
     case Kind::kPicture:

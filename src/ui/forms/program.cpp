@@ -34,6 +34,8 @@ struct Program::Parts {
   core::ProgramState state;
   core::basRegistry registry{services.registry};
   controls::Scheduler scheduler;
+  controls::Gate gate;
+  controls::Focus focus;
 
   MainForm main;
   HelpForm help;
@@ -257,6 +259,8 @@ bool Program::Start(std::string_view command_line) {
 MainForm& Program::Main() { return parts_->main; }
 HelpForm& Program::Help() { return parts_->help; }
 controls::Scheduler& Program::Timers() { return parts_->scheduler; }
+controls::Gate& Program::Gate() { return parts_->gate; }
+controls::Focus& Program::Focus() { return parts_->focus; }
 const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->window.GoToPage(page); }
