@@ -52,7 +52,8 @@ class SettingsPages {
   forms::MainForm main_;
   controls::ControlSet controls_;
   lang::Language language_{registry_, services_.files, dialog_};
-  forms::Windows windows_{language_.LangText};
+  controls::Gate gate_;
+  forms::Windows windows_{language_.LangText, gate_};
   std::optional<detect::Versions> versions_;
   std::optional<detect::Adapter> adapter_;
   std::optional<settings::Hardware> hardware_;

@@ -41,19 +41,41 @@ class JsonMaker : public ControlVisitor {
     Kind("picture");
     json_["picture"] = picture.File();
   }
+  void Visit(controls::Graph& graph) override {
+    Kind("graph");
+    Size(graph);
+    json_["shapes"] = Json::array();
+    for (const controls::GraphShape& shape : graph.Shapes()) {
+      json_["shapes"].push_back(
+          std::visit([](const auto& each) { return ShapeJson(each); }, shape));
+    }
+  }
+  void Visit(controls::Bar& bar) override {
+    Kind("bar");
+    Size(bar);
+  }
   void Visit(controls::Frame&) override { Kind("frame"); }
   void Visit(controls::ToolKey&) override { Kind("key"); }
   void Visit(controls::Window& window) override {
     Kind("window");
     json_["left"] = window.Bounds().left;
     json_["top"] = window.Bounds().top;
-    json_["width"] = window.Bounds().width;
-    json_["height"] = window.Bounds().height;
+    Size(window);
     json_["opacity"] = window.Opacity();
   }
 
  private:
   void Kind(std::string_view kind) { json_["kind"] = kind; }
+  void Size(const Control& control) {
+    json_["width"] = control.Bounds().width;
+    json_["height"] = control.Bounds().height;
+  }
+  static Json ShapeJson(const controls::GraphLine& line) {
+    return {"line", line.x1, line.y1, line.x2, line.y2, line.colour, line.width};
+  }
+  static Json ShapeJson(const controls::GraphPoint& point) {
+    return {"point", point.x, point.y, point.colour, point.width};
+  }
   void Items(const std::vector<std::string>& items, int position) {
     json_["items"] = items;
     json_["position"] = position;
@@ -119,7 +141,9 @@ class ValueUser : public ControlVisitor {
   void Visit(controls::ListBox& list) override {
     if (!list.Choose(FindItem(list.Items(), value_))) Refuse(Listed(list.Items()));
   }
-  void Visit(controls::TextBox& box) override { box.Type(value_); }
+  void Visit(controls::TextBox& box) override {
+    if (!box.Type(value_)) Refuse("it takes no typing");
+  }
   void Visit(controls::Slider& slider) override {
     const auto number = platform::ParseWhole<int>(value_);
     if (!number || !slider.Use(*number)) {
@@ -130,6 +154,8 @@ class ValueUser : public ControlVisitor {
   void Visit(controls::Label&) override { Refuse("a label takes no value"); }
   void Visit(controls::Button&) override { Refuse("a button is pressed"); }
   void Visit(controls::PictureBox&) override { Refuse("a picture takes no value"); }
+  void Visit(controls::Graph&) override { Refuse("a graph takes no value"); }
+  void Visit(controls::Bar&) override { Refuse("a bar takes no value"); }
   void Visit(controls::Frame&) override { Refuse("a frame takes no value"); }
   void Visit(controls::ToolKey&) override { Refuse("a key is pressed"); }
   void Visit(controls::Window&) override { Refuse("a window takes no value"); }
@@ -154,6 +180,8 @@ class Presser : public ControlVisitor {
   void Visit(controls::Label& label) override { PressWhereItActs(label); }
   void Visit(controls::Button& button) override { PressIt(button); }
   void Visit(controls::PictureBox& picture) override { PressWhereItActs(picture); }
+  void Visit(controls::Graph&) override {}
+  void Visit(controls::Bar&) override {}
   void Visit(controls::Frame&) override {}
   void Visit(controls::ToolKey& key) override { PressIt(key); }
   void Visit(controls::Window&) override {}

@@ -4,6 +4,12 @@
 
 namespace kestrune::controls {
 
+const Control& Control::Root() const {
+  const Control* root = this;
+  while (root->parent_ != nullptr) root = root->parent_;
+  return *root;
+}
+
 bool Control::Usable() const {
   for (const Control* control = this; control != nullptr; control = control->parent_) {
     if (!control->enabled_ || !control->visible_) return false;

@@ -54,6 +54,8 @@ class Control {
 
   const std::string& Id() const { return id_; }
   Control* Parent() const { return parent_; }
+  /// The outermost of what it stands in, which is its window; itself where it stands in nothing.
+  const Control& Root() const;
   const std::string& Caption() const { return caption_; }
   const std::string& ToolTip() const { return tool_tip_; }
   const Rect& Bounds() const { return bounds_; }

@@ -2,12 +2,37 @@
 
 #include <algorithm>
 
+#include "platform/case_fold.h"
+
 namespace kestrune::controls {
 
 namespace {
 
 bool HasPositionIn(const std::vector<std::string>& items, int position) {
   return position >= 0 && static_cast<std::size_t>(position) < items.size();
+}
+
+bool HasItem(const std::vector<std::string>& items, int position, const std::string& text) {
+  return HasPositionIn(items, position) && items[static_cast<std::size_t>(position)] == text;
+}
+
+template <typename Matches>
+int PositionWhere(const std::vector<std::string>& items, Matches matches) {
+  const auto found = std::find_if(items.begin(), items.end(), matches);
+  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
+int PositionOf(const std::vector<std::string>& items, std::string_view text) {
+  return PositionWhere(items, [text](const std::string& item) { return item == text; });
+}
+
+/// Which item a person means by a text.
+int ItemMeant(const std::vector<std::string>& items, std::string_view text) {
+  const int exact = PositionOf(items, text);
+  if (exact >= 0) return exact;
+  return PositionWhere(items, [text](const std::string& item) {
+    return platform::SameWithoutCase(item, text);
+  });
 }
 
 }  // namespace
@@ -47,10 +72,7 @@ void OptionButton::Group(const std::vector<OptionButton*>& options) {
 
 bool ComboBox::HasPosition(int position) const { return HasPositionIn(items_, position); }
 
-int ComboBox::PositionOf(const std::string& text) const {
-  const auto found = std::find(items_.begin(), items_.end(), text);
-  return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
-}
+int ComboBox::ItemFor(std::string_view text) const { return ItemMeant(items_, text); }
 
 bool ComboBox::Choose(int position) {
   if (!HasPosition(position)) return false;
@@ -67,12 +89,17 @@ bool ComboBox::Type(std::string text) {
   return true;
 }
 
+TextUse ComboBox::UseText(const std::string& text) {
+  if (Choose(ItemFor(text))) return TextUse::kItem;
+  return Type(text) ? TextUse::kTyped : TextUse::kRefused;
+}
+
 void ComboBox::PassOn(int position) {
   if (position != position_ && HasPosition(position)) (void)Choose(position);
 }
 
 void ComboBox::ShowText(std::string text) {
-  position_ = PositionOf(text);
+  position_ = PositionOf(items_, text);
   Assign(text_, std::move(text));
 }
 
@@ -85,7 +112,7 @@ void ComboBox::ShowPosition(int position) {
 void ComboBox::SetItems(std::vector<std::string> items) {
   const bool changed = items != items_;
   items_ = std::move(items);
-  position_ = PositionOf(text_);
+  position_ = PositionOf(items_, text_);
   if (changed) Notify();
 }
 
@@ -102,11 +129,31 @@ void ListBox::SetItems(std::vector<std::string> items) {
   Notify();
 }
 
+void ListBox::RefreshItems(std::vector<std::string> items) {
+  const std::string chosen = ValueText();
+  const int old = position_;
+  items_ = std::move(items);
+  if (old >= 0 && !HasItem(items_, old, chosen)) position_ = PositionOf(items_, chosen);
+  Notify();
+}
+
+int ListBox::ItemFor(std::string_view text) const { return ItemMeant(items_, text); }
+
+void ListBox::ShowPosition(int position) {
+  if (position == -1 || HasPositionIn(items_, position)) Assign(position_, position);
+}
+
 std::string ListBox::ValueText() const {
   return position_ < 0 ? std::string() : items_[static_cast<std::size_t>(position_)];
 }
 
-void TextBox::Type(std::string text) {
+bool TextBox::Type(std::string text) {
+  if (!takes_typing_) return false;
+  PassOn(std::move(text));
+  return true;
+}
+
+void TextBox::PassOn(std::string text) {
   if (Assign(text_, std::move(text)) && on_change) on_change();
 }
 
@@ -129,6 +176,23 @@ void Slider::SetRange(int minimum, int maximum) {
   if (!same && !moved) Notify();
 }
 
+void Graph::Draw(GraphShape shape) {
+  shapes_.push_back(std::move(shape));
+  Notify();
+}
+
+void Graph::Clear() {
+  if (shapes_.empty()) return;
+  shapes_.clear();
+  Notify();
+}
+
+void Bar::ShowWidth(int width) {
+  Rect bounds = Bounds();
+  bounds.width = std::max(0, width);
+  SetBounds(bounds);
+}
+
 void Window::UseResized(const Rect& bounds, bool maximised) {
   SetBounds(bounds);
   SetMaximised(maximised);
@@ -144,6 +208,8 @@ void Slider::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void Label::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void Button::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void PictureBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Graph::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Bar::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void Frame::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void ToolKey::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void Window::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }

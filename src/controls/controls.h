@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <variant>
 #include <vector>
 
 #include "controls/control.h"
@@ -37,6 +40,9 @@ class OptionButton : public Control {
   bool Chosen() const { return chosen_; }
   /// A person chooses it; the handler runs also when it was chosen before.
   void Use();
+  void PassOn() {
+    if (!chosen_) Use();
+  }
   void Show(bool chosen);
   /// Puts the options into one group; each then knows the others.
   static void Group(const std::vector<OptionButton*>& options);
@@ -51,6 +57,9 @@ class OptionButton : public Control {
 
 /// What happened to a combo: an item was chosen from its list, or its text was changed.
 enum class ComboChange { kChosen, kText };
+
+/// What a text given to a combo turned out to be.
+enum class TextUse { kRefused, kItem, kTyped };
 
 /// A list with a text that needs not be one of its items. Its position is that of the first item
 /// that equals the text, else -1.
@@ -69,6 +78,11 @@ class ComboBox : public Control {
   bool Choose(int position);
   /// A person types. False when the combo takes no typing.
   bool Type(std::string text);
+  /// A person gives a text: an item, exactly or else without regard to case, is chosen; any other
+  /// text is typed where the combo takes typing.
+  TextUse UseText(const std::string& text);
+  /// The position of the item that a given text means; -1 for none.
+  int ItemFor(std::string_view text) const;
   void PassOn(int position);
   void ShowText(std::string text);
   /// A position outside the list leaves the combo as it was.
@@ -82,7 +96,6 @@ class ComboBox : public Control {
   std::function<void(ComboChange)> on_change;
 
  private:
-  int PositionOf(const std::string& text) const;
   bool HasPosition(int position) const;
 
   std::vector<std::string> items_;
@@ -99,7 +112,15 @@ class ListBox : public Control {
   const std::vector<std::string>& Items() const { return items_; }
   int Position() const { return position_; }
   bool Choose(int position);
+  /// The position of the line that a given text means, as for a combo; -1 for none.
+  int ItemFor(std::string_view text) const;
+  /// -1 chooses none; any other position outside the list leaves it as it was.
+  void ShowPosition(int position);
+  /// Replaces the lines; none is chosen then.
   void SetItems(std::vector<std::string> items);
+  /// Replaces the lines; the chosen one stays chosen where there is one like it, at its place
+  /// rather than elsewhere.
+  void RefreshItems(std::vector<std::string> items);
 
   std::string ValueText() const override;
   void Accept(ControlVisitor& visitor) override;
@@ -111,14 +132,17 @@ class ListBox : public Control {
   int position_ = -1;
 };
 
-/// A line of text that a person types.
+/// A line of text that a person types, or only reads where it takes no typing.
 class TextBox : public Control {
  public:
   using Control::Control;
 
   const std::string& Text() const { return text_; }
-  /// A person types; the handler runs when the text changes.
-  void Type(std::string text);
+  bool TakesTyping() const { return takes_typing_; }
+  void SetTakesTyping(bool takes) { Assign(takes_typing_, takes); }
+  /// A person types; the handler runs when the text changes. False when the box takes no typing.
+  bool Type(std::string text);
+  void PassOn(std::string text);
   void ShowText(std::string text) { Assign(text_, std::move(text)); }
   /// Whether the text was refused and the box is marked for it.
   bool Marked() const { return marked_; }
@@ -131,6 +155,7 @@ class TextBox : public Control {
 
  private:
   std::string text_;
+  bool takes_typing_ = true;
   bool marked_ = false;
 };
 
@@ -151,6 +176,9 @@ class Slider : public Control {
   /// A new range moves a slider that lies outside to the nearest end, as shown. A range whose
   /// ends are the wrong way round is ignored.
   void SetRange(int minimum, int maximum);
+  /// Whether it scrolls through something rather than setting a value. Said before it is drawn.
+  bool IsScrollBar() const { return is_scroll_bar_; }
+  void SetScrollBar(bool is_scroll_bar) { is_scroll_bar_ = is_scroll_bar; }
 
   std::string ValueText() const override { return std::to_string(value_); }
   void Accept(ControlVisitor& visitor) override;
@@ -161,19 +189,34 @@ class Slider : public Control {
   int minimum_ = 0;
   int maximum_ = 0;
   int value_ = 0;
+  bool is_scroll_bar_ = false;
 };
 
-/// Text on a page. A heading stands above several controls.
+/// What a label is for, beyond being read.
+enum class LabelRole {
+  kText,
+  kHeading,  ///< stands above several controls
+  kLink,     ///< is clicked; a keyboard reaches and presses it
+  kEdge,     ///< reacts to the mouse over it; a keyboard reaches it
+};
+
+/// Text on a page. Its role and the control that it names are said before it is drawn.
 class Label : public Control {
  public:
-  Label(std::string id, Control* parent, bool heading = false)
-      : Control(std::move(id), parent), heading_(heading) {}
+  Label(std::string id, Control* parent, LabelRole role = LabelRole::kText)
+      : Control(std::move(id), parent), role_(role) {}
 
-  bool IsHeading() const { return heading_; }
+  LabelRole Role() const { return role_; }
+  void SetRole(LabelRole role) { role_ = role; }
+  /// The control whose name the caption is; null for none.
+  const Control* Names() const { return names_; }
+  void SetNames(const Control* control) { names_ = control; }
+
   void Accept(ControlVisitor& visitor) override;
 
  private:
-  bool heading_;
+  LabelRole role_;
+  const Control* names_ = nullptr;
 };
 
 /// A button; Click() presses it.
@@ -191,12 +234,65 @@ class PictureBox : public Control {
   /// The file shown, relative to the program folder; empty shows nothing.
   const std::string& File() const { return file_; }
   void ShowFile(std::string file) { Assign(file_, std::move(file)); }
+  /// Whether it is clicked, so that a keyboard must reach it. Said before it is drawn.
+  bool IsLink() const { return is_link_; }
+  void SetLink(bool is_link) { is_link_ = is_link; }
 
   std::string ValueText() const override { return file_; }
   void Accept(ControlVisitor& visitor) override;
 
  private:
   std::string file_;
+  bool is_link_ = false;
+};
+
+/// What a graph shows, in twips from its upper left corner. A colour is "#rrggbb".
+struct GraphLine {
+  int x1 = 0;
+  int y1 = 0;
+  int x2 = 0;
+  int y2 = 0;
+  std::string colour;
+  int width = 0;
+
+  bool operator==(const GraphLine&) const = default;
+};
+struct GraphPoint {
+  int x = 0;
+  int y = 0;
+  std::string colour;
+  int width = 0;
+
+  bool operator==(const GraphPoint&) const = default;
+};
+using GraphShape = std::variant<GraphLine, GraphPoint>;
+
+/// An area that code draws on. It remembers what was drawn since the last clearing, in order; what
+/// lies outside is cut off by whoever shows it.
+class Graph : public Control {
+ public:
+  using Control::Control;
+
+  const std::vector<GraphShape>& Shapes() const { return shapes_; }
+  void Draw(GraphShape shape);
+  void Clear();
+
+  void Accept(ControlVisitor& visitor) override;
+
+ private:
+  std::vector<GraphShape> shapes_;
+};
+
+/// A filled area whose width in twips is its value.
+class Bar : public Control {
+ public:
+  using Control::Control;
+
+  /// A negative width counts as 0.
+  void ShowWidth(int width);
+
+  std::string ValueText() const override { return std::to_string(Bounds().width); }
+  void Accept(ControlVisitor& visitor) override;
 };
 
 /// A frame that holds other controls. A page is a frame that holds a whole page.
@@ -213,10 +309,38 @@ class ToolKey : public Control {
   void Accept(ControlVisitor& visitor) override;
 };
 
-/// A window. Its bounds are its place on the screen.
+/// A key combination and what it does while its window takes acts.
+struct Shortcut {
+  /// Modifiers in the order Ctrl, Alt, Shift and a key's name: "F1", "Ctrl+PageUp".
+  std::string keys;
+  /// The control that acts; the gate asks whether it can.
+  Control* control = nullptr;
+  /// What happens; where it is empty the control is clicked.
+  std::function<void()> act = {};
+};
+
+/// A window. Its bounds are its place on the screen. What kind of window it is, and its shortcuts,
+/// are said before it is drawn.
 class Window : public Control {
  public:
   using Control::Control;
+
+  /// The window that it stands over, whatever is clicked; null for none.
+  Window* Owner() const { return owner_; }
+  void SetOwner(Window* owner) { owner_ = owner; }
+  /// Whether only it takes acts while it is open.
+  bool Modal() const { return modal_; }
+  void SetModal(bool modal) { modal_ = modal; }
+  bool Resizable() const { return resizable_; }
+  void SetResizable(bool resizable) { resizable_ = resizable; }
+  /// What Enter presses; null for nothing.
+  Control* DefaultKey() const { return default_key_; }
+  void SetDefaultKey(Control* key) { default_key_ = key; }
+  /// What Escape presses; null for nothing.
+  Control* CancelKey() const { return cancel_key_; }
+  void SetCancelKey(Control* key) { cancel_key_ = key; }
+  const std::vector<Shortcut>& Shortcuts() const { return shortcuts_; }
+  void AddShortcut(Shortcut shortcut) { shortcuts_.push_back(std::move(shortcut)); }
 
   bool Maximised() const { return maximised_; }
   void SetMaximised(bool maximised) { Assign(maximised_, maximised); }
@@ -238,6 +362,12 @@ class Window : public Control {
   std::function<void()> on_activate;
 
  private:
+  Window* owner_ = nullptr;
+  bool modal_ = false;
+  bool resizable_ = false;
+  Control* default_key_ = nullptr;
+  Control* cancel_key_ = nullptr;
+  std::vector<Shortcut> shortcuts_;
   bool maximised_ = false;
   int opacity_ = 255;
 };
@@ -255,6 +385,8 @@ class ControlVisitor {
   virtual void Visit(Label& label) = 0;
   virtual void Visit(Button& button) = 0;
   virtual void Visit(PictureBox& picture) = 0;
+  virtual void Visit(Graph& graph) = 0;
+  virtual void Visit(Bar& bar) = 0;
   virtual void Visit(Frame& frame) = 0;
   virtual void Visit(ToolKey& key) = 0;
   virtual void Visit(Window& window) = 0;

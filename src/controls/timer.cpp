@@ -14,7 +14,15 @@ Timer::~Timer() { std::erase(scheduler_.timers_, this); }
 void Timer::SetEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
-  if (!enabled) return;
+  if (enabled) StartInterval();
+}
+
+void Timer::SetInterval(int interval_ms) {
+  interval_ms_ = std::max(1, interval_ms);
+  if (enabled_) StartInterval();
+}
+
+void Timer::StartInterval() {
   due_ms_ = scheduler_.now_ms_ + interval_ms_;
   if (scheduler_.on_armed) scheduler_.on_armed();
 }

@@ -17,11 +17,16 @@ class Timer {
 
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
+  int Interval() const { return interval_ms_; }
+  /// Milliseconds, at least 1. An enabled timer starts a new interval of that length.
+  void SetInterval(int interval_ms);
 
   std::function<void()> on_tick;
 
  private:
   friend class Scheduler;
+
+  void StartInterval();
 
   Scheduler& scheduler_;
   int interval_ms_;
@@ -37,7 +42,7 @@ class Scheduler {
   /// Milliseconds until the next timer is due; -1 when none is enabled.
   long long UntilNext() const;
 
-  /// Called when a timer has been enabled, so that a face can wait for it.
+  /// Called when a timer has started an interval, so that a face can wait for it.
   std::function<void()> on_armed;
 
  private:

@@ -35,8 +35,12 @@ TEST(OptionButtonTest, ChoosingAgainRunsTheHandlerAgainAndClearsTheOthers) {
   first.Show(true);
   second.Use();
   second.Use();
+  second.PassOn();
   EXPECT_EQ(clicks, 2);
   EXPECT_FALSE(first.Chosen());
+  first.Use();
+  second.PassOn();
+  EXPECT_EQ(clicks, 3);
 }
 
 TEST(ComboBoxTest, ATextNeedsNotBeAnItemAndNewItemsKeepIt) {
@@ -69,6 +73,86 @@ TEST(ComboBoxTest, TellsAChoiceFromAChangedText) {
   combo.PassOn(9);
   combo.ShowText("one");
   EXPECT_EQ(told, "cctc");
+}
+
+TEST(ComboBoxTest, AGivenTextIsAnItemOrElseTyped) {
+  struct Case {
+    bool takes_typing;
+    const char* text;
+    TextUse use;
+    const char* shown;
+    const char* told;
+  };
+  constexpr Case kCases[] = {
+      {false, "Off", TextUse::kItem, "Off", "c"}, {false, "off", TextUse::kItem, "off", "c"},
+      {false, "OFF", TextUse::kItem, "Off", "c"}, {true, "ÉCRAN", TextUse::kItem, "écran", "c"},
+      {false, "2x", TextUse::kRefused, "4x", ""}, {true, "2x", TextUse::kTyped, "2x", "t"},
+      {true, "4x", TextUse::kTyped, "4x", ""},
+  };
+  for (const Case& each : kCases) {
+    ComboBox combo("a", nullptr);
+    combo.SetItems({"Off", "off", "écran"});
+    combo.ShowText("4x");
+    combo.SetTakesTyping(each.takes_typing);
+    std::string told;
+    combo.on_change = [&](ComboChange change) { told += change == ComboChange::kText ? 't' : 'c'; };
+    EXPECT_EQ(combo.UseText(each.text), each.use) << each.text;
+    EXPECT_EQ(combo.Text(), each.shown);
+    EXPECT_EQ(told, each.told) << each.text;
+  }
+}
+
+TEST(ListBoxTest, NewLinesKeepTheChosenOneWhereThatIsAskedFor) {
+  struct Case {
+    int chosen;
+    std::vector<std::string> lines;
+    int kept;
+  };
+  const Case cases[] = {
+      {1, {"x", "b", "b"}, 1}, {2, {"a", "b", "b"}, 2}, {2, {"b"}, 0}, {1, {"a"}, -1}, {1, {}, -1},
+      {-1, {"", "b"}, -1}};
+  for (const Case& each : cases) {
+    ListBox list("a", nullptr);
+    int handled = 0;
+    list.on_change = [&] { ++handled; };
+    list.SetItems({"a", "b", "b"});
+    list.ShowPosition(each.chosen);
+    list.ShowPosition(3);
+    EXPECT_EQ(list.Position(), each.chosen);
+    list.RefreshItems(each.lines);
+    EXPECT_EQ(list.Position(), each.kept);
+    list.SetItems(each.lines);
+    EXPECT_EQ(list.Position(), -1);
+    EXPECT_EQ(handled, 0);
+  }
+}
+
+TEST(TextBoxTest, OneThatTakesNoTypingStillTakesWhatIsPassedOn) {
+  TextBox box("a", nullptr);
+  int handled = 0;
+  box.on_change = [&] { ++handled; };
+  box.SetTakesTyping(false);
+  EXPECT_FALSE(box.Type("x"));
+  EXPECT_EQ(box.Text(), "");
+  box.PassOn("y");
+  box.PassOn("y");
+  box.ShowText("z");
+  EXPECT_EQ(handled, 1);
+  EXPECT_EQ(box.ValueText(), "z");
+}
+
+TEST(GraphTest, RemembersWhatWasDrawnSinceTheLastClearing) {
+  Graph graph("a", nullptr);
+  int drawn = 0;
+  const Subscription subscription = graph.Observe([&] { ++drawn; });
+  graph.Draw(GraphPoint{1, 2, "#00ff00", 30});
+  graph.Clear();
+  graph.Clear();
+  graph.Draw(GraphLine{60, 10, 60, 90, "#ff0000", 30});
+  graph.Draw(GraphPoint{1, 2, "#00ff00", 30});
+  EXPECT_EQ(graph.Shapes(), (std::vector<GraphShape>{GraphLine{60, 10, 60, 90, "#ff0000", 30},
+                                                     GraphPoint{1, 2, "#00ff00", 30}}));
+  EXPECT_EQ(drawn, 4);
 }
 
 TEST(SliderTest, StaysInItsRangeAndANewRangeMovesItSilently) {
@@ -120,6 +204,24 @@ TEST(TimerTest, FiresAsOftenAsItFallsDueInOrderOfTime) {
   slow.SetEnabled(false);
   fast.SetEnabled(true);
   EXPECT_EQ(scheduler.UntilNext(), 100);
+}
+
+TEST(TimerTest, ANewIntervalStartsAtOnceWhereTheTimerRuns) {
+  Scheduler scheduler;
+  Timer timer(scheduler, 1000);
+  int armed = 0;
+  int ticks = 0;
+  scheduler.on_armed = [&] { ++armed; };
+  timer.on_tick = [&] { ++ticks; };
+  timer.SetInterval(400);
+  EXPECT_EQ(scheduler.UntilNext(), -1);
+  timer.SetEnabled(true);
+  scheduler.Advance(300);
+  timer.SetInterval(200);
+  EXPECT_EQ(scheduler.UntilNext(), 200);
+  scheduler.Advance(400);
+  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(armed, 2);
 }
 
 }  // namespace

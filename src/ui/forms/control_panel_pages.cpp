@@ -47,7 +47,8 @@ constexpr ControlRow kSettingsRows[] = {
 constexpr ControlRow kResolutionRows[] = {
     // Disabled until display modes can be changed.
     Row(Kind::kLabel, "control-panel.resolution.select-from-list-label", kResolution,
-        {150, 375, 3000, 255}, 240),
+        {150, 375, 3000, 255}, 240)
+        .Names("control-panel.resolution.select-from-list"),
     Row(Kind::kCombo, "control-panel.resolution.select-from-list", kResolution,
         {150, 630, 3000, 390})
         .Disabled(),

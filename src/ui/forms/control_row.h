@@ -15,10 +15,15 @@ enum class Kind {
   kSlider,
   kScrollBar,
   kText,
+  kReadOnlyText,
   kLabel,
   kHeading,
+  kLink,  ///< a label that is clicked
+  kEdge,  ///< a label that reacts to the mouse over it
   kButton,
   kPicture,
+  kGraph,
+  kBar,
   kFrame,
   kKey,
   kWindow,
@@ -58,6 +63,7 @@ struct ControlRow {
   int text = kNoText;
   std::string_view design = {};
   std::string_view initial = {};  ///< text of a combo or a text box
+  std::string_view names = {};    ///< of a label: id of the control whose name it is
   int tip = kNoText;              ///< interface text that is its tool tip
   int help = kNoTopic;            ///< topic that a mouse over it shows
   int minimum = 0;                ///< of a slider
@@ -75,6 +81,11 @@ struct ControlRow {
   constexpr ControlRow Initial(std::string_view text_at_first) const {
     ControlRow row = *this;
     row.initial = text_at_first;
+    return row;
+  }
+  constexpr ControlRow Names(std::string_view control) const {
+    ControlRow row = *this;
+    row.names = control;
     return row;
   }
   constexpr ControlRow Tip(int number) const {

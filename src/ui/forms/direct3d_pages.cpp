@@ -17,11 +17,13 @@ constexpr std::string_view kShaders = "direct3d.shaders";
 
 constexpr ControlRow kAaRows[] = {
     Row(Kind::kLabel, "direct3d.antialiasing.antialiasing-mode-label", kAa, {150, 315, 3510, 255},
-        138),
+        138)
+        .Names("direct3d.antialiasing.antialiasing-mode"),
     Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 570, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "direct3d.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 315, 3510, 255}, 139),
+        {3810, 315, 3510, 255}, 139)
+        .Names("direct3d.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "direct3d.antialiasing.transparency-antialiasing", kAa,
         {3810, 570, 3510, 390})
         .Initial("Disabled"),
@@ -35,33 +37,39 @@ constexpr ControlRow kAaRows[] = {
     Row(Kind::kOption, "direct3d.antialiasing.zoom", kAa, {5160, 1380, 2250, 330}, 144),
     Row(Kind::kPicture, "direct3d.antialiasing.no-antialiasing", kAa, {150, 1755, 3510, 2070}),
     Row(Kind::kLabel, "direct3d.antialiasing.no-antialiasing-label", kAa, {150, 3855, 3510, 270},
-        147),
+        147)
+        .Names("direct3d.antialiasing.no-antialiasing"),
     Row(Kind::kPicture, "direct3d.antialiasing.selected-antialiasing", kAa,
         {3810, 1755, 3510, 2070}),
     Row(Kind::kLabel, "direct3d.antialiasing.selected-antialiasing-label", kAa,
-        {3810, 3855, 3510, 270}, 148),
+        {3810, 3855, 3510, 270}, 148)
+        .Names("direct3d.antialiasing.selected-antialiasing"),
 };
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "direct3d.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 375, 3000, 255}, 114),
+        {150, 375, 3000, 255}, 114)
+        .Names("direct3d.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "direct3d.filtering.anisotropic-filtering", kFiltering,
         {150, 630, 3000, 390})
         .Initial("Auto")
         .Help(0),
     Row(Kind::kLabel, "direct3d.filtering.intellisample-image-settings-label", kFiltering,
-        {150, 1155, 3000, 255}, 115),
+        {150, 1155, 3000, 255}, 115)
+        .Names("direct3d.filtering.intellisample-image-settings"),
     Row(Kind::kCombo, "direct3d.filtering.intellisample-image-settings", kFiltering,
         {150, 1410, 3000, 390})
         .Initial("Quality")
         .Help(3),
     Row(Kind::kLabel, "direct3d.filtering.force-mipmaps-label", kFiltering, {150, 1935, 3000, 255},
-        117),
+        117)
+        .Names("direct3d.filtering.force-mipmaps"),
     Row(Kind::kCombo, "direct3d.filtering.force-mipmaps", kFiltering, {150, 2190, 3000, 390})
         .Initial("None")
         .Help(2),
     Row(Kind::kLabel, "direct3d.filtering.texture-lod-bias-label", kFiltering,
         {150, 2745, 3000, 255}, 118)
+        .Names("direct3d.filtering.texture-lod-bias")
         .Help(1),
     Row(Kind::kSlider, "direct3d.filtering.texture-lod-bias", kFiltering, {150, 3015, 3000, 390})
         .Help(1)
@@ -87,12 +95,13 @@ constexpr ControlRow kFilteringRows[] = {
 constexpr ControlRow kMiscRows[] = {
     Row(Kind::kHeading, "direct3d.misc.vertical-synchronization", kMisc, {150, 375, 3300, 270},
         154),
-    Row(Kind::kLabel, "direct3d.misc.synchronization-mode-label", kMisc, {150, 750, 3300, 255},
-        155),
+    Row(Kind::kLabel, "direct3d.misc.synchronization-mode-label", kMisc, {150, 750, 3300, 255}, 155)
+        .Names("direct3d.misc.synchronization-mode"),
     Row(Kind::kCombo, "direct3d.misc.synchronization-mode", kMisc, {150, 1005, 3300, 390})
         .Initial("Off")
         .Help(7),
-    Row(Kind::kLabel, "direct3d.misc.prerender-limit-label", kMisc, {150, 1530, 3300, 255}, 156),
+    Row(Kind::kLabel, "direct3d.misc.prerender-limit-label", kMisc, {150, 1530, 3300, 255}, 156)
+        .Names("direct3d.misc.prerender-limit"),
     Row(Kind::kCombo, "direct3d.misc.prerender-limit", kMisc, {150, 1785, 3300, 390})
         .Initial("0")
         .Help(8),
@@ -106,7 +115,8 @@ constexpr ControlRow kMiscRows[] = {
 
 constexpr ControlRow kTextureRows[] = {
     Row(Kind::kLabel, "direct3d.multitexturing.max-simultaneous-textures-label", kTextures,
-        {150, 480, 5400, 255}, 165),
+        {150, 480, 5400, 255}, 165)
+        .Names("direct3d.multitexturing.max-simultaneous-textures"),
     Row(Kind::kSlider, "direct3d.multitexturing.max-simultaneous-textures", kTextures,
         {150, 780, 5400, 390})
         .Range(1, 8, 1),
@@ -120,11 +130,12 @@ constexpr ControlRow kTextureRows[] = {
 constexpr ControlRow kShaderRows[] = {
     Row(Kind::kLabel, "direct3d.shaders.compatibility", kShaders, {150, 405, 2550, 255}, 170),
     Row(Kind::kLabel, "direct3d.shaders.image-quality", kShaders, {4230, 405, 1950, 255}, 171),
-    Row(Kind::kLabel, "direct3d.shaders.pixel-shader-label", kShaders, {150, 765, 5400, 255}, 168),
+    Row(Kind::kLabel, "direct3d.shaders.pixel-shader-label", kShaders, {150, 765, 5400, 255}, 168)
+        .Names("direct3d.shaders.pixel-shader"),
     Row(Kind::kSlider, "direct3d.shaders.pixel-shader", kShaders, {150, 1050, 5400, 390})
         .Range(0, 8, 0),
-    Row(Kind::kLabel, "direct3d.shaders.vertex-shader-label", kShaders, {150, 1590, 5400, 255},
-        169),
+    Row(Kind::kLabel, "direct3d.shaders.vertex-shader-label", kShaders, {150, 1590, 5400, 255}, 169)
+        .Names("direct3d.shaders.vertex-shader"),
     Row(Kind::kSlider, "direct3d.shaders.vertex-shader", kShaders, {150, 1875, 5400, 390})
         .Range(0, 8, 0),
     Row(Kind::kCheck, "direct3d.shaders.override-shaders-settings", kShaders,

@@ -25,17 +25,37 @@ std::unique_ptr<Control> Make(const ControlRow& row, Control* parent) {
     case Kind::kList:
       return std::make_unique<controls::ListBox>(std::move(id), parent);
     case Kind::kSlider:
-    case Kind::kScrollBar:
-      return std::make_unique<controls::Slider>(std::move(id), parent);
+    case Kind::kScrollBar: {
+      auto slider = std::make_unique<controls::Slider>(std::move(id), parent);
+      slider->SetScrollBar(row.kind == Kind::kScrollBar);
+      return slider;
+    }
     case Kind::kText:
-      return std::make_unique<controls::TextBox>(std::move(id), parent);
+    case Kind::kReadOnlyText: {
+      auto box = std::make_unique<controls::TextBox>(std::move(id), parent);
+      box->SetTakesTyping(row.kind == Kind::kText);
+      return box;
+    }
     case Kind::kLabel:
+      return std::make_unique<controls::Label>(std::move(id), parent);
+    case Kind::kLink:
+      return std::make_unique<controls::Label>(std::move(id), parent, controls::LabelRole::kLink);
+    case Kind::kEdge:
+      return std::make_unique<controls::Label>(std::move(id), parent, controls::LabelRole::kEdge);
     case Kind::kHeading:
-      return std::make_unique<controls::Label>(std::move(id), parent, row.kind == Kind::kHeading);
+      return std::make_unique<controls::Label>(std::move(id), parent,
+                                               controls::LabelRole::kHeading);
     case Kind::kButton:
       return std::make_unique<controls::Button>(std::move(id), parent);
-    case Kind::kPicture:
-      return std::make_unique<controls::PictureBox>(std::move(id), parent);
+    case Kind::kPicture: {
+      auto picture = std::make_unique<controls::PictureBox>(std::move(id), parent);
+      picture->SetLink(row.action.kind != Action::Kind::kNone);
+      return picture;
+    }
+    case Kind::kGraph:
+      return std::make_unique<controls::Graph>(std::move(id), parent);
+    case Kind::kBar:
+      return std::make_unique<controls::Bar>(std::move(id), parent);
     case Kind::kFrame:
       return std::make_unique<controls::Frame>(std::move(id), parent);
     case Kind::kKey:
@@ -66,6 +86,8 @@ class DesignState : public controls::ControlVisitor {
   void Visit(controls::Label&) override {}
   void Visit(controls::Button&) override {}
   void Visit(controls::PictureBox& picture) override { picture.ShowFile(""); }
+  void Visit(controls::Graph& graph) override { graph.Clear(); }
+  void Visit(controls::Bar&) override {}
   void Visit(controls::Frame&) override {}
   void Visit(controls::ToolKey&) override {}
   void Visit(controls::Window&) override {}
@@ -92,8 +114,13 @@ void ShowText(const ControlRow& row, Control& control, const lang::LangTable& la
 
 Form::Form(const WindowRow& row) : window_row_(row) {
   Add(row.window);
-  TheWindow().SetVisible(row.window.visible);
   Add(row.controls);
+  controls::Window& window = TheWindow();
+  window.SetVisible(row.window.visible);
+  window.SetModal(row.modal);
+  window.SetResizable(row.resizable);
+  window.SetDefaultKey(Find(row.default_key));
+  window.SetCancelKey(Find(row.cancel_key));
 }
 
 controls::Window& Form::TheWindow() const { return Get<controls::Window>(window_row_.window.id); }
@@ -108,6 +135,9 @@ void Form::Add(std::span<const ControlRow> rows) {
     }
     controls_.push_back(std::move(control));
     rows_.push_back(row);
+  }
+  for (const ControlRow& row : rows) {
+    if (!row.names.empty()) Get<controls::Label>(row.id).SetNames(Find(row.names));
   }
 }
 

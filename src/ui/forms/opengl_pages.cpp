@@ -18,11 +18,13 @@ constexpr std::string_view kCompatibility = "opengl.compatibility";
 
 constexpr ControlRow kAaRows[] = {
     Row(Kind::kLabel, "opengl.antialiasing.antialiasing-mode-label", kAa, {150, 375, 3510, 255},
-        138),
+        138)
+        .Names("opengl.antialiasing.antialiasing-mode"),
     Row(Kind::kEditableCombo, "opengl.antialiasing.antialiasing-mode", kAa, {150, 630, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "opengl.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 375, 3510, 255}, 139),
+        {3810, 375, 3510, 255}, 139)
+        .Names("opengl.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "opengl.antialiasing.transparency-antialiasing", kAa, {3810, 630, 3510, 390})
         .Initial("Disabled"),
     Row(Kind::kCheck, "opengl.antialiasing.enable-sli-antialiasing", kAa, {150, 1185, 3510, 330},
@@ -34,23 +36,27 @@ constexpr ControlRow kAaRows[] = {
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "opengl.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 315, 2550, 255}, 114),
+        {150, 315, 2550, 255}, 114)
+        .Names("opengl.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "opengl.filtering.anisotropic-filtering", kFiltering,
         {150, 570, 2550, 390})
         .Initial("Auto")
         .Help(6),
     Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2550, 255},
-        116),
+        116)
+        .Names("opengl.filtering.image-settings"),
     Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2550, 390})
         .Initial("Quality")
         .Help(3),
     Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2550, 255},
-        117),
+        117)
+        .Names("opengl.filtering.force-mipmaps"),
     Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2550, 390})
         .Initial("None")
         .Help(2),
     Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2550, 255},
         118)
+        .Names("opengl.filtering.texture-lod-bias")
         .Help(1),
     Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2550, 390})
         .Help(1)
@@ -61,7 +67,8 @@ constexpr ControlRow kFilteringRows[] = {
         {2940, 600, 4560, 330}, 150)
         .Help(14),
     Row(Kind::kLabel, "opengl.filtering.trilinear-quality-label", kFiltering,
-        {3210, 945, 4200, 255}, 123),
+        {3210, 945, 4200, 255}, 123)
+        .Names("opengl.filtering.trilinear-quality"),
     Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3210, 1200, 4200, 345})
         .Range(1, 31, 1),
     Row(Kind::kFrame, kOptimizations, kFiltering, {2940, 1650, 4500, 1545}, 153).Help(5),
@@ -88,25 +95,30 @@ constexpr ControlRow kMiscRows[] = {
     Row(Kind::kCheck, "opengl.misc.disable-dithering-for-dxt1-textures", kMisc,
         {150, 1095, 3510, 330}, 164)
         .Help(12),
-    Row(Kind::kLabel, "opengl.misc.textures-color-depth-label", kMisc, {150, 1665, 3300, 255}, 174),
+    Row(Kind::kLabel, "opengl.misc.textures-color-depth-label", kMisc, {150, 1665, 3300, 255}, 174)
+        .Names("opengl.misc.textures-color-depth"),
     Row(Kind::kCombo, "opengl.misc.textures-color-depth", kMisc, {150, 1920, 3300, 390}).Help(13),
     Row(Kind::kHeading, "opengl.misc.vertical-synchronization", kMisc, {3810, 375, 3600, 270}, 154),
-    Row(Kind::kLabel, "opengl.misc.synchronization-mode-label", kMisc, {3810, 705, 3300, 255}, 155),
+    Row(Kind::kLabel, "opengl.misc.synchronization-mode-label", kMisc, {3810, 705, 3300, 255}, 155)
+        .Names("opengl.misc.synchronization-mode"),
     Row(Kind::kCombo, "opengl.misc.synchronization-mode", kMisc, {3810, 960, 3300, 390}).Help(7),
     Row(Kind::kHeading, "opengl.misc.other-settings", kMisc, {3810, 1665, 3600, 270}, 175),
     Row(Kind::kCheck, "opengl.misc.triple-buffering", kMisc, {3810, 1995, 3600, 330}, 176),
-    Row(Kind::kLabel, "opengl.misc.prerender-limit-label", kMisc, {3810, 2430, 3300, 255}, 156),
+    Row(Kind::kLabel, "opengl.misc.prerender-limit-label", kMisc, {3810, 2430, 3300, 255}, 156)
+        .Names("opengl.misc.prerender-limit"),
     Row(Kind::kCombo, "opengl.misc.prerender-limit", kMisc, {3810, 2685, 3300, 390}).Help(8),
 };
 
 constexpr ControlRow kCompatibilityRows[] = {
     Row(Kind::kLabel, "opengl.compatibility.opengl-version-override-label", kCompatibility,
-        {150, 375, 4200, 255}, 177),
+        {150, 375, 4200, 255}, 177)
+        .Names("opengl.compatibility.opengl-version-override"),
     Row(Kind::kCombo, "opengl.compatibility.opengl-version-override", kCompatibility,
         {150, 630, 4200, 390})
         .Initial("No override"),
     Row(Kind::kLabel, "opengl.compatibility.compatibility-emulation-mode-label", kCompatibility,
-        {150, 1155, 4200, 255}, 178),
+        {150, 1155, 4200, 255}, 178)
+        .Names("opengl.compatibility.compatibility-emulation-mode"),
     Row(Kind::kCombo, "opengl.compatibility.compatibility-emulation-mode", kCompatibility,
         {150, 1410, 4200, 390}),
     Row(Kind::kCheck, "opengl.compatibility.nv4x-glsl-support", kCompatibility,

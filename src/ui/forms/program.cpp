@@ -33,6 +33,8 @@ struct Program::Parts {
   core::ProgramState state;
   core::basRegistry registry{services.registry};
   controls::Scheduler timers;
+  controls::Gate gate;
+  controls::Focus focus;
   lang::Language language{registry, services.files, services.dialog};
   const lang::LangTable& LangText = language.LangText;
 
@@ -40,7 +42,7 @@ struct Program::Parts {
   std::vector<std::unique_ptr<Form>> other_forms;
   std::vector<Form*> forms{&main};
   controls::ControlSet controls = AllControls();
-  Windows windows{LangText};
+  Windows windows{LangText, gate};
 
   detect::Versions versions{services.version, services.dialog, registry, LangText, controls};
   detect::Adapter adapter{services.display, registry, versions.state, LangText, controls};
@@ -200,6 +202,8 @@ Form& Program::FormOf(std::string_view window) {
 
 Windows& Program::TheWindows() { return parts_->windows; }
 controls::Scheduler& Program::Timers() { return parts_->timers; }
+controls::Gate& Program::Gate() { return parts_->gate; }
+controls::Focus& Program::Focus() { return parts_->focus; }
 const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->toolbar.GoToPage(page); }

@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "controls/focus.h"
+#include "controls/gate.h"
 #include "controls/timer.h"
 #include "platform/services.h"
 #include "ui/forms/form.h"
@@ -38,6 +40,9 @@ class Program {
   Form& FormOf(std::string_view window);
   Windows& TheWindows();
   controls::Scheduler& Timers();
+  /// What every act of a person goes through.
+  controls::Gate& Gate();
+  controls::Focus& Focus();
   /// Every form, the main window's first.
   const std::vector<Form*>& Forms() const;
   /// The control with that id in any form, or null.

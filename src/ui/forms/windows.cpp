@@ -6,6 +6,8 @@ void Windows::Add(const Form& form) {
   controls::Window& window = form.TheWindow();
   entries_[window.Id()] = {&form, {}};
   window.on_close = [this, &window] { Close(window); };
+  const auto owner = entries_.find(form.WindowsRow().owner);
+  if (owner != entries_.end()) window.SetOwner(&owner->second.form->TheWindow());
 }
 
 void Windows::OnLoad(const controls::Window& window, std::function<void()> load) {
@@ -29,7 +31,8 @@ void Windows::Load(controls::Window& window) {
 
 void Windows::Show(controls::Window& window) {
   if (window.Visible()) return;
-  if (EntryOf(window).form->WindowsRow().modal) modal_.push_back(&window);
+  if (window.Modal()) modal_.push_back(&window);
+  TellGate();
   window.SetVisible(true);
 }
 
@@ -44,9 +47,10 @@ void Windows::Open(std::string_view id) { Open(entries_.at(id).form->TheWindow()
 void Windows::Close(controls::Window& window) {
   if (!window.Visible()) return;
   for (const auto& [id, entry] : entries_) {
-    if (entry.form->WindowsRow().owner == window.Id()) Close(entry.form->TheWindow());
+    if (entry.form->TheWindow().Owner() == &window) Close(entry.form->TheWindow());
   }
   std::erase(modal_, &window);
+  TellGate();
   window.SetVisible(false);
 }
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "controls/gate.h"
 #include "lang/language.h"
 #include "ui/forms/form.h"
 
@@ -13,11 +14,12 @@ namespace kestrune::forms {
 /// the acts from all others for as long as it is open, whoever owns it.
 class Windows {
  public:
-  explicit Windows(const lang::LangTable& lang_text) : LangText(lang_text) {}
+  Windows(const lang::LangTable& lang_text, controls::Gate& gate)
+      : LangText(lang_text), gate_(gate) {}
   Windows(const Windows&) = delete;
   Windows& operator=(const Windows&) = delete;
 
-  /// Makes a form's window known. The form must outlive this.
+  /// Makes a form's window known, its owner's before it. The form must outlive this.
   void Add(const Form& form);
   /// What a window does when it is loaded, from its design state.
   void OnLoad(const controls::Window& window, std::function<void()> load);
@@ -32,8 +34,6 @@ class Windows {
   /// Closes a window and those that it owns; the main window closes all.
   void Close(controls::Window& window);
 
-  /// The modal window that was opened last and is still open; null without one.
-  const controls::Window* Modal() const { return modal_.empty() ? nullptr : modal_.back(); }
   /// The row of a window; null for an unknown id.
   const WindowRow* RowOf(std::string_view id) const;
 
@@ -43,11 +43,13 @@ class Windows {
     std::function<void()> load;
   };
 
+  void TellGate() { gate_.SetModal(modal_.empty() ? nullptr : modal_.back()); }
   const Entry& EntryOf(const controls::Window& window) const;
 
   const lang::LangTable& LangText;
-  std::map<std::string_view, Entry> entries_;  ///< by id
-  std::vector<const controls::Window*> modal_;
+  controls::Gate& gate_;
+  std::map<std::string_view, Entry> entries_;   ///< by id
+  std::vector<const controls::Window*> modal_;  ///< open ones, the latest last
 };
 
 }  // namespace kestrune::forms

@@ -161,7 +161,7 @@ void WidgetMaker::Visit(controls::TextBox& box) {
   });
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [this_context = &context_, &box, draw_text](const QString& text) {
-                     this_context->Act([&] { box.Type(text.toStdString()); });
+                     this_context->Act([&] { (void)box.Type(text.toStdString()); });
                      draw_text();
                    });
 }
@@ -200,7 +200,7 @@ void WidgetMaker::Visit(controls::Slider& slider) {
 
 void WidgetMaker::Visit(controls::Label& label) {
   auto* widget = new LabelWidget(parent_);
-  if (label.IsHeading()) widget->SetHeading();
+  if (label.Role() == controls::LabelRole::kHeading) widget->SetHeading();
   InputWatcher* watcher = Tie(label, widget, [&label, widget] {
     widget->SetCaption(CaptionOf(label));
     return widget->IsCut();

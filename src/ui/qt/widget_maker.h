@@ -45,6 +45,8 @@ class WidgetMaker : private controls::ControlVisitor {
   void Visit(controls::Label& label) override;
   void Visit(controls::Button& button) override;
   void Visit(controls::PictureBox& picture) override;
+  void Visit(controls::Graph&) override {}
+  void Visit(controls::Bar&) override {}
   void Visit(controls::Frame& frame) override;
   void Visit(controls::ToolKey& key) override;
   void Visit(controls::Window&) override {}

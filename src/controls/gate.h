@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+
+#include "controls/controls.h"
+
+namespace kestrune::controls {
+
+/// Why an act was not done.
+enum class Refusal {
+  kNone,
+  kWindowClosed,
+  kBehindModal,  ///< another window takes all acts
+  kHidden,       ///< itself, or something that it stands in
+  kDisabled,     ///< likewise
+  kNotTaken,     ///< the control can't take what it was given
+};
+
+/// The one way by which a person's act, in a face or in a step of a script, reaches a control.
+/// Hovering is no act and needs no gate.
+class Gate {
+ public:
+  Gate() = default;
+  Gate(const Gate&) = delete;
+  Gate& operator=(const Gate&) = delete;
+
+  /// What stands in the way of acts on a control.
+  Refusal Check(const Control& control) const;
+  /// Runs the act where nothing stands in its way. `act` uses the control and says whether the
+  /// control took it.
+  Refusal Act(const Control& control, const std::function<bool()>& act);
+  /// Uses a shortcut, which counts as an act of its control.
+  Refusal Act(const Shortcut& shortcut);
+
+  /// The control whose act is being done, the innermost one; null while there is none.
+  const Control* Acting() const { return acting_; }
+
+  /// The window that alone takes acts; null lets all take them. It must outlive that state.
+  void SetModal(const Window* window) { modal_ = window; }
+  const Window* Modal() const { return modal_; }
+
+ private:
+  const Control* acting_ = nullptr;
+  const Window* modal_ = nullptr;
+};
+
+}  // namespace kestrune::controls
