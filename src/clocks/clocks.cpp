@@ -2,8 +2,10 @@
 
 #include <array>
 
+#include "clocks/cool_bits.h"
 #include "core/options.h"
 #include "core/outcome.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::clocks {
 
@@ -11,6 +13,7 @@ using core::RegInput;
 using core::RegRoot;
 using core::RegValue;
 using platform::ClockPair;
+using platform::kRevisionMark;
 
 namespace {
 
@@ -31,7 +34,6 @@ constexpr int kLastDriverWithoutSwitches = 5500;
 
 constexpr int kMostAttempts = 5;
 constexpr std::int16_t kMostPlausibleMHz = 2000;
-constexpr std::string_view kRevisionMark = "REV_";
 
 /// A fraction rounded to the nearest whole number, halves to the even one. Both are positive.
 int RoundedQuotient(int dividend, int divisor) {
@@ -87,8 +89,8 @@ void Clocks::Start(std::string_view command_line) {
 }
 
 void Clocks::WriteCoolBits() {
-  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, cpl::kTweakKey, cpl::kCoolBitsValue,
-                                       cpl::CoolBitsOn(versions_)));
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, platform::kTweakKey, kCoolBitsValue,
+                                       CoolBitsOn(versions_)));
 }
 
 void Clocks::ReloadForDefaults() {

@@ -8,7 +8,6 @@
 #include "clocks/clock_state.h"
 #include "controls/controls.h"
 #include "core/registry.h"
-#include "cpl/control_panel.h"
 #include "detect/adapter.h"
 #include "platform/clock_word.h"
 #include "platform/dialog_api.h"

@@ -1,12 +1,15 @@
 #include "cpl/control_panel.h"
 
+#include "clocks/cool_bits.h"
 #include "core/outcome.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::cpl {
 
 namespace {
 
 using core::RegRoot;
+using platform::kTweakKey;
 
 /// What a switch's stored number says.
 enum class Encoding {
@@ -31,7 +34,7 @@ constexpr int kAppProfileIndex = 4;
 /// By index of the box. The boxes without a value stand for temperature pages that no supported
 /// driver switches this way.
 constexpr OptionRow kOptions[kOptionCount] = {
-    {"oc", kCoolBitsValue, Encoding::kCoolBits, 0},
+    {"oc", clocks::kCoolBitsValue, Encoding::kCoolBits, 0},
     {"agp", "NvCplEnableAGPSettingsPage", Encoding::kFlag, 0},
     {"additional", "NvCplEnableAdditionalInfoPage", Encoding::kState, 0},
     {"debug", "NvCplEnableTroubleshootingPage", Encoding::kState, 0},
@@ -44,20 +47,11 @@ constexpr OptionRow kOptions[kOptionCount] = {
     {"refresh", "NvCplDisableRefreshRatePage", Encoding::kInverted, 0},
 };
 
-constexpr std::int32_t kCoolBitsOld = 3;
-constexpr std::int32_t kCoolBitsAll = -1;
-constexpr int kFirstCoolBitsAllDriver = 4041;
 constexpr int kFirstAppProfileDriver = 5500;
 /// From this release on the refresh rate page is hidden unless it is switched on.
 constexpr int kFirstHiddenRefreshDriver = 7001;
 
 }  // namespace
-
-std::int32_t CoolBitsOn(const detect::VersionState& versions) {
-  const bool all =
-      versions.OSFamily != detect::kWindows9x && versions.DrvVer >= kFirstCoolBitsAllDriver;
-  return all ? kCoolBitsAll : kCoolBitsOld;
-}
 
 std::int32_t ControlPanelOptions::Read(std::string_view name, std::int32_t not_set) {
   return registry_.ReadRegValue(RegRoot::kLocalMachine, kTweakKey, name).NumberOr(not_set);
@@ -82,7 +76,7 @@ void ControlPanelOptions::ReadControlPanelOptions() {
       case Encoding::kNone:
         break;
       case Encoding::kCoolBits:
-        box.Show(number == kCoolBitsOld || number == kCoolBitsAll ? 1 : 0);
+        box.Show(clocks::IsCoolBitsOn(number) ? 1 : 0);
         break;
       case Encoding::kFlag:
         box.Show(number == 1 ? 1 : 0);
@@ -101,10 +95,10 @@ void ControlPanelOptions::ReadControlPanelOptions() {
 }
 
 void ControlPanelOptions::EnableCoolBits() {
-  Store(kTweakKey, kCoolBitsValue, CoolBitsOn(versions_));
+  Store(kTweakKey, clocks::kCoolBitsValue, clocks::CoolBitsOn(versions_));
 }
 
-void ControlPanelOptions::DisableCoolBits() { Store(kTweakKey, kCoolBitsValue, 0); }
+void ControlPanelOptions::DisableCoolBits() { Store(kTweakKey, clocks::kCoolBitsValue, 0); }
 
 void ControlPanelOptions::StoreAgpPage(std::int32_t state) {
   // Windows 9x takes it from the clock key, below HKEY_LOCAL_MACHINE whatever the driver.

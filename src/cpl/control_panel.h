@@ -12,13 +12,6 @@ namespace kestrune::cpl {
 
 inline constexpr int kOptionCount = 11;
 
-/// The key of the driver's tweak service, below HKEY_LOCAL_MACHINE, and its switch for clock
-/// control.
-inline constexpr std::string_view kTweakKey = "SOFTWARE\\NVIDIA Corporation\\Global\\NVTweak";
-inline constexpr std::string_view kCoolBitsValue = "CoolBits";
-/// The number that unlocks clock control on a system and driver.
-std::int32_t CoolBitsOn(const detect::VersionState& versions);
-
 struct ControlPanelControls {
   /// The option boxes, by index.
   std::array<controls::CheckBox*, kOptionCount> options;
