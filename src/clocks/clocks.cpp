@@ -2,9 +2,11 @@
 
 #include <array>
 
+#include "clocks/cool_bits.h"
 #include "core/options.h"
 #include "core/outcome.h"
 #include "lang/texts.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::clocks {
 
@@ -14,6 +16,7 @@ using core::RegInput;
 using core::RegRoot;
 using core::RegValue;
 using platform::ClockPair;
+using platform::kRevisionMark;
 
 namespace {
 
@@ -34,7 +37,6 @@ constexpr int kLastDriverWithoutSwitches = 5500;
 
 constexpr int kMostAttempts = 5;
 constexpr std::int16_t kMostPlausibleMHz = 2000;
-constexpr std::string_view kRevisionMark = "REV_";
 
 /// A fraction rounded to the nearest whole number, halves to the even one. Both are positive.
 int RoundedQuotient(int dividend, int divisor) {
@@ -100,8 +102,8 @@ void Clocks::Start(std::string_view command_line) {
 }
 
 void Clocks::WriteCoolBits() {
-  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, detect::kTweakKey,
-                                       detect::kCoolBitsValue, detect::CoolBitsOn(versions_)));
+  core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, platform::kTweakKey, kCoolBitsValue,
+                                       CoolBitsOn(versions_)));
 }
 
 void Clocks::ReloadForDefaults() {

@@ -10,7 +10,6 @@
 #include "controls/controls.h"
 #include "core/registry.h"
 #include "detect/adapter.h"
-#include "detect/tweak_key.h"
 #include "platform/clock_word.h"
 #include "platform/dialog_api.h"
 #include "platform/shell_api.h"

@@ -1,7 +1,8 @@
 #include "cpl/control_panel.h"
 
+#include "clocks/cool_bits.h"
 #include "core/outcome.h"
-#include "detect/tweak_key.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::cpl {
 
@@ -14,7 +15,7 @@ using core::RegRoot;
 constexpr Choice kState[] = {{kOff, 0}, {kOn, 1}};
 /// What unlocks clock control depends on the system; each of both shows as unlocked.
 constexpr Choice kCoolBits[] = {
-    {kOff, 0}, {kOn, detect::kCoolBitsAll}, {kOn, detect::kCoolBitsOld}};
+    {kOff, 0}, {kOn, clocks::kCoolBitsAll}, {kOn, clocks::kCoolBitsOld}};
 /// The value hides the page. From release 70.01 on it is hidden unless it is switched on.
 constexpr Choice kHidden[] = {{kOff, 1}, {kOn, 0}};
 constexpr int kFirstHiddenRefreshDriver = 7001;
@@ -49,7 +50,7 @@ constexpr Setting kRows[] = {
     {.id = "control-panel.settings.enable-coolbits-overclocking",
      .writer = Writer::kControlPanel,
      .shape = Shape::kBox,
-     .name = detect::kCoolBitsValue,
+     .name = clocks::kCoolBitsValue,
      .place = Place::kTweakKey,
      .not_set = 0,
      .choices = kCoolBits,
@@ -96,7 +97,7 @@ std::string ControlPanelOptions::KeyFor(const Setting& row) const {
   // Windows 9x takes the AGP page from the clock key, below HKEY_LOCAL_MACHINE whatever the driver.
   const bool is_agp_9x =
       row.special == Special::kAgpPage && hardware_.versions.OSFamily == detect::kWindows9x;
-  return is_agp_9x ? hardware_.adapter.HardwareKey : std::string(detect::kTweakKey);
+  return is_agp_9x ? hardware_.adapter.HardwareKey : std::string(platform::kTweakKey);
 }
 
 void ControlPanelOptions::ReadControlPanelOptions() {
@@ -104,7 +105,7 @@ void ControlPanelOptions::ReadControlPanelOptions() {
   for (const Binding& binding : bindings_) {
     const Setting& row = hardware_.RowOf(*binding.setting);
     const std::optional<std::int32_t> number =
-        registry_.ReadRegValue(RegRoot::kLocalMachine, detect::kTweakKey, row.name).Number();
+        registry_.ReadRegValue(RegRoot::kLocalMachine, platform::kTweakKey, row.name).Number();
     ShowNumber(binding, row, number, LangText);
     ApplyNeeds(binding, hardware_);
   }
@@ -116,7 +117,7 @@ void ControlPanelOptions::OptionChanged(const Binding& binding) {
   const bool on = dynamic_cast<const controls::CheckBox&>(*binding.control).Checked();
   const bool unlocks = on && row.special == Special::kCoolBits;
   const std::int32_t number =
-      unlocks ? detect::CoolBitsOn(hardware_.versions) : *row.choices[on ? 1 : 0].number;
+      unlocks ? clocks::CoolBitsOn(hardware_.versions) : *row.choices[on ? 1 : 0].number;
   registry_.WriteAsBinary = 0;
   core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, KeyFor(row), row.name, number));
 }

@@ -7,12 +7,14 @@
 #include "core/number.h"
 #include "lang/texts.h"
 #include "platform/clock_word.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::detect {
 
 namespace {
 
 using core::RegRoot;
+using platform::kRevisionMark;
 
 constexpr std::string_view kNvidiaVendor = "10DE";
 /// Where the vendor, the device and the whole identifier stand in
@@ -34,11 +36,6 @@ constexpr std::string_view kClassKey = "System\\CurrentControlSet\\Services\\Cla
 constexpr std::string_view kVideoKey = "SYSTEM\\CurrentControlSet\\Control\\Video\\";
 /// The adapter's key name in braces and "\0000".
 constexpr std::size_t kVideoKeyTail = 43;
-
-constexpr std::string_view kTweakKey = "Software\\NVIDIA Corporation\\Global\\NVTweak\\";
-constexpr std::string_view kClockSubkey = "Hardware";
-
-constexpr std::string_view kRevisionMark = "REV_";
 
 std::string Part(std::string_view text, std::size_t at, std::size_t length) {
   return at < text.size() ? std::string(text.substr(at, length)) : std::string();
@@ -106,16 +103,14 @@ void Adapter::TakeIdentity(std::string_view hardware_id) {
   state.DeviceIdPrefix = state.DeviceId.substr(0, kPrefixLength);
   state.VendorId = Part(hardware_id, kVendorAt, kIdDigits);
   const std::string instance = Part(hardware_id, kInstanceAt, kInstanceLength);
-  state.DeviceInstanceKey = "Devices\\" + std::string(core::TrimBlanks(instance)) + "&INST00";
+  state.DeviceInstanceKey = platform::DeviceInstanceKeyOf(core::TrimBlanks(instance));
   state.HardwareKey = ClockKey();
 }
 
 std::string Adapter::ClockKey() const {
-  const std::string key(kTweakKey);
-  if (versions_.OSFamily == kWindows9x && versions_.DrvVer < platform::kFirstInstanceClockDriver) {
-    return key + std::string(kClockSubkey);
-  }
-  return key + state.DeviceInstanceKey + "\\" + std::string(kClockSubkey);
+  const bool is_shared =
+      versions_.OSFamily == kWindows9x && versions_.DrvVer < platform::kFirstInstanceClockDriver;
+  return platform::ClockKeyOf(is_shared ? "" : state.DeviceInstanceKey);
 }
 
 void Adapter::ReadCardName() {

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "platform/case_fold.h"
+#include "platform/driver_keys.h"
 #include "platform/dword.h"
 #include "platform/parse_number.h"
 #include "platform/portable/versions.h"
@@ -14,10 +15,8 @@ namespace kestrune::platform::portable {
 
 namespace {
 
-constexpr std::string_view kTweakKey = "Software\\NVIDIA Corporation\\Global\\NVTweak\\";
 constexpr std::string_view kVendorMark = "VEN_10DE";
 constexpr std::string_view kDeviceMark = "DEV_";
-constexpr std::string_view kRevisionMark = "REV_";
 constexpr int kPlatform9x = 1;
 constexpr std::string_view kLibraries[] = {"NVCPL", "NVQTWK"};
 constexpr std::string_view kEntryPoints[] = {"NVSTARTUP", "NVXTINIT", "NVHWCTL"};
@@ -72,11 +71,8 @@ DescribedDriver::DescribedDriver(const MachineDescription& machine, Store& store
   const std::string card = CardId(machine);
   if (card.empty() || !machine.clocks) return;
   device_ = DeviceNumber(card);
-  clock_key_ = std::string(kTweakKey);
-  if (!HasShortKey(machine)) {
-    clock_key_ += "Devices\\" + InstanceOf(card, machine) + "&INST00\\";
-  }
-  clock_key_ += "Hardware";
+  clock_key_ =
+      ClockKeyOf(HasShortKey(machine) ? "" : DeviceInstanceKeyOf(InstanceOf(card, machine)));
   const DescribedClocks& clocks = *machine.clocks;
   const auto add = [this](std::string bart, std::string krusty, std::optional<int> core,
                           std::optional<int> memory) {

@@ -6,6 +6,7 @@
 #include "core/options.h"
 #include "core/outcome.h"
 #include "lang/texts.h"
+#include "platform/driver_keys.h"
 
 namespace kestrune::forms {
 
@@ -63,7 +64,6 @@ constexpr ControlRow kRows[] = {
 constexpr std::string_view kStartupValue = "NvCplDaemon";
 constexpr std::string_view kStartupCommand =
     "RUNDLL32.EXE C:\\WINDOWS\\System32\\NvCpl.dll,NvStartup";
-constexpr std::string_view kPerformanceKey = "Software\\NVIDIA Corporation\\Global\\NVTweak";
 constexpr std::string_view kPerformanceValue = "PerfLevel";
 constexpr int kPerformance2D = 0;
 constexpr int kPerformance3D = 2;
@@ -146,7 +146,7 @@ void OverclockingPage::EnableOC() {
     startup_.Show(at_startup ? 1 : 0);
   }
   const bool is_3d =
-      registry_.ReadRegValue(RegRoot::kCurrentUser, kPerformanceKey, kPerformanceValue)
+      registry_.ReadRegValue(RegRoot::kCurrentUser, platform::kClockTweakKey, kPerformanceValue)
           .NumberOr(kPerformance2D) == kPerformance3D;
   (is_3d ? speed_3d_ : speed_2d_).Show(true);
   SelectPair(is_3d);
@@ -184,8 +184,8 @@ void OverclockingPage::PairChosen(bool is_3d) {
   if (state_.IsStart == 1) return;
   SelectPair(is_3d);
   clocks_.state.KeepClockValues = is_3d ? 1 : 0;
-  core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, kPerformanceKey, kPerformanceValue,
-                                       is_3d ? kPerformance3D : kPerformance2D));
+  core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, platform::kClockTweakKey,
+                                       kPerformanceValue, is_3d ? kPerformance3D : kPerformance2D));
   clocks_.RefreshClocks();
 }
 
