@@ -24,6 +24,13 @@ class WindowPart {
   virtual void Load() {}
 };
 
+/// A key combination of a window and what it does: modifiers in the order Ctrl, Alt, Shift and a
+/// key's name, such as "Ctrl+PageUp".
+struct ShortcutRow {
+  std::string_view keys;
+  Action action;
+};
+
 /// A window as a row: its own control, what stands in it, and what it does.
 struct WindowRow {
   ControlRow window;
@@ -34,6 +41,7 @@ struct WindowRow {
   std::string_view default_key = {};  ///< id of the button that Enter presses
   std::string_view cancel_key = {};   ///< id of the button that Esc presses
   std::string_view opened_by = {};    ///< id of the key or button that opens it
+  std::span<const ShortcutRow> shortcuts = {};
   /// Makes the window's part; null where another part of the program sees to it.
   std::unique_ptr<WindowPart> (*make)(const Shared&) = nullptr;
 };

@@ -1,6 +1,11 @@
 #include "ui/forms/information_pages.h"
 
+#include "core/options.h"
+#include "lang/texts.h"
+
 namespace kestrune::forms {
+
+namespace texts = lang::texts;
 
 namespace {
 
@@ -22,5 +27,17 @@ constexpr ControlRow kBasicRows[] = {
 }  // namespace
 
 const std::span<const ControlRow> kBasicInformationControls = kBasicRows;
+
+InformationPages::InformationPages(const Shared& shared)
+    : LangText(shared.LangText()),
+      version_line_(shared.controls.Get<controls::Label>("info.basic.kestrune-se-version")) {}
+
+void InformationPages::ShowVersion(int last_update) {
+  std::string line = "Kestrune SE " + LangText[texts::kProgramVersion] +
+                     std::to_string(core::kMajorVersion) + "." +
+                     std::to_string(core::kMinorVersion);
+  if (last_update > 0) line += LangText[texts::kLastUpdate] + std::to_string(last_update);
+  version_line_.SetCaption(line);
+}
 
 }  // namespace kestrune::forms

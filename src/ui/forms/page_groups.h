@@ -17,13 +17,15 @@ struct PageGroups {
         direct3d(shared, driver),
         opengl(shared, driver, direct3d),
         control_panel(shared),
-        overclocking(shared) {}
+        overclocking(shared),
+        information(shared) {}
 
   DriverSettings driver;
   Direct3DPages direct3d;
   OpenGLPages opengl;
   ControlPanelPages control_panel;
   OverclockingPage overclocking;
+  InformationPages information;
 };
 
 }  // namespace kestrune::forms

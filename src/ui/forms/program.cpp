@@ -25,7 +25,6 @@ struct Program::Parts {
   void FillSettings();
   void ShowVersion();
   void ShowRememberedPage();
-  void DisableForVista();
   bool RunCommandLine(std::string_view command_line);
   void Close();
 
@@ -129,24 +128,16 @@ void Program::Parts::FillSettings() {
 
 void Program::Parts::ShowVersion() {
   core::OwnOptions options(registry);
-  const std::string major = std::to_string(core::kMajorVersion);
+  pages.information.ShowVersion(options.Read(core::kLastUpdateValue).NumberOr(0));
   const std::string minor = std::to_string(core::kMinorVersion);
-  const int update = options.Read(core::kLastUpdateValue).NumberOr(0);
-  std::string line = "Kestrune SE " + LangText[texts::kProgramVersion] + major + "." + minor;
-  if (update > 0) line += LangText[texts::kLastUpdate] + std::to_string(update);
-  controls.Get<controls::Label>("info.basic.kestrune-se-version").SetCaption(line);
   main.TheWindow().SetCaption("Kestrune SE Build " + minor);
-  options.Write(core::kVersionValue, major + minor + std::to_string(core::kRevision));
+  options.Write(core::kVersionValue,
+                std::to_string(core::kMajorVersion) + minor + std::to_string(core::kRevision));
   services.dialog.RunPendingEvents();
 }
 
 void Program::Parts::ShowRememberedPage() {
   if (lower_panel.ReadOptions()) navigation.ShowPage();
-}
-
-void Program::Parts::DisableForVista() {
-  controls.Get<controls::ToolKey>("main.oc").SetEnabled(false);
-  controls.Get<controls::ToolKey>("main.basicdx").SetEnabled(false);
 }
 
 void Program::Parts::Close() {
@@ -189,7 +180,7 @@ bool Program::Start(std::string_view command_line) {
   parts.ShowRememberedPage();
   if (!command_line.empty()) return parts.RunCommandLine(command_line);
   parts.lower_panel.LoadHelpPicture();
-  if (parts.versions.state.OSFamily >= detect::kWindowsVista) parts.DisableForVista();
+  if (parts.versions.state.OSFamily >= detect::kWindowsVista) parts.toolbar.DisableForVista();
   return true;
 }
 

@@ -21,8 +21,19 @@ void Toolbar::Connect(const Form& form) {
   for (const ControlRow& row : form.Rows()) {
     if (row.action.kind == Action::Kind::kNone) continue;
     form.Get<controls::Control>(row.id).on_click = [this, &row] {
-      row.kind == Kind::kKey ? PressKey(row) : Perform(row);
+      row.kind == Kind::kKey ? PressKey(row) : Perform(row.action, row.id);
     };
+  }
+  for (const ShortcutRow& row : form.WindowsRow().shortcuts) {
+    form.TheWindow().AddShortcut({.keys = std::string(row.keys),
+                                  .control = &form.TheWindow(),
+                                  .act = [this, &row] { Perform(row.action, {}); }});
+  }
+}
+
+void Toolbar::DisableForVista() {
+  for (const std::string_view key : {"main.oc", "main.basicdx"}) {
+    controls_.Get<controls::ToolKey>(key).SetEnabled(false);
   }
 }
 
@@ -34,18 +45,18 @@ void Toolbar::GoToPage(int page) {
 
 void Toolbar::PressKey(const ControlRow& row) {
   help_.Close();
-  Perform(row);
+  Perform(row.action, row.id);
   navigation_.ShowPage();
 }
 
-void Toolbar::Perform(const ControlRow& row) {
-  const std::string_view target = row.action.target;
-  switch (row.action.kind) {
+void Toolbar::Perform(const Action& action, std::string_view key) {
+  const std::string_view target = action.target;
+  switch (action.kind) {
     case Action::Kind::kShowPage:
       state_.ActivePage = PageIndex(target);
       break;
     case Action::Kind::kShowOwnPage:
-      state_.ActivePage = PageOfKey(row.id);
+      state_.ActivePage = PageOfKey(key);
       break;
     case Action::Kind::kRunCommand:
       core::Ignore(shell_.StartCommand(target, platform::WindowState::kMinimised));

@@ -11,6 +11,7 @@ class Toolbar {
  public:
   Toolbar(const Shared& shared, Navigation& navigation, HelpWindow& help)
       : state_(shared.state),
+        controls_(shared.controls),
         shell_(shared.services.shell),
         windows_(shared.windows),
         navigation_(navigation),
@@ -18,16 +19,20 @@ class Toolbar {
   Toolbar(const Toolbar&) = delete;
   Toolbar& operator=(const Toolbar&) = delete;
 
-  /// Gives a form's controls the actions of their rows.
+  /// Gives a form's controls the actions of their rows, and its window its shortcuts.
   void Connect(const Form& form);
+  /// Disables what the newest systems don't have.
+  void DisableForVista();
   /// Goes to a page as its menu item does.
   void GoToPage(int page);
 
  private:
   void PressKey(const ControlRow& row);
-  void Perform(const ControlRow& row);
+  /// `key` is the id of the key whose own page an action may name.
+  void Perform(const Action& action, std::string_view key);
 
   core::ProgramState& state_;
+  const controls::ControlSet& controls_;
   platform::ShellApi& shell_;
   Windows& windows_;
   Navigation& navigation_;
