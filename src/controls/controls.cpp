@@ -60,14 +60,13 @@ void OptionButton::Use() {
 void OptionButton::Show(bool chosen) {
   Assign(chosen_, chosen);
   if (!chosen) return;
-  for (OptionButton* other : others_) other->Show(false);
+  for (OptionButton* each : group_) {
+    if (each != this) each->Show(false);
+  }
 }
 
 void OptionButton::Group(const std::vector<OptionButton*>& options) {
-  for (OptionButton* option : options) {
-    option->others_ = options;
-    std::erase(option->others_, option);
-  }
+  for (OptionButton* option : options) option->group_ = options;
 }
 
 bool ComboBox::HasPosition(int position) const { return HasPositionIn(items_, position); }

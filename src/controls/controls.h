@@ -46,13 +46,15 @@ class OptionButton : public Control {
   void Show(bool chosen);
   /// Puts the options into one group; each then knows the others.
   static void Group(const std::vector<OptionButton*>& options);
+  /// All options of its group in their order, itself included; none where it stands alone.
+  const std::vector<OptionButton*>& GroupMembers() const { return group_; }
 
   std::string ValueText() const override { return chosen_ ? "on" : "off"; }
   void Accept(ControlVisitor& visitor) override;
 
  private:
   bool chosen_ = false;
-  std::vector<OptionButton*> others_;
+  std::vector<OptionButton*> group_;
 };
 
 /// What happened to a combo: an item was chosen from its list, or its text was changed.

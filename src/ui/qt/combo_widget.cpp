@@ -7,11 +7,12 @@
 #include <QSignalBlocker>
 #include <QStylePainter>
 
-#include "ui/qt/face_context.h"
+#include "ui/face/context.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
-ComboWidget::ComboWidget(controls::ComboBox& control, FaceContext& context, QWidget* parent)
+ComboWidget::ComboWidget(controls::ComboBox& control, face::Context& context, QWidget* parent)
     : QComboBox(parent), control_(control), context_(context) {
   if (control.TakesTyping()) {
     setEditable(true);
@@ -22,26 +23,22 @@ ComboWidget::ComboWidget(controls::ComboBox& control, FaceContext& context, QWid
 }
 
 void ComboWidget::Choose(int position) {
-  context_.Act([this, position] { (void)control_.Choose(position); });
+  context_.Act(control_, [this, position] { return control_.Choose(position); });
   ShowControlText();
 }
 
 void ComboWidget::FinishTyping() {
   const QString typed = lineEdit()->text();
   if (typed == drawn_text_) return;
-  int position = findText(typed, Qt::MatchFixedString | Qt::MatchCaseSensitive);
-  if (position < 0) position = findText(typed, Qt::MatchFixedString);
-  if (position >= 0) {
-    Choose(position);
-    return;
-  }
-  context_.Act([this, &typed] { (void)control_.Type(typed.toStdString()); });
+  context_.Act(control_, [this, &typed] {
+    return control_.UseText(typed.toStdString()) != controls::TextUse::kRefused;
+  });
   ShowControlText();
 }
 
 void ComboWidget::ShowControlText() {
   const QSignalBlocker blocker(this);
-  drawn_text_ = QString::fromStdString(control_.Text());
+  drawn_text_ = ToQt(control_.Text());
   setCurrentIndex(control_.Position());
   if (isEditable()) {
     setEditText(drawn_text_);
@@ -53,7 +50,7 @@ void ComboWidget::ShowControlText() {
 void ComboWidget::RedrawItems() {
   const std::vector<std::string>& items = control_.Items();
   QStringList texts;
-  for (const std::string& item : items) texts += QString::fromStdString(item);
+  for (const std::string& item : items) texts += ToQt(item);
   bool same = count() == texts.size();
   for (int i = 0; same && i < count(); ++i) same = itemText(i) == texts[i];
   if (same) return;
@@ -69,7 +66,7 @@ void ComboWidget::Redraw() {
     const QSignalBlocker blocker(this);
     RedrawItems();
   }
-  if (!typing || drawn_text_ != QString::fromStdString(control_.Text())) ShowControlText();
+  if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
 }
 
 int ComboWidget::TextWidth() const {
@@ -106,10 +103,33 @@ void ComboWidget::paintEvent(QPaintEvent* event) {
   painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
+bool ComboWidget::OpensList(const QKeyEvent& event) const {
+  switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      return !isEditable();
+    default:
+      return !isEditable() && !event.text().isEmpty() && event.text()[0].isPrint();
+  }
+}
+
 void ComboWidget::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  if (isEditable() && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+  const bool is_enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (OpensList(*event)) {
+    showPopup();
+  } else if (isEditable() && is_enter && lineEdit()->text() != drawn_text_) {
     FinishTyping();
+  } else if (is_enter) {
+    // The window's default key may want it.
+    event->ignore();
   } else if (isEditable() && key == Qt::Key_Escape && lineEdit()->text() != drawn_text_) {
     ShowControlText();
   } else {

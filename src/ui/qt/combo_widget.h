@@ -4,16 +4,18 @@
 
 #include "controls/controls.h"
 
+namespace kestrune::face {
+class Context;
+}
+
 namespace kestrune::qt {
 
-class FaceContext;
-
-/// A combo that shows its control's text whether or not that is an item, and hands choices and
-/// finished typing to it. Typing ends with Enter or with leaving; Escape takes it back. A typed
-/// text that is an item, whatever its case, is chosen.
+/// A combo that shows its control's text whether or not that is an item, and hands choices in the
+/// opened list and finished typing to it. Typing ends with Enter or with leaving; Escape takes it
+/// back. Keys that would go through the closed list open it.
 class ComboWidget : public QComboBox {
  public:
-  ComboWidget(controls::ComboBox& control, FaceContext& context, QWidget* parent);
+  ComboWidget(controls::ComboBox& control, face::Context& context, QWidget* parent);
 
   /// Shows what the control holds; an unfinished text is kept while the control's own text stays.
   void Redraw();
@@ -30,12 +32,13 @@ class ComboWidget : public QComboBox {
  private:
   void Choose(int position);
   void FinishTyping();
+  bool OpensList(const QKeyEvent& event) const;
   void ShowControlText();
   void RedrawItems();
   int TextWidth() const;
 
   controls::ComboBox& control_;
-  FaceContext& context_;
+  face::Context& context_;
   QString drawn_text_;
 };
 

@@ -1,11 +1,14 @@
 #include "ui/qt/face.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QIcon>
 #include <QTimer>
+#include <utility>
 
 #include "ui/forms/main_form.h"
 #include "ui/qt/store_notice.h"
+#include "ui/qt/to_qt.h"
 
 // Resources of a static library are registered by name, from outside of any namespace.
 static void RegisterIcons() { Q_INIT_RESOURCE(icons); }
@@ -14,14 +17,16 @@ namespace kestrune::qt {
 
 namespace {
 
-controls::Control& WindowOf(const forms::Form& form) { return *form.Controls().front(); }
+face::Scale ScaleOfDesktop() {
+  return face::Scale::ForFontHeight(QFontInfo(QApplication::font()).pixelSize());
+}
 
 }  // namespace
 
-Face::Face(forms::Program& program, platform::FilesApi& files, StoreFailure store_failure)
+Face::Face(forms::Program& program, platform::FilesApi& files, face::StoreFailure store_failure)
     : program_(program),
-      store_failure_(std::move(store_failure)),
-      context_(Scale::ForFont(QApplication::font()), files, [this] { AfterAct(); }),
+      failure_(std::move(store_failure)),
+      context_(ScaleOfDesktop(), files, program.Gate(), [this] { AfterAct(); }),
       timers_(program.Timers(), [this] { AfterAct(); }) {
   RegisterIcons();
   // Nothing in the window waits for it.
@@ -31,28 +36,55 @@ Face::Face(forms::Program& program, platform::FilesApi& files, StoreFailure stor
   views_[&program_.Main()] = main_view_.get();
   main_view_->FollowWindow();
   for (forms::Form* form : program_.Forms()) {
-    if (form == &program_.Main()) continue;
-    controls::Control& window = WindowOf(*form);
-    if (window.Visible()) ShowForm(*form, main_view_.get());
-    subscriptions_.push_back(window.Observe([this, form, &window] {
-      if (window.Visible()) ShowForm(*form, main_view_.get());
-    }));
+    if (form != &program_.Main()) ShowWhenVisible(*form);
   }
+  TieFocus();
   AfterAct();
 }
 
-Face::~Face() = default;
+Face::~Face() { program_.Focus() = {}; }
 
 FormView* Face::ViewOf(const forms::Form& form) const {
   const auto found = views_.find(&form);
   return found == views_.end() ? nullptr : found->second;
 }
 
-void Face::ShowForm(forms::Form& form, FormView* owner) {
+void Face::ShowWhenVisible(forms::Form& form) {
+  controls::Control& window = *form.Controls().front();
+  if (window.Visible()) Show(form);
+  subscriptions_.push_back(window.Observe([this, &form, &window] {
+    if (window.Visible()) Show(form);
+  }));
+}
+
+void Face::Show(forms::Form& form) {
   if (ViewOf(form) != nullptr) return;
-  auto* view = new FormView(form, context_, owner);
+  const auto& window = dynamic_cast<const controls::Window&>(*form.Controls().front());
+  auto* view = new FormView(form, context_, OwnerOf(window));
   views_[&form] = view;
   view->FollowWindow();
+}
+
+QWidget* Face::OwnerOf(const controls::Window& window) const {
+  for (const auto& [form, view] : views_) {
+    if (&view->TheWindow() == window.Owner()) return view;
+  }
+  return main_view_.get();
+}
+
+void Face::TieFocus() {
+  program_.Focus().where = [this]() -> const controls::Control* {
+    for (const auto& [form, view] : views_) {
+      const controls::Control* control = view->ControlOf(QApplication::focusWidget());
+      if (control != nullptr && control != &view->TheWindow()) return control;
+    }
+    return nullptr;
+  };
+  program_.Focus().move_to = [this](const controls::Control& control) {
+    for (const auto& [form, view] : views_) {
+      if (QWidget* widget = view->WidgetOf(control)) widget->setFocus(Qt::OtherFocusReason);
+    }
+  };
 }
 
 void Face::AfterAct() {
@@ -60,11 +92,9 @@ void Face::AfterAct() {
     QCoreApplication::quit();
     return;
   }
-  if (store_notice_ != nullptr || !store_failure_) return;
-  if (const std::optional<std::string> failure = store_failure_()) {
-    store_notice_ = new StoreNotice(QString::fromStdString(*failure),
-                                    program_.Main().Get<controls::Label>("main.lower-panel-edge"),
-                                    context_, main_view_.get());
+  if (const std::optional<std::string> failure = failure_.Next()) {
+    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>("main.lower-panel-edge"),
+                    context_, main_view_.get());
   }
 }
 

@@ -1,10 +1,13 @@
 #include "ui/qt/form_view.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMetaObject>
+#include <QPushButton>
+#include <QShortcut>
 
-#include "ui/qt/face_context.h"
-#include "ui/qt/tool_button.h"
+#include "ui/face/context.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
@@ -14,18 +17,29 @@ controls::Window& WindowOf(const forms::Form& form) {
   return dynamic_cast<controls::Window&>(*form.Controls().front());
 }
 
+/// The toolkit abbreviates the names of some keys.
+QKeySequence KeysOf(const controls::Shortcut& shortcut) {
+  return QKeySequence::fromString(ToQt(shortcut.keys).replace("Page", "Pg"),
+                                  QKeySequence::PortableText);
+}
+
 }  // namespace
 
-FormView::FormView(forms::Form& form, FaceContext& context, QWidget* owner)
+FormView::FormView(forms::Form& form, face::Context& context, QWidget* owner)
     : QWidget(owner, Qt::Window),
       form_(form),
       context_(context),
       window_(WindowOf(form)),
-      maker_(form, context, subscriptions_) {
-  setObjectName(QString::fromStdString(window_.Id()));
+      maker_(form, context, subscriptions_),
+      builder_(
+          form, [this](controls::Control& control) { MakeWidget(control); },
+          [this] { ChainTabOrder(); }) {
+  setObjectName(ToQt(window_.Id()));
   setMouseTracking(true);
+  if (window_.Modal()) setWindowModality(Qt::ApplicationModal);
   widgets_[&window_] = this;
-  Build();
+  ConnectShortcuts();
+  builder_.Start();
 }
 
 void FormView::FollowWindow() {
@@ -38,52 +52,42 @@ QWidget* FormView::WidgetOf(const controls::Control& control) const {
   return found == widgets_.end() ? nullptr : found->second;
 }
 
-void FormView::Build() {
-  for (const auto& control : form_.Controls()) {
-    if (control->Parent() != &window_ || control->Visible()) continue;
-    auto* frame = dynamic_cast<controls::Frame*>(control.get());
-    if (frame == nullptr) continue;
-    subscriptions_.push_back(frame->Observe([this, frame] {
-      if (frame->Visible() && WidgetOf(*frame) == nullptr) BuildUnder(*frame);
-    }));
+const controls::Control* FormView::ControlOf(const QWidget* widget) const {
+  for (; widget != nullptr; widget = widget->parentWidget()) {
+    for (const auto& [control, made] : widgets_) {
+      if (made == widget) return control;
+    }
   }
-  BuildUnder(window_);
+  return nullptr;
 }
 
-void FormView::BuildUnder(const controls::Control& top) {
-  for (const auto& control : form_.Controls()) {
-    if (WidgetOf(*control) == nullptr && StandsIn(*control, top)) BuildOne(*control);
-  }
-  ChainTabOrder();
-}
-
-bool FormView::StandsIn(const controls::Control& control, const controls::Control& top) const {
-  for (const controls::Control* each = &control; each != nullptr; each = each->Parent()) {
-    if (each == &top) return true;
-  }
-  return false;
-}
-
-void FormView::BuildOne(controls::Control& control) {
-  QWidget* parent = WidgetOf(*control.Parent());
-  const bool waits = parent == this && !control.Visible() &&
-                     dynamic_cast<const controls::Frame*>(&control) != nullptr;
-  if (parent == nullptr || waits) return;
-  if (QWidget* widget = maker_.Make(control, parent)) widgets_[&control] = widget;
+void FormView::MakeWidget(controls::Control& control) {
+  QWidget* widget = maker_.Make(control, WidgetOf(*control.Parent()));
+  widgets_[&control] = widget;
+  auto* button = qobject_cast<QPushButton*>(widget);
+  if (button != nullptr && &control == window_.DefaultKey()) button->setDefault(true);
 }
 
 void FormView::ChainTabOrder() {
   QWidget* before = nullptr;
   for (const auto& control : form_.Controls()) {
     QWidget* widget = WidgetOf(*control);
-    if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (widget == nullptr || !face::TakesFocus(*control)) continue;
     if (before != nullptr) setTabOrder(before, widget);
     before = widget;
   }
 }
 
+void FormView::ConnectShortcuts() {
+  for (const controls::Shortcut& shortcut : window_.Shortcuts()) {
+    auto* keys = new QShortcut(KeysOf(shortcut), this);
+    connect(keys, &QShortcut::activated, this, [this, &shortcut] { context_.Use(shortcut); });
+  }
+}
+
 void FormView::RedrawWindow() {
-  setWindowTitle(QString::fromStdString(window_.Caption()));
+  setWindowTitle(ToQt(window_.Caption()));
+  setWindowOpacity(window_.Opacity() / 255.0);
   PlaceWindow();
   if (window_.Visible() == isVisible()) return;
   setAttribute(Qt::WA_ShowWithoutActivating, context_.Hovering());
@@ -92,9 +96,14 @@ void FormView::RedrawWindow() {
 
 void FormView::PlaceWindow() {
   if (isMaximized() && !window_.Maximised()) setWindowState(windowState() & ~Qt::WindowMaximized);
-  const QRect bounds = context_.TheScale().ToPixels(window_.Bounds());
-  if (bounds.topLeft() != QPoint(0, 0) && bounds.topLeft() != pos()) move(bounds.topLeft());
-  setFixedSize(bounds.size());
+  const face::PixelRect bounds = context_.TheScale().ToPixels(window_.Bounds());
+  const QRect place = ToQt(bounds);
+  if (face::HasPlace(bounds) && place.topLeft() != pos()) move(place.topLeft());
+  if (!window_.Resizable()) {
+    setFixedSize(place.size());
+  } else if (!isMaximized()) {
+    resize(place.size());
+  }
 }
 
 void FormView::ReportPlaceLater() {
@@ -110,35 +119,45 @@ void FormView::ReportPlace() {
   report_pending_ = false;
   if (isMinimized()) return;
   const bool maximised = isMaximized();
-  const controls::Rect bounds = maximised ? window_.Bounds() : PresentBounds();
-  if (bounds == window_.Bounds() && maximised == window_.Maximised()) return;
-  context_.Act([&] { window_.UseResized(bounds, maximised); });
-}
-
-controls::Rect FormView::PresentBounds() const {
-  // Pixels are coarser than twips: what looks the same has not changed.
-  const QRect shown(pos(), size());
-  const QRect known = context_.TheScale().ToPixels(window_.Bounds());
-  const controls::Rect present = context_.TheScale().ToTwips(shown);
-  controls::Rect bounds = window_.Bounds();
-  if (shown.x() != known.x()) bounds.left = present.left;
-  if (shown.y() != known.y()) bounds.top = present.top;
-  if (shown.width() != known.width()) bounds.width = present.width;
-  if (shown.height() != known.height()) bounds.height = present.height;
-  return bounds;
+  const controls::Rect& known = window_.Bounds();
+  const controls::Rect bounds =
+      maximised ? known : context_.TheScale().Moved(known, {x(), y(), width(), height()});
+  if (bounds == known && maximised == window_.Maximised()) return;
+  context_.Act(window_, [&] {
+    window_.UseResized(bounds, maximised);
+    return true;
+  });
 }
 
 void FormView::closeEvent(QCloseEvent* event) {
   // Whether it closes is the form's decision; it then hides the window.
   event->ignore();
-  context_.Act([this] { window_.UseClose(); });
+  context_.Act(window_, [this] {
+    window_.UseClose();
+    return true;
+  });
 }
 
 void FormView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) ReportPlaceLater();
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && window_.on_activate) {
-    context_.Act(window_.on_activate);
+    context_.Act(window_, [this] {
+      window_.on_activate();
+      return true;
+    });
+  }
+}
+
+void FormView::keyPressEvent(QKeyEvent* event) {
+  const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  controls::Control* pressed = is_enter                         ? window_.DefaultKey()
+                               : event->key() == Qt::Key_Escape ? window_.CancelKey()
+                                                                : nullptr;
+  if (pressed == nullptr) {
+    QWidget::keyPressEvent(event);
+  } else {
+    context_.Press(*pressed);
   }
 }
 

@@ -5,21 +5,21 @@
 #include <vector>
 
 #include "controls/controls.h"
+#include "ui/face/builder.h"
 #include "ui/forms/form.h"
 #include "ui/qt/widget_maker.h"
 
+namespace kestrune::face {
+class Context;
+}
+
 namespace kestrune::qt {
 
-class FaceContext;
-
-/// One form as a window of the desktop.
-///
-/// Widgets are children of each other as their controls are. A frame that stands directly in the
-/// window (a page, a help topic) is built with all that is in it when it is first shown. The tab
-/// order is that of the form. The form must outlive the view.
+/// One form as a window of the desktop. Widgets are children of each other as their controls are,
+/// and are made when face::Builder says so. The form must outlive the view.
 class FormView : public QWidget {
  public:
-  FormView(forms::Form& form, FaceContext& context, QWidget* owner);
+  FormView(forms::Form& form, face::Context& context, QWidget* owner);
 
   /// Appears where and whenever the form's window does, from now on.
   void FollowWindow();
@@ -27,32 +27,33 @@ class FormView : public QWidget {
   const controls::Window& TheWindow() const { return window_; }
   /// The widget of a control; null while it isn't built.
   QWidget* WidgetOf(const controls::Control& control) const;
+  /// The control whose widget this is or stands around it; null for none of this form.
+  const controls::Control* ControlOf(const QWidget* widget) const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
-  void Build();
-  void BuildUnder(const controls::Control& top);
-  void BuildOne(controls::Control& control);
-  bool StandsIn(const controls::Control& control, const controls::Control& top) const;
+  void MakeWidget(controls::Control& control);
   void ChainTabOrder();
+  void ConnectShortcuts();
   void RedrawWindow();
   void PlaceWindow();
   void ReportPlace();
-  controls::Rect PresentBounds() const;
   void ReportPlaceLater();
 
   forms::Form& form_;
-  FaceContext& context_;
+  face::Context& context_;
   controls::Window& window_;
   std::unordered_map<const controls::Control*, QWidget*> widgets_;
   std::vector<controls::Subscription> subscriptions_;
   WidgetMaker maker_;
+  face::Builder builder_;
   bool report_pending_ = false;
 };
 

@@ -8,7 +8,7 @@
 #include <QWidget>
 
 #include "controls/control.h"
-#include "ui/qt/face_context.h"
+#include "ui/face/context.h"
 
 namespace kestrune::qt {
 
@@ -21,7 +21,7 @@ bool WheelChangesValue(const QWidget& widget) {
 
 }  // namespace
 
-InputWatcher::InputWatcher(controls::Control& control, FaceContext& context, QWidget* widget)
+InputWatcher::InputWatcher(controls::Control& control, face::Context& context, QWidget* widget)
     : QObject(widget), control_(control), context_(context), widget_(widget) {
   Watch(widget);
 }
@@ -51,14 +51,14 @@ bool InputWatcher::eventFilter(QObject*, QEvent* event) {
       return false;
     }
     case QEvent::Wheel:
-      // Values are written at once, so a wheel turned over a control that isn't in use must not
-      // change it.
-      if (widget_->hasFocus() || !WheelChangesValue(*widget_)) return false;
+      // Values are written at once, so a wheel turned in passing must not change one.
+      if (!WheelChangesValue(*widget_)) return false;
       event->ignore();
       return true;
     default:
+      if (move_ && ArrowMoves(event)) return true;
       if (!is_link_ || !Presses(event)) return false;
-      context_.Act([this] { control_.Click(); });
+      context_.Press(control_);
       return true;
   }
 }
@@ -67,6 +67,15 @@ bool InputWatcher::MouseMoves(QEvent* event) {
   context_.Hover(control_);
   // Only the innermost control is hovered over; a drag still reaches the widget.
   return static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton;
+}
+
+bool InputWatcher::ArrowMoves(QEvent* event) const {
+  if (event->type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  const bool forwards = key == Qt::Key_Right || key == Qt::Key_Down;
+  if (!forwards && key != Qt::Key_Left && key != Qt::Key_Up) return false;
+  move_(forwards);
+  return true;
 }
 
 bool InputWatcher::Presses(QEvent* event) const {

@@ -3,8 +3,9 @@
 #include <QPainter>
 #include <QTextLayout>
 
-#include "ui/qt/captions.h"
+#include "ui/face/captions.h"
 #include "ui/qt/focus_mark.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
@@ -41,7 +42,7 @@ void LabelWidget::SetCaption(const QString& caption) {
   caption_ = caption;
   Fit();
   // The toolkit's own text serves screen readers; what is painted is the caption.
-  setText(WithoutMnemonic(caption));
+  setText(ToQt(face::WithoutMnemonic(caption.toStdString())));
 }
 
 void LabelWidget::SetHeading() {

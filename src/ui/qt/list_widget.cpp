@@ -2,11 +2,12 @@
 
 #include <QSignalBlocker>
 
-#include "ui/qt/face_context.h"
+#include "ui/face/context.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
-ListWidget::ListWidget(controls::ListBox& control, FaceContext& context, QWidget* parent)
+ListWidget::ListWidget(controls::ListBox& control, face::Context& context, QWidget* parent)
     : QListWidget(parent), control_(control), context_(context) {
   setSelectionMode(SingleSelection);
   setUniformItemSizes(true);
@@ -26,14 +27,14 @@ void ListWidget::SelectionChanged() {
 }
 
 void ListWidget::Choose(int row) {
-  context_.Act([this, row] { (void)control_.Choose(row); });
+  context_.Act(control_, [this, row] { return control_.Choose(row); });
   Redraw();
 }
 
 void ListWidget::RedrawItems() {
   const std::vector<std::string>& items = control_.Items();
   QStringList texts;
-  for (const std::string& item : items) texts += QString::fromStdString(item);
+  for (const std::string& item : items) texts += ToQt(item);
   bool same = count() == texts.size();
   for (int i = 0; same && i < count(); ++i) same = item(i)->text() == texts[i];
   if (same) return;

@@ -4,15 +4,17 @@
 
 #include "controls/controls.h"
 
-namespace kestrune::qt {
+namespace kestrune::face {
+class Context;
+}
 
-class FaceContext;
+namespace kestrune::qt {
 
 /// A list that hands the user's choice of a line to its control, also of the line that was chosen
 /// before.
 class ListWidget : public QListWidget {
  public:
-  ListWidget(controls::ListBox& control, FaceContext& context, QWidget* parent);
+  ListWidget(controls::ListBox& control, face::Context& context, QWidget* parent);
 
   void Redraw();
 
@@ -25,7 +27,7 @@ class ListWidget : public QListWidget {
   void RedrawItems();
 
   controls::ListBox& control_;
-  FaceContext& context_;
+  face::Context& context_;
   int row_before_press_ = -1;
 };
 

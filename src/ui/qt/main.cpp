@@ -8,6 +8,8 @@
 
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "ui/face/command_line.h"
+#include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
 #include "ui/qt/face.h"
@@ -20,35 +22,14 @@ using namespace kestrune;
 
 constexpr int kFailed = 3;
 
-/// The whole command line is one path, blanks and all.
-std::string JoinArguments(int count, char** arguments) {
-  std::string joined;
-  for (int i = 1; i < count; ++i) {
-    if (i > 1) joined += ' ';
-    joined += arguments[i];
-  }
-  return joined;
-}
-
 bool HasScreen() {
   const QString platform = QGuiApplication::platformName();
   return platform != "offscreen" && platform != "minimal";
 }
 
-/// Messages where nobody could press a button: they are printed, and the first button counts.
-class PrintedDialog : public platform::DialogApi {
- public:
-  platform::Answer ShowMessage(std::string_view, std::string_view text,
-                               platform::Buttons) override {
-    std::fprintf(stderr, "message: %.*s\n", static_cast<int>(text.size()), text.data());
-    return platform::Answer::kOk;
-  }
-  void RunPendingEvents() override {}
-};
-
 std::unique_ptr<platform::DialogApi> MakeDialog() {
   if (HasScreen()) return std::make_unique<qt::QtDialog>();
-  return std::make_unique<PrintedDialog>();
+  return std::make_unique<face::PrintedDialog>();
 }
 
 int Fail(const std::string& sentence) {
@@ -97,5 +78,5 @@ int main(int argument_count, char** arguments) {
   // The toolkit would take its own options out of a path that happens to look like one.
   int own_count = 1;
   const QApplication application(own_count, arguments);
-  return Run(JoinArguments(argument_count, arguments));
+  return Run(face::ProfilePath(argument_count, arguments));
 }

@@ -3,15 +3,9 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "ui/qt/to_qt.h"
+
 namespace kestrune::qt {
-
-namespace {
-
-QString ToQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
 
 platform::Answer QtDialog::ShowMessage(std::string_view title, std::string_view text,
                                        platform::Buttons buttons) {

@@ -1,25 +1,16 @@
 #include "ui/qt/store_notice.h"
 
-#include "ui/qt/face_context.h"
+#include "ui/face/context.h"
+#include "ui/face/failure_notice.h"
 #include "ui/qt/input_watcher.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
-namespace {
-
-// With the blank space around the label there is room for two lines.
-constexpr int kRoomAbove = 60;
-constexpr int kRoomBelow = 90;
-
-}  // namespace
-
-StoreNotice::StoreNotice(const QString& sentence, controls::Control& edge, FaceContext& context,
+StoreNotice::StoreNotice(const QString& sentence, controls::Control& edge, face::Context& context,
                          QWidget* window)
     : LabelWidget(window) {
-  controls::Rect bounds = edge.Bounds();
-  bounds.top -= kRoomAbove;
-  bounds.height += kRoomAbove + kRoomBelow;
-  setGeometry(context.TheScale().ToPixels(bounds));
+  setGeometry(ToQt(context.TheScale().ToPixels(face::NoticeBounds(edge.Bounds()))));
   SetCaption(sentence);
   setToolTip(sentence);
   setAccessibleName(sentence);

@@ -6,15 +6,17 @@ namespace kestrune::controls {
 class Control;
 }
 
-namespace kestrune::qt {
+namespace kestrune::face {
+class Context;
+}
 
-class FaceContext;
+namespace kestrune::qt {
 
 /// A sentence about a store that failed, at the edge of the lower panel. It stands in the place of
 /// the label there and does its work, and a keyboard and a screen reader find it.
 class StoreNotice : public LabelWidget {
  public:
-  StoreNotice(const QString& sentence, controls::Control& edge, FaceContext& context,
+  StoreNotice(const QString& sentence, controls::Control& edge, face::Context& context,
               QWidget* window);
 };
 

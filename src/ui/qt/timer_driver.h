@@ -2,31 +2,20 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
-#include <functional>
 
-#include "controls/timer.h"
+#include "ui/face/timer_pump.h"
 
 namespace kestrune::qt {
 
-/// Moves a program's clock along with real time for as long as one of its timers is enabled, and
-/// calls `after_tick` each time. It takes the scheduler's `on_armed` while it lives.
+/// Runs a program's timers in the toolkit's event loop.
 class TimerDriver {
  public:
   TimerDriver(controls::Scheduler& scheduler, std::function<void()> after_tick);
-  ~TimerDriver();
-  TimerDriver(const TimerDriver&) = delete;
-  TimerDriver& operator=(const TimerDriver&) = delete;
 
  private:
-  void Armed();
-  void Tick();
-  void Wait();
-
-  controls::Scheduler& scheduler_;
-  std::function<void()> after_tick_;
-  QTimer timer_;
   QElapsedTimer clock_;
-  bool ticking_ = false;
+  QTimer timer_;
+  face::TimerPump pump_;
 };
 
 }  // namespace kestrune::qt

@@ -3,9 +3,10 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include "ui/face/captions.h"
+#include "ui/face/context.h"
 #include "ui/forms/form.h"
-#include "ui/qt/captions.h"
-#include "ui/qt/face_context.h"
+#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
@@ -24,26 +25,20 @@ std::vector<controls::ToolKey*> KeysIn(const forms::Form& form, const controls::
 
 QIcon IconOf(const controls::Control& key) {
   const std::string& id = key.Id();
-  const QString path =
-      QStringLiteral(":/icons/%1.svg").arg(QString::fromStdString(id.substr(id.rfind('.') + 1)));
+  const QString path = QStringLiteral(":/icons/%1.svg").arg(ToQt(id.substr(id.rfind('.') + 1)));
   return QIcon(path);
-}
-
-// Without a language file the keys have no captions; their ids keep them usable.
-QString ShownCaption(const controls::Control& key) {
-  return key.Caption().empty() ? ReadableName(key.Id()) : QString::fromStdString(key.Caption());
 }
 
 }  // namespace
 
-ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, FaceContext& context,
+ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, face::Context& context,
                        QWidget* parent)
     : QToolButton(parent), key_(key), context_(context), items_(KeysIn(form, key)) {
   setAutoRaise(true);
   setFocusPolicy(Qt::StrongFocus);
   setIcon(IconOf(key));
   setIconSize(QSize(kIconPixels, kIconPixels));
-  connect(this, &QToolButton::clicked, this, [this] { context_.Act([this] { key_.Click(); }); });
+  connect(this, &QToolButton::clicked, this, [this] { context_.Press(key_); });
   if (items_.empty()) return;
   auto* menu = new QMenu(this);
   connect(menu, &QMenu::aboutToShow, this, [this] { FillMenu(); });
@@ -53,22 +48,21 @@ ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, FaceCont
 
 void ToolButton::FillMenu() {
   menu()->clear();
-  QStringList captions;
-  for (const controls::ToolKey* item : items_) captions += ShownCaption(*item);
-  captions = WithMnemonics(captions);
+  std::vector<std::string> captions;
+  for (const controls::ToolKey* item : items_) captions.push_back(face::KeyCaption(*item));
+  captions = face::WithMnemonics(captions);
   for (std::size_t i = 0; i < items_.size(); ++i) {
     controls::ToolKey* item = items_[i];
-    QAction* action = menu()->addAction(captions[static_cast<qsizetype>(i)]);
-    action->setObjectName(QString::fromStdString(item->Id()));
+    QAction* action = menu()->addAction(ToQt(captions[i]));
+    action->setObjectName(ToQt(item->Id()));
     action->setEnabled(item->Enabled());
     action->setVisible(item->Visible());
-    connect(action, &QAction::triggered, this,
-            [this, item] { context_.Act([item] { item->Click(); }); });
+    connect(action, &QAction::triggered, this, [this, item] { context_.Press(*item); });
   }
 }
 
 void ToolButton::Redraw() {
-  setText(WithoutMnemonic(QString::fromStdString(key_.Caption())));
+  setText(ToQt(face::WithoutMnemonic(key_.Caption())));
   const bool has_room_below = height() >= kIconPixels + fontMetrics().height();
   setToolButtonStyle(key_.Caption().empty() ? Qt::ToolButtonIconOnly
                      : has_room_below       ? Qt::ToolButtonTextUnderIcon

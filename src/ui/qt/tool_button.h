@@ -9,15 +9,17 @@ namespace kestrune::forms {
 class Form;
 }
 
-namespace kestrune::qt {
+namespace kestrune::face {
+class Context;
+}
 
-class FaceContext;
+namespace kestrune::qt {
 
 /// A key of the toolbar, with the keys that stand in it as a menu. The arrow or the Down key opens
 /// the menu; it is filled anew each time, with a mnemonic for each item.
 class ToolButton : public QToolButton {
  public:
-  ToolButton(controls::ToolKey& key, const forms::Form& form, FaceContext& context,
+  ToolButton(controls::ToolKey& key, const forms::Form& form, face::Context& context,
              QWidget* parent);
 
   void Redraw();
@@ -29,7 +31,7 @@ class ToolButton : public QToolButton {
   void FillMenu();
 
   controls::ToolKey& key_;
-  FaceContext& context_;
+  face::Context& context_;
   std::vector<controls::ToolKey*> items_;
 };
 

@@ -11,22 +11,28 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
-#include "ui/qt/captions.h"
+#include "ui/face/builder.h"
+#include "ui/face/captions.h"
+#include "ui/face/context.h"
+#include "ui/qt/bar_widget.h"
 #include "ui/qt/combo_widget.h"
-#include "ui/qt/face_context.h"
+#include "ui/qt/graph_widget.h"
 #include "ui/qt/input_watcher.h"
 #include "ui/qt/label_widget.h"
 #include "ui/qt/list_widget.h"
 #include "ui/qt/picture_widget.h"
 #include "ui/qt/scroll_bar_widget.h"
+#include "ui/qt/to_qt.h"
 #include "ui/qt/tool_button.h"
 
 namespace kestrune::qt {
 
 namespace {
 
-QString CaptionOf(const controls::Control& control) {
-  return QString::fromStdString(control.Caption());
+QString CaptionOf(const controls::Control& control) { return ToQt(control.Caption()); }
+
+QString WithoutMnemonic(const QString& caption) {
+  return ToQt(face::WithoutMnemonic(caption.toStdString()));
 }
 
 /// Puts a caption on a button, cut to what fits; true when something was cut off.
@@ -48,17 +54,11 @@ bool DrawTitle(QGroupBox& box, const QString& caption) {
   return shown != caption;
 }
 
-QString TipOf(const controls::Control& control, const QWidget& widget, bool is_cut,
-              const QString& name) {
-  if (!control.ToolTip().empty()) return QString::fromStdString(control.ToolTip());
-  if (is_cut) {
-    const bool has_caption = !control.Caption().empty();
-    return QString::fromStdString(has_caption ? control.Caption() : control.ValueText());
-  }
-  // A button that has lost its caption must still say what it does.
-  const bool is_blank_button =
-      control.Caption().empty() && qobject_cast<const QAbstractButton*>(&widget) != nullptr;
-  return is_blank_button ? name : QString();
+void Choose(face::Context& context, controls::OptionButton& option) {
+  context.Act(option, [&option] {
+    option.Use();
+    return true;
+  });
 }
 
 }  // namespace
@@ -72,22 +72,30 @@ QWidget* WidgetMaker::Make(controls::Control& control, QWidget* parent) {
 
 InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw draw) {
   made_ = widget;
-  widget->setObjectName(QString::fromStdString(control.Id()));
-  controls::Control* label = LabelOf(form_, control);
+  widget->setObjectName(ToQt(control.Id()));
+  controls::Label* label = face::LabelOf(form_, control);
   const auto redraw = [scale = &context_.TheScale(), &control, label, widget,
                        draw = std::move(draw)] {
-    widget->setGeometry(scale->ToPixels(control.Bounds()));
+    widget->setGeometry(ToQt(scale->ToPixels(control.Bounds())));
     widget->setEnabled(control.Enabled());
     const bool is_cut = draw();
-    const QString name = SpokenName(control, label);
-    widget->setAccessibleName(name);
-    widget->setToolTip(TipOf(control, *widget, is_cut, name));
+    const std::string name = face::SpokenName(control, label);
+    widget->setAccessibleName(ToQt(name));
+    widget->setToolTip(ToQt(face::TipOf(control, name, is_cut)));
     widget->setVisible(control.Visible());
   };
   redraw();
   subscriptions_.push_back(control.Observe(redraw));
   if (label != nullptr) subscriptions_.push_back(label->Observe(redraw));
   return new InputWatcher(control, context_, widget);
+}
+
+InputWatcher* WidgetMaker::TieWhole(controls::Control& control, QWidget* widget,
+                                    const std::function<void()>& draw) {
+  return Tie(control, widget, [draw] {
+    draw();
+    return false;
+  });
 }
 
 void WidgetMaker::Visit(controls::CheckBox& box) {
@@ -104,7 +112,7 @@ void WidgetMaker::Visit(controls::CheckBox& box) {
   });
   QObject::connect(widget, &QCheckBox::clicked, widget,
                    [this_context = &context_, &box, draw_state] {
-                     this_context->Act([&box] { (void)box.Use(box.Checked() ? 0 : 1); });
+                     this_context->Act(box, [&box] { return box.Use(box.Checked() ? 0 : 1); });
                      draw_state();
                    });
 }
@@ -117,15 +125,23 @@ void WidgetMaker::Visit(controls::OptionButton& option) {
     const QSignalBlocker blocker(widget);
     widget->setChecked(option.Chosen());
   };
-  Tie(option, widget, [&option, widget, draw_state] {
+  InputWatcher* watcher = Tie(option, widget, [&option, widget, draw_state] {
     draw_state();
     return DrawCaption(*widget, CaptionOf(option), QStyle::SE_RadioButtonContents);
   });
   QObject::connect(widget, &QRadioButton::clicked, widget,
                    [this_context = &context_, &option, draw_state] {
-                     this_context->Act([&option] { option.Use(); });
+                     Choose(*this_context, option);
                      draw_state();
                    });
+  watcher->OnArrows([this_context = &context_, &option, widget](bool forwards) {
+    controls::OptionButton& next = face::OptionBeside(option, forwards);
+    const auto siblings = widget->parentWidget()->findChildren<QRadioButton*>();
+    for (QRadioButton* each : siblings) {
+      if (each->objectName() == ToQt(next.Id())) each->setFocus(Qt::OtherFocusReason);
+    }
+    Choose(*this_context, next);
+  });
 }
 
 void WidgetMaker::Visit(controls::ComboBox& combo) {
@@ -139,10 +155,7 @@ void WidgetMaker::Visit(controls::ComboBox& combo) {
 
 void WidgetMaker::Visit(controls::ListBox& list) {
   auto* widget = new ListWidget(list, context_, parent_);
-  Tie(list, widget, [widget] {
-    widget->Redraw();
-    return false;
-  });
+  TieWhole(list, widget, [widget] { widget->Redraw(); });
 }
 
 void WidgetMaker::Visit(controls::TextBox& box) {
@@ -151,17 +164,15 @@ void WidgetMaker::Visit(controls::TextBox& box) {
                                     QLineEdit::TrailingPosition);
   const auto draw_text = [&box, widget, mark] {
     const QSignalBlocker blocker(widget);
-    const QString text = QString::fromStdString(box.Text());
+    const QString text = ToQt(box.Text());
     if (text != widget->text()) widget->setText(text);
+    widget->setReadOnly(!box.TakesTyping());
     mark->setVisible(box.Marked());
   };
-  Tie(box, widget, [draw_text] {
-    draw_text();
-    return false;
-  });
+  TieWhole(box, widget, draw_text);
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [this_context = &context_, &box, draw_text](const QString& text) {
-                     this_context->Act([&] { (void)box.Type(text.toStdString()); });
+                     this_context->Act(box, [&] { return box.Type(text.toStdString()); });
                      draw_text();
                    });
 }
@@ -169,7 +180,7 @@ void WidgetMaker::Visit(controls::TextBox& box) {
 QAbstractSlider* WidgetMaker::SliderFor(const controls::Slider& slider) {
   const bool is_upright = slider.Bounds().height > slider.Bounds().width;
   const Qt::Orientation orientation = is_upright ? Qt::Vertical : Qt::Horizontal;
-  if (slider.Id().ends_with("scroll-bar")) {
+  if (slider.IsScrollBar()) {
     auto* bar = new ScrollBarWidget(parent_);
     bar->setOrientation(orientation);
     bar->setPageStep(1);
@@ -187,13 +198,10 @@ void WidgetMaker::Visit(controls::Slider& slider) {
     widget->setRange(slider.Minimum(), slider.Maximum());
     widget->setValue(slider.Value());
   };
-  Tie(slider, widget, [draw_value] {
-    draw_value();
-    return false;
-  });
+  TieWhole(slider, widget, draw_value);
   QObject::connect(widget, &QAbstractSlider::valueChanged, widget,
                    [this_context = &context_, &slider, draw_value](int value) {
-                     this_context->Act([&slider, value] { (void)slider.Use(value); });
+                     this_context->Act(slider, [&slider, value] { return slider.Use(value); });
                      draw_value();
                    });
 }
@@ -205,12 +213,10 @@ void WidgetMaker::Visit(controls::Label& label) {
     widget->SetCaption(CaptionOf(label));
     return widget->IsCut();
   });
-  if (label.on_click) {
+  if (label.Role() == controls::LabelRole::kLink) {
     widget->SetLink();
     watcher->MakeLink();
-  } else if (label.on_hover && label.Parent() != nullptr && label.Parent()->Parent() == nullptr) {
-    // A label of the window itself that reacts to the mouse is a thing of its own; a keyboard must
-    // get there too. Labels on pages only name the control beside them.
+  } else if (label.Role() == controls::LabelRole::kEdge) {
     widget->setFocusPolicy(Qt::TabFocus);
   }
 }
@@ -221,20 +227,27 @@ void WidgetMaker::Visit(controls::Button& button) {
   Tie(button, widget, [&button, widget] {
     return DrawCaption(*widget, CaptionOf(button), QStyle::SE_PushButtonContents);
   });
-  QObject::connect(widget, &QPushButton::clicked, widget, [this_context = &context_, &button] {
-    this_context->Act([&button] { button.Click(); });
-  });
+  QObject::connect(widget, &QPushButton::clicked, widget,
+                   [this_context = &context_, &button] { this_context->Press(button); });
 }
 
 void WidgetMaker::Visit(controls::PictureBox& picture) {
   auto* widget = new PictureWidget(parent_);
-  InputWatcher* watcher = Tie(picture, widget, [this_context = &context_, &picture, widget] {
+  InputWatcher* watcher = TieWhole(picture, widget, [this_context = &context_, &picture, widget] {
     const auto path =
         picture.File().empty() ? std::nullopt : this_context->Files().Locate(picture.File());
-    widget->SetFile(QString::fromStdString(path.value_or(std::string())));
-    return false;
+    widget->SetFile(ToQt(path.value_or(std::string())));
   });
-  if (picture.on_click) watcher->MakeLink();
+  if (picture.IsLink()) watcher->MakeLink();
+}
+
+void WidgetMaker::Visit(controls::Graph& graph) {
+  auto* widget = new GraphWidget(graph, context_.TheScale(), parent_);
+  TieWhole(graph, widget, [widget] { widget->update(); });
+}
+
+void WidgetMaker::Visit(controls::Bar& bar) {
+  TieWhole(bar, new BarWidget(parent_), [] {});
 }
 
 void WidgetMaker::Visit(controls::Frame& frame) {
@@ -243,7 +256,6 @@ void WidgetMaker::Visit(controls::Frame& frame) {
 }
 
 void WidgetMaker::Visit(controls::ToolKey& key) {
-  if (dynamic_cast<const controls::ToolKey*>(key.Parent()) != nullptr) return;
   auto* widget = new ToolButton(key, form_, context_, parent_);
   Tie(key, widget, [widget] {
     widget->Redraw();

@@ -152,19 +152,71 @@ TEST_F(FormViewTest, KeysMoveASliderAndARefusedPlaceIsDrawnBack) {
   EXPECT_EQ(widget.value(), 1);
 }
 
-TEST_F(FormViewTest, AWheelTurnedInPassingMovesNothing) {
-  auto& widget = window_.Widget<QSlider>("page.lod");
-  const auto turn = [&widget] {
-    QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {},
+TEST_F(FormViewTest, AWheelMovesNothingButTheScrollBar) {
+  const auto turn = [this](std::string_view id) {
+    auto& widget = window_.Widget<QWidget>(id);
+    widget.setFocus();
+    QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
   };
-  window_.Widget<QPushButton>("page.apply").setFocus();
-  turn();
-  EXPECT_EQ(widget.value(), 0);
-  widget.setFocus();
-  turn();
-  EXPECT_GT(widget.value(), 0);
+  Log(window_.Control<ComboBox>("page.limit"));
+  Log(window_.Control<ComboBox>("page.mode"));
+  for (const char* id : {"page.lod", "page.limit", "page.mode", "main.group-scroll-bar"}) turn(id);
+  EXPECT_EQ(window_.Control<Slider>("page.lod").Value(), 0);
+  EXPECT_EQ(log_, "");
+  EXPECT_GT(window_.Control<Slider>("main.group-scroll-bar").Value(), 1);
+}
+
+TEST_F(FormViewTest, KeysOnAClosedListOpenItAndChooseNothing) {
+  for (const char* id : {"page.limit", "page.mode"}) {
+    auto& combo = window_.Widget<QComboBox>(id);
+    Log(window_.Control<ComboBox>(id));
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown}) {
+      QTest::keyClick(&combo, key);
+      EXPECT_TRUE(combo.view()->isVisible()) << id << ' ' << key;
+      combo.hidePopup();
+    }
+  }
+  auto& limit = window_.Widget<QComboBox>("page.limit");
+  QTest::keyClick(&limit, Qt::Key_2);
+  EXPECT_TRUE(limit.view()->isVisible());
+  EXPECT_EQ(log_, "");
+}
+
+TEST_F(FormViewTest, ArrowKeysChooseWithinAGroupOfOptions) {
+  auto& normal = window_.Widget<QRadioButton>("page.normal");
+  auto& zoom = window_.Widget<QRadioButton>("page.zoom");
+  normal.setFocus();
+  QTest::keyClick(&normal, Qt::Key_Right);
+  EXPECT_TRUE(zoom.isChecked());
+  EXPECT_TRUE(zoom.hasFocus());
+  QTest::keyClick(&zoom, Qt::Key_Down);
+  EXPECT_TRUE(window_.Control<OptionButton>("page.normal").Chosen());
+  window_.Control<OptionButton>("page.zoom").SetEnabled(false);
+  QTest::keyClick(&normal, Qt::Key_Left);
+  EXPECT_TRUE(normal.hasFocus());
+}
+
+TEST_F(FormViewTest, BehindAModalWindowNothingIsTakenAndAllIsDrawnBack) {
+  const controls::Window modal("modal", nullptr);
+  window_.Gate().SetModal(&modal);
+  window_.Control<controls::Window>("main").on_close = [this] { log_ += "closed "; };
+  window_.Control<controls::Button>("page.apply").on_click = [this] { log_ += "applied "; };
+  auto& box = window_.Widget<QCheckBox>("page.gamma");
+  auto& slider = window_.Widget<QSlider>("page.lod");
+  auto& text = window_.Widget<QLineEdit>("page.clock");
+  QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(5, 8));
+  QTest::keyClick(&slider, Qt::Key_Right);
+  QTest::keyClicks(&text, "9");
+  PickInList(window_.Widget<QComboBox>("page.limit"), {Qt::Key_Home, Qt::Key_Return});
+  QTest::keyClick(&window_.Widget<QPushButton>("page.apply"), Qt::Key_Space);
+  window_.View().close();
+  EXPECT_FALSE(box.isChecked());
+  EXPECT_EQ(slider.value(), 0);
+  EXPECT_EQ(text.text(), "350");
+  EXPECT_EQ(window_.Widget<QComboBox>("page.limit").currentIndex(), -1);
+  EXPECT_EQ(log_, "");
 }
 
 TEST_F(FormViewTest, WhatCodeShowsIsDrawnAndRunsNoHandler) {

@@ -16,7 +16,9 @@ constexpr ControlRow kControls[] = {
     Row(Kind::kKey, "main.two", "main.dx", {}).Design("Send").Disabled(),
     Row(Kind::kScrollBar, "main.group-scroll-bar", "main", {7800, 900, 255, 600}).Range(1, 5, 1),
     Row(Kind::kFrame, "page", "main", {120, 900, 7600, 2000}).Design("Page"),
-    Row(Kind::kLabel, "page.mode-label", "page", {120, 300, 1800, 255}).Design("Mode:"),
+    Row(Kind::kLabel, "page.mode-label", "page", {120, 300, 1800, 255})
+        .Design("Mode:")
+        .Names("page.mode"),
     Row(Kind::kEditableCombo, "page.mode", "page", {2000, 300, 1800, 330}).Initial("Auto"),
     Row(Kind::kCombo, "page.limit", "page", {4000, 300, 1800, 330}).Initial("Unknown"),
     Row(Kind::kCheck, "page.gamma", "page", {120, 700, 1800, 255}).Design("Gamma"),
@@ -46,7 +48,7 @@ SampleForm::SampleForm() : Form(kWindow) {
 }
 
 SampleWindow::SampleWindow()
-    : context_(Scale(1.0 / 15), files_, nullptr),
+    : context_(face::Scale(1.0 / 15), files_, gate_, nullptr),
       view_(std::make_unique<FormView>(form_, context_, nullptr)) {
   view_->FollowWindow();
   view_->activateWindow();

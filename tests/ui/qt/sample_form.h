@@ -5,8 +5,8 @@
 #include <string>
 
 #include "platform/files_api.h"
+#include "ui/face/context.h"
 #include "ui/forms/form.h"
-#include "ui/qt/face_context.h"
 #include "ui/qt/form_view.h"
 
 namespace kestrune::qt {
@@ -50,10 +50,12 @@ class SampleWindow {
   }
   FormView& View() { return *view_; }
   forms::Form& Form() { return form_; }
+  controls::Gate& Gate() { return gate_; }
 
  private:
   NoFiles files_;
-  FaceContext context_;
+  controls::Gate gate_;
+  face::Context context_;
   SampleForm form_;
   std::unique_ptr<FormView> view_;
 };

@@ -1,0 +1,112 @@
+#include "ui/face/captions.h"
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+#include "platform/case_fold.h"
+#include "platform/utf8.h"
+#include "ui/forms/form.h"
+
+namespace kestrune::face {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+std::string Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
+}
+
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+/// Characters beyond ASCII that are signs; everything else there counts as a letter.
+constexpr Range kSigns[] = {
+    {0x80, 0xBF}, {0xD7, 0xD7}, {0xF7, 0xF7}, {0x2000, 0x2BFF}, {0x3000, 0x303F}};
+
+bool IsLetterOrDigit(char32_t c) {
+  if (c < 0x80) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+  }
+  return c != platform::kNoCharacter &&
+         std::none_of(std::begin(kSigns), std::end(kSigns),
+                      [c](const Range& each) { return each.first <= c && c <= each.last; });
+}
+
+/// Where the first letter or digit stands that isn't taken yet; it is taken then. The text's size
+/// when there is none.
+std::size_t TakeLetter(std::string_view caption, std::set<std::string>& taken) {
+  std::size_t next = 0;
+  while (next < caption.size()) {
+    const std::size_t at = next;
+    const char32_t letter = platform::NextCharacter(caption, next);
+    if (!IsLetterOrDigit(letter)) continue;
+    if (taken.insert(platform::FoldCase(caption.substr(at, next - at))).second) return at;
+  }
+  return caption.size();
+}
+
+bool IsPressed(controls::Control& control) {
+  return dynamic_cast<controls::Button*>(&control) != nullptr ||
+         dynamic_cast<controls::ToolKey*>(&control) != nullptr ||
+         dynamic_cast<controls::CheckBox*>(&control) != nullptr ||
+         dynamic_cast<controls::OptionButton*>(&control) != nullptr;
+}
+
+}  // namespace
+
+std::string ReadableName(std::string_view id) {
+  std::string name(id.substr(id.rfind('.') + 1));
+  std::replace(name.begin(), name.end(), '-', ' ');
+  if (!name.empty() && name[0] >= 'a' && name[0] <= 'z') name[0] = static_cast<char>(name[0] - 32);
+  return name;
+}
+
+controls::Label* LabelOf(const forms::Form& form, const controls::Control& control) {
+  for (const auto& each : form.Controls()) {
+    auto* label = dynamic_cast<controls::Label*>(each.get());
+    if (label != nullptr && label->Names() == &control) return label;
+  }
+  return nullptr;
+}
+
+std::string SpokenName(const controls::Control& control, const controls::Label* label) {
+  if (!control.Caption().empty()) return control.Caption();
+  const std::string_view named = label == nullptr ? std::string_view() : label->Caption();
+  // What stands behind the colon is the value.
+  const std::string name = Trimmed(named.substr(0, named.find(':')));
+  return name.empty() ? ReadableName(control.Id()) : name;
+}
+
+std::string KeyCaption(const controls::ToolKey& key) { return SpokenName(key, nullptr); }
+
+std::string TipOf(controls::Control& control, const std::string& spoken_name, bool is_cut) {
+  if (!control.ToolTip().empty()) return control.ToolTip();
+  if (is_cut) return control.Caption().empty() ? control.ValueText() : control.Caption();
+  return control.Caption().empty() && IsPressed(control) ? spoken_name : std::string();
+}
+
+std::string WithoutMnemonic(std::string_view caption) {
+  std::string result;
+  for (const char c : caption) result.append(c == '&' ? 2 : 1, c);
+  return result;
+}
+
+std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions) {
+  std::set<std::string> taken;
+  std::vector<std::string> result;
+  for (const std::string& caption : captions) {
+    const std::size_t at = TakeLetter(caption, taken);
+    const std::string_view text = caption;
+    result.push_back(WithoutMnemonic(text.substr(0, at)) + (at < text.size() ? "&" : "") +
+                     WithoutMnemonic(text.substr(at)));
+  }
+  return result;
+}
+
+}  // namespace kestrune::face

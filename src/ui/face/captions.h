@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/controls.h"
+
+namespace kestrune::forms {
+class Form;
+}
+
+namespace kestrune::face {
+
+/// The last part of an id in words: "Core clock" for "overclocking.core-clock".
+std::string ReadableName(std::string_view id);
+
+/// The label that names a control, or null.
+controls::Label* LabelOf(const forms::Form& form, const controls::Control& control);
+
+/// What a control is called where nothing but words will do, as for a screen reader: its caption,
+/// else that of its label (null for none), else its id in words. Never empty.
+std::string SpokenName(const controls::Control& control, const controls::Label* label);
+
+/// What a toolbar key or an item of its menu shows: its caption, else its id in words.
+std::string KeyCaption(const controls::ToolKey& key);
+
+/// The tip of a control: its own, else all of what is cut off, else the name of something to press
+/// that has lost its caption. Empty for none.
+std::string TipOf(controls::Control& control, const std::string& spoken_name, bool is_cut);
+
+/// A caption that a toolkit may look for mnemonics in, with nothing in it taken for one.
+std::string WithoutMnemonic(std::string_view caption);
+
+/// Captions with a mnemonic each: the first letter or digit that no caption before it has taken.
+/// One whose letters are all taken gets none.
+std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions);
+
+}  // namespace kestrune::face

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace kestrune::face {
+
+/// What a window face takes as the path of a speed profile: its whole command line without the
+/// program's own name, joined by blanks. Empty without arguments.
+std::string ProfilePath(int argument_count, const char* const* arguments);
+
+}  // namespace kestrune::face

@@ -1,0 +1,42 @@
+#include "ui/face/context.h"
+
+#include "core/outcome.h"
+
+namespace kestrune::face {
+
+void Context::Act(const controls::Control& control, const std::function<bool()>& act) {
+  core::Ignore(gate_.Act(control, act));
+  AfterAct();
+}
+
+void Context::Press(controls::Control& control) {
+  Act(control, [&control] {
+    control.Click();
+    return true;
+  });
+}
+
+void Context::Use(const controls::Shortcut& shortcut) {
+  core::Ignore(gate_.Act(shortcut));
+  AfterAct();
+}
+
+void Context::Hover(controls::Control& control) {
+  if (!control.on_hover) return;
+  const bool was_hovering = std::exchange(hovering_, true);
+  control.Hover();
+  AfterAct();
+  hovering_ = was_hovering;
+}
+
+void Context::Reach(controls::Control& control) {
+  controls::Control* cares = &control;
+  while (cares != nullptr && !cares->on_hover) cares = cares->Parent();
+  if (cares != nullptr) Hover(*cares);
+}
+
+void Context::AfterAct() const {
+  if (after_act_) after_act_();
+}
+
+}  // namespace kestrune::face

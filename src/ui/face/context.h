@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "controls/gate.h"
+#include "platform/files_api.h"
+#include "ui/face/scale.h"
+
+namespace kestrune::face {
+
+/// What the widgets of a face share: the scale, the program's files, and the way by which every
+/// act of the user reaches a control. The files and the gate outlive it.
+class Context {
+ public:
+  /// `after_act` lets the face see to what came of an act.
+  Context(Scale scale, platform::FilesApi& files, controls::Gate& gate,
+          std::function<void()> after_act)
+      : scale_(scale), files_(files), gate_(gate), after_act_(std::move(after_act)) {}
+  Context(const Context&) = delete;
+  Context& operator=(const Context&) = delete;
+
+  const Scale& TheScale() const { return scale_; }
+  platform::FilesApi& Files() const { return files_; }
+
+  /// Hands an act of the user to a control by way of the gate. Whoever calls it draws the control
+  /// anew, since the gate or the control may have refused.
+  void Act(const controls::Control& control, const std::function<bool()>& act);
+  void Press(controls::Control& control);
+  void Use(const controls::Shortcut& shortcut);
+  /// The mouse moves over a control.
+  void Hover(controls::Control& control);
+  /// The keyboard reaches a control. It counts as a mouse over it, or over the nearest one around
+  /// it that cares.
+  void Reach(controls::Control& control);
+  /// Whether what happens now comes of hovering; a window that opens then leaves the focus alone.
+  bool Hovering() const { return hovering_; }
+
+ private:
+  void AfterAct() const;
+
+  Scale scale_;
+  platform::FilesApi& files_;
+  controls::Gate& gate_;
+  std::function<void()> after_act_;
+  bool hovering_ = false;
+};
+
+}  // namespace kestrune::face
