@@ -1,5 +1,10 @@
 #include "cli/clock_commands.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include "cli/script.h"
+
 namespace kestrune::cli {
 
 namespace {
@@ -17,9 +22,10 @@ Step SetStep(std::string_view id, const std::string& value) {
 Step PageStep() { return {.kind = Step::Kind::kPage, .id = "overclocking"}; }
 
 /// Shows the page and chooses the pair, unless it is the one that the page shows.
-Status ChoosePair(Script& script, forms::Program& program, bool is_3d) {
+Status ChoosePair(Run& run, forms::Program& program, Script& script) {
   if (const Status status = script.Run({PageStep()}); status != Status::kDone) return status;
-  const std::string_view id = is_3d ? "overclocking.3d-speed" : "overclocking.2d-speed";
+  const std::string_view id =
+      run.arguments.Flag("--3d") ? "overclocking.3d-speed" : "overclocking.2d-speed";
   if (program.Find(id)->ValueText() == "on") return Status::kDone;
   return script.Run({SetStep(id, "on")});
 }
@@ -32,36 +38,28 @@ bool IsMarked(forms::Program& program, std::string_view id) {
 
 }  // namespace
 
-Status ShowClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                  bool is_3d) {
-  Script script(program, options, streams);
-  if (const Status status = ChoosePair(script, program, is_3d); status != Status::kDone) {
+Status ShowClocks(Run& run, forms::Program& program) {
+  Script script(program, run.out, run.streams);
+  if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }
-  if (!options.json) {
-    for (const std::string_view id : kLines) {
-      streams.out << OneLine(program.Find(id)->Caption()) << '\n';
-    }
-    return Status::kDone;
-  }
-  Json json = Json::object();
+  for (const std::string_view id : kLines) run.out.Line(OneLine(program.Find(id)->Caption()));
+  run.out.BeginObject();
   for (const auto& [name, value] : program.State()) {
-    for (const std::string_view wanted : kNumbers) {
-      if (name == wanted) json[std::string(name)] = std::get<int>(value);
-    }
+    if (std::find(std::begin(kNumbers), std::end(kNumbers), name) == std::end(kNumbers)) continue;
+    run.out.Member(name, std::get<int>(value));
   }
-  streams.out << json.dump(2) << '\n';
   return Status::kDone;
 }
 
-Status SetClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                 bool is_3d, const std::string& core, const std::string& memory) {
-  Script script(program, options, streams);
-  if (const Status status = ChoosePair(script, program, is_3d); status != Status::kDone) {
+Status SetClocks(Run& run, forms::Program& program) {
+  Script script(program, run.out, run.streams);
+  if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }
-  std::vector<Step> steps = {SetStep("overclocking.core-clock", core)};
+  std::vector<Step> steps = {SetStep("overclocking.core-clock", run.arguments.Word("CORE"))};
   // With the 3D pair the memory's box is disabled: only its own number goes along.
+  const std::string& memory = run.arguments.Word("MEMORY");
   if (program.Find("overclocking.memory-clock")->ValueText() != memory) {
     steps.push_back(SetStep("overclocking.memory-clock", memory));
   }
@@ -72,10 +70,9 @@ Status SetClocks(forms::Program& program, const GlobalOptions& options, const St
   return refused ? Status::kImpossible : status;
 }
 
-Status ResetClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                   bool is_3d) {
-  Script script(program, options, streams);
-  if (const Status status = ChoosePair(script, program, is_3d); status != Status::kDone) {
+Status ResetClocks(Run& run, forms::Program& program) {
+  Script script(program, run.out, run.streams);
+  if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }
   return script.Run({{.kind = Step::Kind::kPress, .id = "overclocking.default"}});

@@ -1,20 +1,15 @@
 #pragma once
 
-#include <string>
+#include "cli/command.h"
 
-#include "cli/script.h"
-
-/// The overclocking page in one word.
+/// The overclocking page in one word, for the pair of clocks that "--3d" chooses.
 namespace kestrune::cli {
 
 /// Prints the default and current clocks of a pair.
-Status ShowClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                  bool is_3d);
+Status ShowClocks(Run& run, forms::Program& program);
 /// Types both clocks and applies them.
-Status SetClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                 bool is_3d, const std::string& core, const std::string& memory);
+Status SetClocks(Run& run, forms::Program& program);
 /// Goes back to the driver's default clocks.
-Status ResetClocks(forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                   bool is_3d);
+Status ResetClocks(Run& run, forms::Program& program);
 
 }  // namespace kestrune::cli

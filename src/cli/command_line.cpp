@@ -1,85 +1,54 @@
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>
-#include <functional>
+#include <algorithm>
+#include <map>
+#include <memory>
 
-#include "cli/clock_commands.h"
-#include "cli/control_text.h"
-#include "cli/registry_commands.h"
-#include "cli/script.h"
+#include "cli/command.h"
 #include "core/options.h"
-#include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
 
 namespace {
 
-/// What a command line asks for. The arguments of one command at a time are filled.
-struct Request {
-  GlobalOptions options;
-  std::string trace;
-  std::string answer = "ok";
-  std::vector<std::string> words;
-  std::string key;
-  std::string name;
-  std::string type;
-  std::string core;
-  std::string memory;
-  bool is_3d = false;
-  std::function<Status()> run;
-};
-
-/// Builds the commands over one request and runs the chosen one.
+/// Builds the options and commands of a machine from their rows and runs the chosen one.
 class CommandLine {
  public:
   CommandLine(platform::MachineSource& machines, const Streams& streams)
       : machines_(machines), streams_(streams) {
+    app_.name("kestrunectl");
+    app_.require_subcommand(1);
     AddGlobalOptions();
-    AddProgramCommands();
-    AddClockCommands();
-    AddRegistryCommands();
-    if (machines_.HasDescriptions()) AddMachineCommand();
+    for (const Command& command : Commands()) {
+      if (command.offered == nullptr || (machines_.*command.offered)()) Add(command);
+    }
   }
 
-  int Run(std::vector<std::string> arguments);
+  Status Run(std::vector<std::string> arguments);
 
  private:
-  CLI::App* Add(CLI::App& parent, const std::string& name, const std::string& what,
-                std::function<Status()> run);
   void AddGlobalOptions();
-  void AddProgramCommands();
-  void AddClockCommands();
-  void AddRegistryCommands();
-  void AddMachineCommand();
-
-  /// Runs something in a started program.
-  Status InProgram(const std::function<Status(forms::Program&)>& work);
-  /// Runs something in an opened machine.
-  Status InSession(const std::function<Status(Session&)>& work);
-  Status RunSteps(Step::Kind kind);
-  /// Steps of a command that prints end with their document.
-  Status RunScript(const std::vector<Step>& steps, bool prints);
-  Status Pages(forms::Program& program) const;
-  Status State(forms::Program& program) const;
-  Status Languages(forms::Program& program) const;
-  Status Machines() const;
+  void Add(const Command& command);
+  CLI::App& AddWord(CLI::App& parent, std::string_view name, std::string_view help);
+  CLI::App& GroupOf(std::string_view name);
+  void AddArgument(CLI::App& command, std::string_view argument);
+  Status RunChosen();
+  bool PrepareSteps(std::vector<Step>& steps);
 
   platform::MachineSource& machines_;
-  Streams streams_;
-  Request request_;
+  const Streams& streams_;
+  GlobalOptions options_;
+  std::string trace_;
+  std::string answer_ = "ok";
+  Arguments arguments_;
+  const Command* chosen_ = nullptr;
+  std::map<std::string_view, CLI::App*> groups_;
   CLI::App app_{"Kestrune in a terminal: shows and changes the display driver's settings."};
 };
 
-CLI::App* CommandLine::Add(CLI::App& parent, const std::string& name, const std::string& what,
-                           std::function<Status()> run) {
-  CLI::App* command = parent.add_subcommand(name, what);
-  command->fallthrough();
-  if (run) command->callback([this, run = std::move(run)] { request_.run = run; });
-  return command;
-}
-
 void CommandLine::AddGlobalOptions() {
-  platform::MachineOptions& machine = request_.options.machine;
+  platform::MachineOptions& machine = options_.machine;
   if (machines_.HasStores()) {
     app_.add_option("--store", machine.store, "The registry's file")->type_name("FILE");
   }
@@ -89,252 +58,130 @@ void CommandLine::AddGlobalOptions() {
   }
   app_.add_option("--program-folder", machine.program_folder, "The only folder for program files")
       ->type_name("DIR");
-  app_.add_flag("--json", request_.options.json, "Print one JSON document");
-  app_.add_flag("--trace{on}", request_.trace,
+  app_.add_flag("--json", options_.json, "Print one JSON document");
+  app_.add_flag("--trace{on}", trace_,
                 "Print each change and each started command; =all from the first step on")
       ->check(CLI::IsMember({"on", "all"}));
   app_.add_flag("--dry-run", machine.dry_run, "Keep nothing and start nothing");
-  app_.add_option("--answer", request_.answer, "The button that answers messages")
+  app_.add_option("--answer", answer_, "The button that answers messages")
       ->check(CLI::IsMember({"ok", "cancel"}))
       ->type_name("ok|cancel");
   app_.set_version_flag("--version", "kestrunectl " + std::to_string(core::kMajorVersion) + "." +
                                          std::to_string(core::kMinorVersion) + "." +
                                          std::to_string(core::kRevision));
-  app_.require_subcommand(1);
-  app_.name("kestrunectl");
 }
 
-Status CommandLine::InSession(const std::function<Status(Session&)>& work) {
-  const std::unique_ptr<Session> session = Session::Open(machines_, request_.options, streams_);
-  if (!session) return Status::kImpossible;
-  return session->Finish(work(*session));
-}
-
-Status CommandLine::InProgram(const std::function<Status(forms::Program&)>& work) {
-  return InSession([&work](Session& session) { return work(session.Start()); });
-}
-
-Status CommandLine::RunScript(const std::vector<Step>& steps, bool prints) {
-  return InProgram([&](forms::Program& program) {
-    Script script(program, request_.options, streams_);
-    const Status status = script.Run(steps);
-    if (prints && status != Status::kWrongUsage) script.PrintDocument();
-    return status;
-  });
-}
-
-/// Every word is a step of that kind.
-Status CommandLine::RunSteps(Step::Kind kind) {
-  std::vector<Step> steps;
-  for (const std::string& word : request_.words) {
-    Step step{.kind = kind, .id = word};
-    if (kind == Step::Kind::kSet) {
-      const std::size_t equals = word.find('=');
-      if (equals == std::string::npos) {
-        streams_.Complain("\"" + word + "\" is no ID=VALUE.");
-        return Status::kWrongUsage;
-      }
-      step.id = word.substr(0, equals);
-      step.value = word.substr(equals + 1);
-    }
-    steps.push_back(std::move(step));
+void CommandLine::Add(const Command& command) {
+  const std::size_t blank = command.name.find(' ');
+  const bool is_in_group = blank != std::string_view::npos;
+  CLI::App& parent = is_in_group ? GroupOf(command.name.substr(0, blank)) : app_;
+  CLI::App& word =
+      AddWord(parent, is_in_group ? command.name.substr(blank + 1) : command.name, command.help);
+  for (std::string_view rest = command.arguments; !rest.empty();) {
+    const std::string_view argument = rest.substr(0, rest.find(' '));
+    rest.remove_prefix(std::min(argument.size() + 1, rest.size()));
+    AddArgument(word, argument);
   }
-  return RunScript(steps, kind == Step::Kind::kPrint);
+  word.callback([this, &command] { chosen_ = &command; });
 }
 
-void CommandLine::AddProgramCommands() {
-  Add(app_, "pages", "Print the pages: index, id, caption",
-      [this] { return InProgram([this](forms::Program& program) { return Pages(program); }); });
-  Add(app_, "show", "Print every control of a page or window, or of all pages", [this] {
-    return InProgram([this](forms::Program& program) {
-      return Script(program, request_.options, streams_).Show(request_.name);
-    });
-  })->add_option("PAGE|WINDOW", request_.name);
-  Add(app_, "get", "Print the values of controls", [this] { return RunSteps(Step::Kind::kPrint); })
-      ->add_option("ID", request_.words)
-      ->required();
-  Add(app_, "set", "Change controls as a person would, in order",
-      [this] { return RunSteps(Step::Kind::kSet); })
-      ->add_option("ID=VALUE", request_.words)
-      ->required();
-  Add(app_, "press", "Press buttons and keys", [this] { return RunSteps(Step::Kind::kPress); })
-      ->add_option("ID", request_.words)
-      ->required();
-  Add(app_, "do",
-      "Carry out steps: ID=VALUE sets, ID presses, ?ID prints, ~ID moves the mouse over, "
-      "open:WINDOW, close:WINDOW, page:PAGE, wait:MS",
-      [this] {
-        std::vector<Step> steps;
-        for (const std::string& word : request_.words) {
-          std::optional<Step> step = ParseStep(word);
-          if (!step) {
-            streams_.Complain("\"" + word + "\" is no step.");
-            return Status::kWrongUsage;
-          }
-          steps.push_back(std::move(*step));
-        }
-        return RunScript(steps, true);
-      })
-      ->add_option("STEP", request_.words)
-      ->required();
-  Add(app_, "state", "Print the shared values",
-      [this] { return InProgram([this](forms::Program& program) { return State(program); }); });
-  Add(app_, "languages", "Print the languages that can be chosen",
-      [this] { return InProgram([this](forms::Program& program) { return Languages(program); }); });
+CLI::App& CommandLine::AddWord(CLI::App& parent, std::string_view name, std::string_view help) {
+  CLI::App& word = *parent.add_subcommand(std::string(name), std::string(help));
+  word.fallthrough();
+  return word;
 }
 
-void CommandLine::AddClockCommands() {
-  CLI::App& clocks = *Add(app_, "clocks", "The overclocking page in one word", nullptr);
-  clocks.require_subcommand(1);
-  clocks.add_flag("--3d", request_.is_3d, "The 3D pair of a card that has two");
-  const auto add = [&](const std::string& name, const std::string& what, auto work) {
-    return Add(clocks, name, what, [this, work] {
-      return InProgram([&](forms::Program& program) {
-        return work(program, request_.options, streams_, request_.is_3d);
-      });
-    });
-  };
-  add("show", "Print the default and the current clocks", ShowClocks);
-  CLI::App* set =
-      add("set", "Set the clocks, in MHz",
-          [this](forms::Program& program, const GlobalOptions& options, const Streams& streams,
-                 bool is_3d) {
-            return SetClocks(program, options, streams, is_3d, request_.core, request_.memory);
-          });
-  set->add_option("CORE", request_.core)->required();
-  set->add_option("MEMORY", request_.memory)->required();
-  add("reset", "Go back to the driver's default clocks", ResetClocks);
-}
-
-void CommandLine::AddRegistryCommands() {
-  CLI::App& registry =
-      *Add(app_, "registry", "Work on the registry itself, without the driver's rules", nullptr);
-  registry.require_subcommand(1);
-  const auto add = [&](const std::string& name, const std::string& what, auto work) {
-    return Add(registry, name, what,
-               [this, work] { return InSession([&](Session& session) { return work(session); }); });
-  };
-  const auto add_key = [this](CLI::App* command) {
-    command->add_option("KEY", request_.key)->required();
-    return command;
-  };
-  add_key(add("read", "Print one value, as TYPE DATA", [this](Session& session) {
-    return ReadRegistry(session, request_.options, streams_, request_.key, request_.name);
-  }))->add_option("NAME", request_.name);
-  CLI::App* write = add_key(add("write", "Store one value", [this](Session& session) {
-    return WriteRegistry(session, streams_, request_.key, request_.name, request_.type,
-                         request_.words);
-  }));
-  write->add_option("NAME", request_.name)->required();
-  write->add_option("TYPE", request_.type)->required();
-  write->add_option("DATA", request_.words);
-  add_key(add("delete", "Delete one value",
-              [this](Session& session) {
-                return DeleteRegistry(session, streams_, request_.key, request_.name);
-              }))
-      ->add_option("NAME", request_.name)
-      ->required();
-  add_key(add("list", "Print the keys below a key and its values", [this](Session& session) {
-    return ListRegistry(session, request_.options, streams_, request_.key);
-  }));
-  add("import", "Make the changes of a registry file",
-      [this](Session& session) { return ImportRegistry(session, streams_, request_.name); })
-      ->add_option("FILE", request_.name)
-      ->required();
-}
-
-void CommandLine::AddMachineCommand() {
-  Add(app_, "machine", "Print the machine descriptions, or one of them", [this] {
-    return Machines();
-  })->add_option("NAME", request_.name);
-}
-
-Status CommandLine::Pages(forms::Program& program) const {
-  Json json = Json::array();
-  for (int page = 0; page < forms::kPageCount; ++page) {
-    const controls::Control& frame = program.Main().Page(page);
-    json.push_back({{"index", page}, {"id", frame.Id()}, {"caption", frame.Caption()}});
-    if (request_.options.json) continue;
-    streams_.out << page << '\t' << frame.Id() << '\t' << OneLine(frame.Caption()) << '\n';
+/// A group comes into being with the first of its commands.
+CLI::App& CommandLine::GroupOf(std::string_view name) {
+  CLI::App*& made = groups_[name];
+  if (made != nullptr) return *made;
+  const auto groups = CommandGroups();
+  const auto row = std::find_if(groups.begin(), groups.end(),
+                                [name](const CommandGroup& group) { return group.name == name; });
+  CLI::App& group = AddWord(app_, row->name, row->help);
+  made = &group;
+  group.require_subcommand(1);
+  if (!row->flag.empty()) {
+    group.add_flag(std::string(row->flag), arguments_.flags[row->flag],
+                   std::string(row->flag_help));
   }
-  if (request_.options.json) streams_.out << json.dump(2) << '\n';
-  return Status::kDone;
+  return group;
 }
 
-Status CommandLine::State(forms::Program& program) const {
-  Json json = Json::object();
-  for (const auto& [name, value] : program.State()) {
-    const auto* number = std::get_if<int>(&value);
-    const auto* text = std::get_if<std::string>(&value);
-    if (number != nullptr) json[std::string(name)] = *number;
-    if (text != nullptr) json[std::string(name)] = *text;
-    if (request_.options.json) continue;
-    streams_.out << name << '=' << (text != nullptr ? OneLine(*text) : std::to_string(*number))
-                 << '\n';
-  }
-  if (request_.options.json) streams_.out << json.dump(2) << '\n';
-  return Status::kDone;
+/// An argument of a row, such as "[DATA...]".
+void CommandLine::AddArgument(CLI::App& command, std::string_view argument) {
+  constexpr std::string_view kMany = "...";
+  const bool is_required = !argument.starts_with('[');
+  if (!is_required) argument = argument.substr(1, argument.size() - 2);
+  const bool is_list = argument.ends_with(kMany);
+  if (is_list) argument.remove_suffix(kMany.size());
+  const std::string name(argument);
+  CLI::Option* option = is_list ? command.add_option(name, arguments_.lists[argument])
+                                : command.add_option(name, arguments_.words[argument]);
+  option->required(is_required);
 }
 
-Status CommandLine::Languages(forms::Program& program) const {
-  Json json = Json::array();
-  for (const std::string& name : program.Languages()) {
-    json.push_back({{"name", name}});
-    if (!request_.options.json) streams_.out << OneLine(name) << '\n';
-  }
-  if (request_.options.json) streams_.out << json.dump(2) << '\n';
-  return Status::kDone;
-}
-
-Status CommandLine::Machines() const {
-  std::vector<platform::MachineInfo> machines;
-  if (request_.name.empty()) {
-    machines = machines_.List(request_.options.machine);
-  } else {
-    const auto described = machines_.Describe(request_.name, request_.options.machine);
-    if (!described.Ok()) {
-      streams_.Complain(described.Reason());
-      return Status::kImpossible;
-    }
-    for (const std::string& warning : described.Value().warnings) {
-      streams_.err << "warning: " << warning << '\n';
-    }
-    machines = {described.Value()};
-  }
-  Json json = Json::array();
-  for (const platform::MachineInfo& machine : machines) {
-    json.push_back({{"name", machine.name}, {"title", machine.title}, {"file", machine.file}});
-    if (!request_.options.json) {
-      streams_.out << machine.name << '\t' << OneLine(machine.title) << '\t' << machine.file
-                   << '\n';
-    }
-  }
-  if (request_.options.json) streams_.out << json.dump(2) << '\n';
-  return Status::kDone;
-}
-
-int CommandLine::Run(std::vector<std::string> arguments) {
+Status CommandLine::Run(std::vector<std::string> arguments) {
   // The parser takes the arguments last first.
   std::reverse(arguments.begin(), arguments.end());
   try {
     app_.parse(std::move(arguments));
   } catch (const CLI::Success& asked) {
-    return app_.exit(asked, streams_.out, streams_.err);
+    return static_cast<Status>(app_.exit(asked, streams_.out, streams_.err));
   } catch (const CLI::ParseError& fault) {
     app_.exit(fault, streams_.err, streams_.err);
-    return static_cast<int>(Status::kWrongUsage);
+    return Status::kWrongUsage;
   }
-  if (request_.trace == "on") request_.options.trace = Trace::kAfterStart;
-  if (request_.trace == "all") request_.options.trace = Trace::kAll;
-  if (request_.answer == "cancel") request_.options.answer = platform::Answer::kCancel;
-  return static_cast<int>(request_.run());
+  if (trace_ == "on") options_.trace = Trace::kAfterStart;
+  if (trace_ == "all") options_.trace = Trace::kAll;
+  if (answer_ == "cancel") options_.answer = platform::Answer::kCancel;
+  return RunChosen();
+}
+
+/// Opens what the chosen command needs and runs it.
+Status CommandLine::RunChosen() {
+  Output out(streams_.out, options_.json);
+  cli::Run run{options_, arguments_, streams_, machines_, out};
+  if (!PrepareSteps(run.steps)) return Status::kWrongUsage;
+  Status status = Status::kDone;
+  if (const auto* bare = std::get_if<0>(&chosen_->function)) {
+    status = (*bare)(run);
+  } else {
+    const std::unique_ptr<Session> session = Session::Open(machines_, options_, streams_);
+    if (!session) return Status::kImpossible;
+    const auto* on_machine = std::get_if<1>(&chosen_->function);
+    status = on_machine != nullptr ? (*on_machine)(run, *session)
+                                   : std::get<2>(chosen_->function)(run, session->Start());
+    status = session->Finish(status);
+  }
+  out.Finish();
+  return status;
+}
+
+/// False, after a sentence for each, when there is something that no step can mean.
+bool CommandLine::PrepareSteps(std::vector<Step>& steps) {
+  if (chosen_->steps == nullptr) return true;
+  auto read = chosen_->steps(arguments_);
+  if (!read.Ok()) {
+    streams_.Complain(read.Reason());
+    return false;
+  }
+  steps = std::move(read).Value();
+  bool all_known = true;
+  const KnownIds ids;
+  for (const Step& step : steps) {
+    const auto known = ids.Check(step);
+    if (!known) streams_.Complain(known.Reason());
+    all_known = all_known && known.Ok();
+  }
+  return all_known;
 }
 
 }  // namespace
 
 int RunCommandLine(const std::vector<std::string>& arguments, platform::MachineSource& machines,
                    const Streams& streams) {
-  return CommandLine(machines, streams).Run(arguments);
+  return static_cast<int>(CommandLine(machines, streams).Run(arguments));
 }
 
 }  // namespace kestrune::cli

@@ -1,6 +1,7 @@
 #include "cli/control_text.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "platform/case_fold.h"
 #include "platform/parse_number.h"
@@ -12,6 +13,8 @@ namespace {
 
 using controls::Control;
 using controls::ControlVisitor;
+using platform::Fail;
+using platform::Result;
 
 /// The kind of a control as a script knows it, and what else there is to say of it.
 class JsonMaker : public ControlVisitor {
@@ -160,10 +163,10 @@ class ValueUser : public ControlVisitor {
   void Visit(controls::ToolKey&) override { Refuse("a key is pressed"); }
   void Visit(controls::Window&) override { Refuse("a window takes no value"); }
 
-  std::optional<std::string> why_not;
+  Result<void> outcome;
 
  private:
-  void Refuse(std::string why) { why_not = std::move(why); }
+  void Refuse(std::string why) { outcome = Fail(std::move(why)); }
 
   const std::string& value_;
 };
@@ -204,13 +207,13 @@ const Control& RootOf(const Control& control) {
   return *root;
 }
 
-std::optional<std::string> WhyNotUsable(const Control& control) {
+Result<void> CheckUsable(const Control& control) {
   if (const Control& window = RootOf(control); !window.Visible()) {
-    return window.Id() + " isn't open, so " + control.Id() + " can't be used.";
+    return Fail(window.Id() + " isn't open, so " + control.Id() + " can't be used.");
   }
-  if (!IsVisible(control)) return control.Id() + " is hidden.";
-  if (!IsEnabled(control)) return control.Id() + " is disabled.";
-  return std::nullopt;
+  if (!IsVisible(control)) return Fail(control.Id() + " is hidden.");
+  if (!IsEnabled(control)) return Fail(control.Id() + " is disabled.");
+  return {};
 }
 
 }  // namespace
@@ -265,20 +268,21 @@ Json ControlJson(Control& control) {
   return json;
 }
 
-std::optional<std::string> UseValue(Control& control, const std::string& value) {
-  if (auto why = WhyNotUsable(control)) return why;
+Result<void> UseValue(Control& control, const std::string& value) {
+  if (Result<void> usable = CheckUsable(control); !usable) return usable;
   ValueUser user(value);
   control.Accept(user);
-  if (!user.why_not) return std::nullopt;
-  return control.Id() + " can't be set to \"" + OneLine(value) + "\": " + *user.why_not + ".";
+  if (user.outcome) return {};
+  return Fail(control.Id() + " can't be set to \"" + OneLine(value) +
+              "\": " + user.outcome.Reason() + ".");
 }
 
-std::optional<std::string> Press(Control& control) {
-  if (auto why = WhyNotUsable(control)) return why;
+Result<void> Press(Control& control) {
+  if (Result<void> usable = CheckUsable(control); !usable) return usable;
   Presser presser;
   control.Accept(presser);
-  if (presser.pressed) return std::nullopt;
-  return control.Id() + " is nothing that can be pressed.";
+  if (presser.pressed) return {};
+  return Fail(control.Id() + " is nothing that can be pressed.");
 }
 
 }  // namespace kestrune::cli

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-#include <optional>
 #include <string>
 #include <string_view>
 
+#include "cli/output.h"
 #include "controls/controls.h"
+#include "platform/result.h"
 
 namespace kestrune::cli {
-
-using Json = nlohmann::ordered_json;
 
 /// Text with its line ends and tabs as \n and \t.
 std::string OneLine(std::string_view text);
@@ -23,10 +21,9 @@ bool IsVisible(const controls::Control& control);
 std::string ShowLine(const controls::Control& control);
 Json ControlJson(controls::Control& control);
 
-/// Does what a person does to set a control to a value. Gives the sentence that says why it can't
-/// be done.
-std::optional<std::string> UseValue(controls::Control& control, const std::string& value);
+/// Does what a person does to set a control to a value.
+platform::Result<void> UseValue(controls::Control& control, const std::string& value);
 /// Does what a person does to press a control.
-std::optional<std::string> Press(controls::Control& control);
+platform::Result<void> Press(controls::Control& control);
 
 }  // namespace kestrune::cli

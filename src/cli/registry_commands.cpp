@@ -1,5 +1,7 @@
 #include "cli/registry_commands.h"
 
+#include <optional>
+
 #include "cli/control_text.h"
 #include "platform/open_key.h"
 #include "platform/reg_file.h"
@@ -14,141 +16,131 @@ using platform::OpenKey;
 using platform::RegistryApi;
 using platform::RegStatus;
 using platform::RegType;
+using platform::StoredValue;
 
-std::string ValueName(const std::string& name) { return name == "@" ? std::string() : name; }
+/// The name of the value that is meant.
+std::string NameOf(const Run& run) {
+  const std::string& name = run.arguments.Word("NAME");
+  return name == "@" ? std::string() : name;
+}
 
-std::optional<KeyAddress> KeyOf(const std::string& key, const Streams& streams) {
+std::optional<KeyAddress> KeyOf(const Run& run) {
+  const std::string& key = run.arguments.Word("KEY");
   std::optional<KeyAddress> address = platform::ParseKey(key);
   if (!address) {
-    streams.Complain("\"" + key + "\" is no key: it starts with HKLM\\, HKCU\\ or HKCR\\.");
+    run.streams.Complain("\"" + key + "\" is no key: it starts with HKLM\\, HKCU\\ or HKCR\\.");
   }
   return address;
 }
 
+Json ValueJson(RegType type, std::span<const std::byte> data) {
+  return {{"type", platform::TypeText(type)}, {"data", platform::DataText(type, data)}};
+}
+
 }  // namespace
 
-Status ReadRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                    const std::string& key, const std::string& name) {
-  const std::optional<KeyAddress> address = KeyOf(key, streams);
+Status ReadRegistry(Run& run, Session& session) {
+  const std::optional<KeyAddress> address = KeyOf(run);
   if (!address) return Status::kWrongUsage;
   RegistryApi& registry = session.Registry();
+  const platform::ReadScope view(registry);
   OpenKey opened(registry);
-  if (opened.Open(address->root, address->path) != RegStatus::kSuccess) {
-    return Status::kNo;
-  }
+  const std::string name = NameOf(run);
   RegType type = RegType::kNone;
   std::size_t size = 0;
-  if (registry.QueryValue(opened.Handle(), ValueName(name), type, size, {}) !=
-      RegStatus::kSuccess) {
+  if (opened.Open(address->root, address->path) != RegStatus::kSuccess ||
+      registry.QueryValue(opened.Handle(), name, type, size, {}) != RegStatus::kSuccess) {
     return Status::kNo;
   }
   std::vector<std::byte> data(size);
-  if (registry.QueryValue(opened.Handle(), ValueName(name), type, size, data) !=
-      RegStatus::kSuccess) {
+  if (registry.QueryValue(opened.Handle(), name, type, size, data) != RegStatus::kSuccess) {
     return Status::kNo;
   }
-  if (options.json) {
-    const Json json = {{"type", platform::TypeText(type)},
-                       {"data", platform::DataText(type, data)}};
-    streams.out << json.dump(2) << '\n';
-  } else {
-    streams.out << platform::ValueText(type, data) << '\n';
-  }
+  run.out.Document(ValueJson(type, data));
+  run.out.Line(platform::ValueText(type, data));
   return Status::kDone;
 }
 
-Status WriteRegistry(Session& session, const Streams& streams, const std::string& key,
-                     const std::string& name, const std::string& type,
-                     const std::vector<std::string>& data) {
-  const std::optional<KeyAddress> address = KeyOf(key, streams);
+Status WriteRegistry(Run& run, Session& session) {
+  const std::optional<KeyAddress> address = KeyOf(run);
   if (!address) return Status::kWrongUsage;
-  const std::optional<RegType> reg_type = platform::ParseType(type);
-  if (!reg_type) {
-    streams.Complain("\"" + type +
-                     "\" is no type: REG_DWORD, REG_BINARY, REG_SZ or TYPE_ and a number.");
+  const std::string& type_text = run.arguments.Word("TYPE");
+  const std::optional<RegType> type = platform::ParseType(type_text);
+  if (!type) {
+    run.streams.Complain("\"" + type_text +
+                         "\" is no type: REG_DWORD, REG_BINARY, REG_SZ or TYPE_ and a number.");
     return Status::kWrongUsage;
   }
-  const auto bytes = platform::ParseData(*reg_type, data);
-  if (!bytes) {
-    streams.Complain("the data is no " + platform::TypeText(*reg_type) + ".");
+  const auto data = platform::ParseData(*type, run.arguments.List("DATA"));
+  if (!data) {
+    run.streams.Complain("the data is no " + platform::TypeText(*type) + ".");
     return Status::kWrongUsage;
   }
   RegistryApi& registry = session.Registry();
   OpenKey opened(registry);
   if (opened.Create(address->root, address->path) != RegStatus::kSuccess ||
-      registry.SetValue(opened.Handle(), ValueName(name), *reg_type, *bytes) !=
-          RegStatus::kSuccess) {
-    streams.Complain(key + " can't be written.");
+      registry.SetValue(opened.Handle(), NameOf(run), *type, *data) != RegStatus::kSuccess) {
+    run.streams.Complain(run.arguments.Word("KEY") + " can't be written.");
     return Status::kImpossible;
   }
   return Status::kDone;
 }
 
-Status DeleteRegistry(Session& session, const Streams& streams, const std::string& key,
-                      const std::string& name) {
-  const std::optional<KeyAddress> address = KeyOf(key, streams);
+Status DeleteRegistry(Run& run, Session& session) {
+  const std::optional<KeyAddress> address = KeyOf(run);
   if (!address) return Status::kWrongUsage;
   RegistryApi& registry = session.Registry();
   OpenKey opened(registry);
-  if (opened.Open(address->root, address->path) != RegStatus::kSuccess) {
-    return Status::kNo;
-  }
-  const RegStatus status = registry.DeleteValue(opened.Handle(), ValueName(name));
+  if (opened.Open(address->root, address->path) != RegStatus::kSuccess) return Status::kNo;
+  const RegStatus status = registry.DeleteValue(opened.Handle(), NameOf(run));
   return status == RegStatus::kSuccess ? Status::kDone : Status::kNo;
 }
 
-Status ListRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                    const std::string& key) {
-  const std::optional<KeyAddress> address = KeyOf(key, streams);
+Status ListRegistry(Run& run, Session& session) {
+  const std::optional<KeyAddress> address = KeyOf(run);
   if (!address) return Status::kWrongUsage;
   RegistryApi& registry = session.Registry();
   const platform::ReadScope view(registry);
   OpenKey opened(registry);
   std::vector<std::string> keys;
-  std::vector<platform::StoredValue> values;
+  std::vector<StoredValue> values;
   if (opened.Open(address->root, address->path) != RegStatus::kSuccess ||
       registry.ListKeys(opened.Handle(), keys) != RegStatus::kSuccess ||
       registry.ListValues(opened.Handle(), values) != RegStatus::kSuccess) {
     return Status::kNo;
   }
-  Json json = Json::array();
+  run.out.BeginList();
   for (const std::string& name : keys) {
-    if (options.json) {
-      json.push_back({{"key", name}});
-    } else {
-      streams.out << name << "\\\n";
-    }
+    run.out.Item({{"key", name}});
+    run.out.Line(name + "\\");
   }
-  for (const platform::StoredValue& value : values) {
+  for (const StoredValue& value : values) {
     const std::string name = platform::ValueNameText(value.name);
-    if (options.json) {
-      json.push_back({{"name", name},
-                      {"type", platform::TypeText(value.type)},
-                      {"data", platform::DataText(value.type, value.data)}});
-    } else {
-      streams.out << OneLine(name) << '\t' << platform::ValueText(value.type, value.data) << '\n';
-    }
+    Json item = {{"name", name}};
+    item.update(ValueJson(value.type, value.data));
+    run.out.Item(std::move(item));
+    run.out.Line(OneLine(name) + '\t' + platform::ValueText(value.type, value.data));
   }
-  if (options.json) streams.out << json.dump(2) << '\n';
   return Status::kDone;
 }
 
-Status ImportRegistry(Session& session, const Streams& streams, const std::string& file) {
+Status ImportRegistry(Run& run, Session& session) {
+  const std::string& file = run.arguments.Word("FILE");
   const auto bytes = session.Files().ReadAnyFile(file);
   if (!bytes.Ok()) {
-    streams.Complain(file + " can't be read.");
+    run.streams.Complain(file + " can't be read.");
     return Status::kImpossible;
   }
   const auto changes = platform::ParseRegFile(bytes.Value(), session.Files());
   if (!changes.Ok()) {
-    streams.Complain(file + ":" + std::to_string(changes.Reason().line) + ": " +
-                     changes.Reason().reason);
+    run.streams.Complain(file + ":" + std::to_string(changes.Reason().line) + ": " +
+                         changes.Reason().reason);
     return Status::kImpossible;
   }
   const auto applied = platform::ApplyRegFile(changes.Value(), session.Registry());
   if (applied) return Status::kDone;
   // What the machine remembers is told at the end.
-  if (!session.HasFailed()) streams.Complain(applied.Reason());
+  if (!session.HasFailed()) run.streams.Complain(applied.Reason());
   return Status::kImpossible;
 }
 

@@ -1,25 +1,17 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "cli/session.h"
+#include "cli/command.h"
 
 /// The commands that work on the registry itself, without the driver's rules.
 namespace kestrune::cli {
 
 /// Prints one value; an empty name, or "@", is the key's default value.
-Status ReadRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                    const std::string& key, const std::string& name);
-Status WriteRegistry(Session& session, const Streams& streams, const std::string& key,
-                     const std::string& name, const std::string& type,
-                     const std::vector<std::string>& data);
-Status DeleteRegistry(Session& session, const Streams& streams, const std::string& key,
-                      const std::string& name);
+Status ReadRegistry(Run& run, Session& session);
+Status WriteRegistry(Run& run, Session& session);
+Status DeleteRegistry(Run& run, Session& session);
 /// Prints the keys below a key, then its values.
-Status ListRegistry(Session& session, const GlobalOptions& options, const Streams& streams,
-                    const std::string& key);
+Status ListRegistry(Run& run, Session& session);
 /// Makes all changes of a registry file, or none.
-Status ImportRegistry(Session& session, const Streams& streams, const std::string& file);
+Status ImportRegistry(Run& run, Session& session);
 
 }  // namespace kestrune::cli

@@ -11,9 +11,7 @@ std::unique_ptr<Session> Session::Open(platform::MachineSource& machines,
     streams.Complain(machine.Reason());
     return nullptr;
   }
-  for (const std::string& warning : machine.Value()->Warnings()) {
-    streams.err << "warning: " << warning << '\n';
-  }
+  streams.Warn(machine.Value()->Warnings());
   return std::unique_ptr<Session>(new Session(std::move(machine).Value(), options, streams));
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "cli/status.h"
 #include "cli/terminal_dialog.h"
@@ -30,6 +31,9 @@ struct Streams {
 
   /// Says in one sentence why something could not be done.
   void Complain(const std::string& sentence) const { err << "kestrunectl: " << sentence << '\n'; }
+  void Warn(const std::vector<std::string>& warnings) const {
+    for (const std::string& warning : warnings) err << "warning: " << warning << '\n';
+  }
 };
 
 /// An opened machine, with wrappers that tell what is done to it where that is asked for, and the

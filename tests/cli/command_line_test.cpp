@@ -9,7 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/script.h"
+#include "cli/command.h"
+#include "cli/step.h"
 #include "fake_machine.h"
 #include "platform/portable/portable_machine.h"
 
@@ -108,10 +109,11 @@ TEST_F(CommandLineTest, ADryRunKeepsNothingAndSaysWhatItWouldStart) {
 
 TEST_F(CommandLineTest, UnknownIdsAreRefusedBeforeAnythingIsDone) {
   const Outcome outcome =
-      Run({"--trace", "set", std::string(kLimit) + "=7", "direct3d.misc.prerender-limt=3"});
+      Run({"--trace=all", "set", std::string(kLimit) + "=7", "direct3d.misc.prerender-limt=3"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_NE(outcome.err.find(kLimit), std::string::npos) << outcome.err;
   EXPECT_EQ(outcome.err.find("write"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(folder / "winxp-geforce7800.store"));
   for (const std::vector<std::string>& wrong :
        {std::vector<std::string>{"get", "nothing"},
         {"do", "?" + std::string(kLimit), "~nowhere"},
@@ -390,6 +392,30 @@ TEST_F(CommandLineTest, HelpAndVersionEndWellAtEveryLevel) {
     EXPECT_NE(outcome.out, "");
   }
   EXPECT_NE(Run({"--version"}).out.find("3.5.3"), std::string::npos);
+}
+
+TEST(CommandsTest, EachCommandCanBeAskedForHelp) {
+  platform::portable::PortableMachines machines;
+  for (const Command& command : Commands()) {
+    std::istringstream words{std::string(command.name)};
+    std::vector<std::string> arguments;
+    for (std::string word; words >> word;) arguments.push_back(word);
+    arguments.emplace_back("--help");
+    std::ostringstream out;
+    EXPECT_EQ(RunCommandLine(arguments, machines, {out, out}), 0) << command.name;
+    EXPECT_TRUE(out.str().starts_with(std::string(command.help))) << out.str();
+  }
+}
+
+TEST(KnownIdsTest, AreThoseOfTheProgram) {
+  test::FakeMachine machine;
+  const test::Driven driven(machine);
+  const KnownIds ids;
+  for (const forms::Form* form : driven.program.Forms()) {
+    for (const auto& control : form->Controls()) {
+      EXPECT_TRUE(ids.Check({.kind = Step::Kind::kPress, .id = control->Id()})) << control->Id();
+    }
+  }
 }
 
 TEST(StepTest, IsReadFromItsText) {

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "cli/output.h"
+#include "cli/session.h"
+#include "cli/step.h"
+#include "platform/machine.h"
+#include "platform/result.h"
+#include "ui/forms/program.h"
+
+namespace kestrune::cli {
+
+/// The words behind a command, by the names that its row gives them; what was left out is empty.
+struct Arguments {
+  std::map<std::string_view, std::string> words;
+  std::map<std::string_view, std::vector<std::string>> lists;
+  std::map<std::string_view, bool> flags;
+
+  const std::string& Word(std::string_view name) const { return words.at(name); }
+  const std::vector<std::string>& List(std::string_view name) const { return lists.at(name); }
+  bool Flag(std::string_view name) const { return flags.at(name); }
+};
+
+/// What the function of a command works with, beside what is open.
+struct Run {
+  const GlobalOptions& options;
+  const Arguments& arguments;
+  const Streams& streams;
+  platform::MachineSource& machines;
+  Output& out;
+  std::vector<Step> steps = {};  ///< those of the command's row, with known ids
+};
+
+/// What a command does. What it takes says what has to be open: nothing, the machine, or the
+/// started program.
+using Function =
+    std::variant<Status (*)(Run&), Status (*)(Run&, Session&), Status (*)(Run&, forms::Program&)>;
+
+/// One command of the terminal.
+struct Command {
+  std::string_view name;  ///< with its group: "registry read"
+  std::string_view help;
+  std::string_view arguments;  ///< their names: "KEY [NAME] DATA..."; in brackets may be left out
+  Function function;
+  /// The steps that it carries out: their ids are checked before anything is opened.
+  platform::Result<std::vector<Step>> (*steps)(const Arguments& arguments) = nullptr;
+  /// Null for a command that every machine has.
+  bool (platform::MachineSource::*offered)() const = nullptr;
+};
+
+/// A word before the names of several commands.
+struct CommandGroup {
+  std::string_view name;
+  std::string_view help;
+  std::string_view flag = {};  ///< of every command of the group
+  std::string_view flag_help = {};
+};
+
+/// All commands in the order of the help, those of a group beside each other.
+std::span<const Command> Commands();
+std::span<const CommandGroup> CommandGroups();
+
+}  // namespace kestrune::cli

@@ -1,0 +1,50 @@
+#include "cli/clock_commands.h"
+#include "cli/command.h"
+#include "cli/machine_commands.h"
+#include "cli/program_commands.h"
+#include "cli/registry_commands.h"
+#include "cli/step_commands.h"
+
+namespace kestrune::cli {
+
+namespace {
+
+using platform::MachineSource;
+
+constexpr CommandGroup kGroups[] = {
+    {"clocks", "The overclocking page in one word", "--3d", "The 3D pair of a card that has two"},
+    {"registry", "Work on the registry itself, without the driver's rules"},
+};
+
+constexpr Command kCommands[] = {
+    {"pages", "Print the pages: index, id, caption", "", Pages},
+    {"show", "Print every control of a page or window, or of all pages", "[PAGE|WINDOW]",
+     PrintSteps, ShowSteps},
+    {"get", "Print the values of controls", "ID...", PrintSteps, GetSteps},
+    {"set", "Change controls as a person would, in order", "ID=VALUE...", DoSteps, SetSteps},
+    {"press", "Press buttons and keys", "ID...", DoSteps, PressSteps},
+    {"do",
+     "Carry out steps: ID=VALUE sets, ID presses, ?ID prints, ~ID moves the mouse over, "
+     "open:WINDOW, close:WINDOW, page:PAGE, wait:MS",
+     "STEP...", PrintSteps, WrittenSteps},
+    {"state", "Print the shared values", "", State},
+    {"languages", "Print the languages that can be chosen", "", Languages},
+    {"clocks show", "Print the default and the current clocks", "", ShowClocks},
+    {"clocks set", "Set the clocks, in MHz", "CORE MEMORY", SetClocks},
+    {"clocks reset", "Go back to the driver's default clocks", "", ResetClocks},
+    {"registry read", "Print one value, as TYPE DATA", "KEY [NAME]", ReadRegistry},
+    {"registry write", "Store one value", "KEY NAME TYPE [DATA...]", WriteRegistry},
+    {"registry delete", "Delete one value", "KEY NAME", DeleteRegistry},
+    {"registry list", "Print the keys below a key and its values", "KEY", ListRegistry},
+    {"registry import", "Make the changes of a registry file", "FILE", ImportRegistry},
+    {"machine", "Print the machine descriptions, or one of them", "[NAME]", Machines, nullptr,
+     &MachineSource::HasDescriptions},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() { return kCommands; }
+
+std::span<const CommandGroup> CommandGroups() { return kGroups; }
+
+}  // namespace kestrune::cli

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "cli/command.h"
+
+/// What the started program knows, as lists.
+namespace kestrune::cli {
+
+Status Pages(Run& run, forms::Program& program);
+Status State(Run& run, forms::Program& program);
+Status Languages(Run& run, forms::Program& program);
+
+}  // namespace kestrune::cli

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/result.h"
+#include "ui/forms/form.h"
+
+namespace kestrune::cli {
+
+/// One step of what a person does.
+struct Step {
+  enum class Kind { kSet, kPress, kPrint, kHover, kOpen, kClose, kPage, kWait, kShow };
+
+  Kind kind = Kind::kPress;
+  std::string id = {};     ///< of a control, page or window; empty for all pages that are shown
+  std::string value = {};  ///< of a set
+  long long wait_ms = 0;
+};
+
+/// Reads one step of `do`; nothing when it has no such form.
+std::optional<Step> ParseStep(const std::string& text);
+
+/// The ids that there are, whatever the machine: those of the forms' own tables.
+class KnownIds {
+ public:
+  KnownIds();
+
+  /// The sentence that says why a step can't be meant for anything, with the nearest ids.
+  platform::Result<void> Check(const Step& step) const;
+
+ private:
+  const controls::Control* Find(std::string_view id) const;
+  bool Knows(const Step& step) const;
+  std::string Nearest(std::string_view id) const;
+
+  std::vector<std::unique_ptr<forms::Form>> forms_;
+};
+
+/// Whether a control is a window.
+bool IsWindow(const controls::Control* control);
+
+}  // namespace kestrune::cli
