@@ -30,9 +30,8 @@ int PositionOf(const std::vector<std::string>& items, std::string_view text) {
 int ItemMeant(const std::vector<std::string>& items, std::string_view text) {
   const int exact = PositionOf(items, text);
   if (exact >= 0) return exact;
-  return PositionWhere(items, [text](const std::string& item) {
-    return platform::SameWithoutCase(item, text);
-  });
+  return PositionWhere(
+      items, [text](const std::string& item) { return platform::SameWithoutCase(item, text); });
 }
 
 }  // namespace

@@ -134,14 +134,15 @@ class ListBox : public Control {
   int position_ = -1;
 };
 
-/// A line of text that a person types, or only reads where it takes no typing.
+/// A line of text that a person types, or only reads where it takes no typing. Which of the two it
+/// is, is said before it is drawn.
 class TextBox : public Control {
  public:
   using Control::Control;
 
   const std::string& Text() const { return text_; }
   bool TakesTyping() const { return takes_typing_; }
-  void SetTakesTyping(bool takes) { Assign(takes_typing_, takes); }
+  void SetTakesTyping(bool takes) { takes_typing_ = takes; }
   /// A person types; the handler runs when the text changes. False when the box takes no typing.
   bool Type(std::string text);
   void PassOn(std::string text);

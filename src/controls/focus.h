@@ -12,7 +12,7 @@ class Focus {
  public:
   /// The control with the focus; null for none.
   const Control* Where() const { return where ? where() : nullptr; }
-  /// Leaves the focus where it is when the control can't take it.
+  /// Leaves the focus where it is when the control can't take it. A window comes to the front.
   void MoveTo(const Control& control) const {
     if (move_to) move_to(control);
   }

@@ -82,7 +82,11 @@ void Face::TieFocus() {
   };
   program_.Focus().move_to = [this](const controls::Control& control) {
     for (const auto& [form, view] : views_) {
-      if (QWidget* widget = view->WidgetOf(control)) widget->setFocus(Qt::OtherFocusReason);
+      QWidget* widget = view->WidgetOf(control);
+      if (widget == nullptr) continue;
+      view->raise();
+      view->activateWindow();
+      if (widget != view) widget->setFocus(Qt::OtherFocusReason);
     }
   };
 }

@@ -88,13 +88,15 @@ void FormView::ConnectShortcuts() {
 void FormView::RedrawWindow() {
   setWindowTitle(ToQt(window_.Caption()));
   setWindowOpacity(window_.Opacity() / 255.0);
-  PlaceWindow();
+  // A place that the user is just changing must stay, whatever else is drawn anew.
+  if (window_.Bounds() != placed_ || window_.Maximised() != isMaximized()) PlaceWindow();
   if (window_.Visible() == isVisible()) return;
   setAttribute(Qt::WA_ShowWithoutActivating, context_.Hovering());
   setVisible(window_.Visible());
 }
 
 void FormView::PlaceWindow() {
+  placed_ = window_.Bounds();
   if (isMaximized() && !window_.Maximised()) setWindowState(windowState() & ~Qt::WindowMaximized);
   const face::PixelRect bounds = context_.TheScale().ToPixels(window_.Bounds());
   const QRect place = ToQt(bounds);
@@ -127,6 +129,7 @@ void FormView::ReportPlace() {
     window_.UseResized(bounds, maximised);
     return true;
   });
+  PlaceWindow();
 }
 
 void FormView::closeEvent(QCloseEvent* event) {

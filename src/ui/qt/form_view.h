@@ -54,6 +54,7 @@ class FormView : public QWidget {
   std::vector<controls::Subscription> subscriptions_;
   WidgetMaker maker_;
   face::Builder builder_;
+  controls::Rect placed_;  ///< where the window was last put
   bool report_pending_ = false;
 };
 

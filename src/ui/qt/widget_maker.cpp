@@ -160,13 +160,18 @@ void WidgetMaker::Visit(controls::ListBox& list) {
 
 void WidgetMaker::Visit(controls::TextBox& box) {
   auto* widget = new QLineEdit(parent_);
+  if (!box.TakesTyping()) {
+    widget->setReadOnly(true);
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    widget->setPalette(palette);
+  }
   QAction* mark = widget->addAction(widget->style()->standardIcon(QStyle::SP_MessageBoxWarning),
                                     QLineEdit::TrailingPosition);
   const auto draw_text = [&box, widget, mark] {
     const QSignalBlocker blocker(widget);
     const QString text = ToQt(box.Text());
     if (text != widget->text()) widget->setText(text);
-    widget->setReadOnly(!box.TakesTyping());
     mark->setVisible(box.Marked());
   };
   TieWhole(box, widget, draw_text);

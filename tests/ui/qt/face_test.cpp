@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
@@ -186,6 +187,18 @@ TEST_F(FaceTest, HoveringOpensHelpBesideTheWindowAndLeavesTheFocusAlone) {
   EXPECT_FALSE(running.HelpWindow()->isVisible());
   QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(11, 9));
   EXPECT_TRUE(running.HelpWindow()->isVisible());
+}
+
+TEST_F(FaceTest, TheFocusIsKnownAndMovesWhereTheProgramSays) {
+  std::optional<RunningProgram> running(std::in_place, NewStore());
+  forms::Program& program = running->TheProgram();
+  program.GoToPage(1);
+  auto& combo = running->Widget<QComboBox>("direct3d.antialiasing.antialiasing-mode");
+  combo.lineEdit()->setFocus();
+  EXPECT_EQ(program.Focus().Where(), program.Find("direct3d.antialiasing.antialiasing-mode"));
+  program.Focus().MoveTo(*program.Find("main.oc"));
+  EXPECT_TRUE(running->Widget<QWidget>("main.oc").hasFocus());
+  EXPECT_EQ(program.Focus().Where(), program.Find("main.oc"));
 }
 
 TEST_F(FaceTest, TheWindowGoesBackToItsWidthAndFromMaximised) {

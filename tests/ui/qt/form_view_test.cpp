@@ -291,7 +291,7 @@ TEST_F(FormViewTest, TabVisitsTheVisiblePageInTheOrderOfTheForm) {
   window_.Control<Frame>("page").SetVisible(false);
   window_.Control<Frame>("other").SetVisible(true);
   const std::vector<std::string> second_page = {"main.dx", "main.group-scroll-bar", "other.lines",
-                                                "main.help"};
+                                                "other.path", "main.help"};
   EXPECT_EQ(TabRound(start), second_page);
 }
 
@@ -354,8 +354,6 @@ TEST_F(FormViewTest, TheFormDecidesAboutWidthAndMaximising) {
     control.SetBounds(bounds);
   };
   FormView& view = window_.View();
-  view.setMinimumSize(0, 0);
-  view.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   view.resize(700, 400);
   EXPECT_TRUE(QTest::qWaitFor([&view] { return view.width() == 545; }));
   EXPECT_EQ(control.Bounds().height, 6000);
@@ -379,6 +377,73 @@ TEST_F(FormViewTest, AMovedWindowTellsItsPlace) {
   window_.View().move(40, 50);
   EXPECT_TRUE(QTest::qWaitFor([&control] { return control.Bounds().left == 600; }));
   EXPECT_EQ(control.Bounds().top, 750);
+}
+
+TEST_F(FormViewTest, EnterEscapeAndShortcutsPressWhatTheWindowSays) {
+  window_.Control<controls::Button>("page.apply").on_click = [this] { log_ += "apply "; };
+  window_.Control<controls::ToolKey>("main.one").on_click = [this] { log_ += "cancel "; };
+  auto& mode = window_.Widget<QComboBox>("page.mode");
+  mode.setFocus();
+  QTest::keyClicks(&mode, "!");
+  QTest::keyClick(&mode, Qt::Key_Return);
+  EXPECT_EQ(log_, "") << "Enter finishes typing first";
+  QTest::keyClick(&mode, Qt::Key_Return);
+  QTest::keyClick(&window_.Widget<QWidget>("page.clock"), Qt::Key_Return);
+  QTest::keyClick(&window_.Widget<QWidget>("page.lod"), Qt::Key_Escape);
+  QTest::keyClick(&window_.View(), Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(log_, "apply apply cancel apply ");
+  window_.Control<controls::Button>("page.apply").SetEnabled(false);
+  QTest::keyClick(&window_.View(), Qt::Key_Return);
+  QTest::keyClick(&window_.View(), Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(log_, "apply apply cancel apply ");
+}
+
+TEST_F(FormViewTest, AGraphShowsWhatWasDrawnSinceTheLastClearing) {
+  window_.Control<Frame>("other").SetVisible(true);
+  auto& graph = window_.Control<controls::Graph>("other.graph");
+  auto& widget = window_.Widget<QWidget>("other.graph");
+  const auto at = [&widget](int x, int y) { return widget.grab().toImage().pixelColor(x, y); };
+  graph.Draw(controls::GraphLine{1500, 150, 1500, 1350, "#00ff00", 30});
+  graph.Draw(controls::GraphPoint{750, 750, "#ff0000", 30});
+  EXPECT_EQ(at(100, 50), QColor(0, 255, 0));
+  EXPECT_EQ(at(50, 50), QColor(255, 0, 0));
+  EXPECT_NE(at(100, 96), QColor(0, 255, 0));
+  graph.Clear();
+  graph.Draw(controls::GraphLine{-3000, 750, 30000, 750, "#0000ff", 15});
+  EXPECT_EQ(at(199, 50), QColor(0, 0, 255));
+  EXPECT_NE(at(100, 52), QColor(0, 255, 0));
+}
+
+TEST_F(FormViewTest, ABarIsAsWideAsItsValueAndAReadOnlyBoxTakesNoTyping) {
+  window_.Control<Frame>("other").SetVisible(true);
+  window_.Control<controls::Bar>("other.bar").ShowWidth(900);
+  EXPECT_EQ(window_.Widget<QWidget>("other.bar").width(), 60);
+  auto& path = window_.Widget<QLineEdit>("other.path");
+  QTest::keyClicks(&path, "x");
+  EXPECT_EQ(path.text(), "fixed");
+  window_.Control<TextBox>("other.path").ShowText("moved");
+  EXPECT_EQ(path.text(), "moved");
+}
+
+constexpr forms::WindowRow kModalWindow = {
+    .window = forms::Row(forms::Kind::kWindow, "modal", "", {0, 0, 3000, 1500}),
+    .controls = {},
+    .modal = true};
+
+TEST_F(FormViewTest, AModalWindowStandsOverItsOwnerAndFadesIn) {
+  forms::Form form(kModalWindow);
+  NoFiles files;
+  controls::Gate gate;
+  face::Context context(face::Scale(1.0 / 15), files, gate, nullptr);
+  form.TheWindow().SetOpacity(0);
+  const auto view = std::make_unique<FormView>(form, context, &window_.View());
+  view->FollowWindow();
+  EXPECT_EQ(view->windowModality(), Qt::ApplicationModal);
+  EXPECT_EQ(view->minimumSize(), view->maximumSize());
+  EXPECT_TRUE(view->isWindow());
+  EXPECT_EQ(view->windowOpacity(), 0);
+  form.TheWindow().SetOpacity(255);
+  EXPECT_EQ(view->windowOpacity(), 1);
 }
 
 TEST_F(FormViewTest, TheCloseBoxAsksTheForm) {

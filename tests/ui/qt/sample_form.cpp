@@ -30,12 +30,18 @@ constexpr ControlRow kControls[] = {
     Row(Kind::kFrame, "other", "main", {120, 900, 7600, 2000}).Design("Other").Hidden(),
     Row(Kind::kList, "other.lines", "other", {120, 300, 1800, 1500}),
     Row(Kind::kLabel, "other.note", "other", {2000, 300, 1800, 255}).Design("Note"),
+    Row(Kind::kReadOnlyText, "other.path", "other", {2000, 700, 1800, 330}).Initial("fixed"),
+    Row(Kind::kBar, "other.bar", "other", {2000, 1100, 0, 255}),
+    Row(Kind::kGraph, "other.graph", "other", {4000, 300, 3000, 1500}),
     Row(Kind::kCheck, "main.help", "main", {120, 5300, 3000, 255}),
 };
 
 constexpr forms::WindowRow kWindow = {
     .window = Row(Kind::kWindow, "main", "", {300, 300, 8175, 5625}).Design("Sample"),
-    .controls = kControls};
+    .controls = kControls,
+    .resizable = true,
+    .default_key = "page.apply",
+    .cancel_key = "main.one"};
 
 }  // namespace
 
@@ -43,6 +49,7 @@ SampleForm::SampleForm() : Form(kWindow) {
   Get<controls::ComboBox>("page.mode").SetItems({"Auto", "2x", "4x"});
   Get<controls::ComboBox>("page.limit").SetItems({"0", "1", "2"});
   Get<controls::ListBox>("other.lines").SetItems({"first", "second", "third"});
+  TheWindow().AddShortcut({"Ctrl+PageDown", Find("page.apply")});
   controls::OptionButton::Group(
       {&Get<controls::OptionButton>("page.normal"), &Get<controls::OptionButton>("page.zoom")});
 }
