@@ -124,6 +124,7 @@ Row CompareWriting(RegistryApi& registry, BareStore& bare, const Address& addres
 Row CompareCatalogues(const std::string& what, SettingsPages& pages, BareStore& bare,
                       const std::vector<Address>& values, int rounds) {
   std::vector<std::pair<std::string, std::string>> rows;
+  rows.reserve(values.size());
   for (const Address& value : values) rows.emplace_back(value.Key(), FoldCase(value.name));
   std::vector<unsigned char> data;
   const auto plain = [&] {

@@ -25,6 +25,7 @@ double Seconds(const timeval& time) {
 /// Runs a program to its end, without its output, and gives its processor time.
 double ProcessorTime(const std::vector<std::string>& words) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

@@ -32,10 +32,7 @@ constexpr std::string_view kManualCompression =
     "opengl.filtering.manual-intellisample-texture-compression-configuration";
 constexpr std::string_view kByApplication = "opengl.filtering.texture-compression-by-application";
 constexpr std::string_view kCompressed = "opengl.filtering.texture-compression-enabled";
-constexpr std::string_view kS3tc = "opengl.misc.enable-s3tc-texture-compression";
-constexpr std::string_view kNoDithering = "opengl.misc.disable-dithering-for-dxt1-textures";
 constexpr std::string_view kTriple = "opengl.misc.triple-buffering";
-constexpr std::string_view kVersion = "opengl.compatibility.opengl-version-override";
 
 const std::vector<MachineKind> kSetups = {{0, 2200}, {0, 8000}, {1, 4500},
                                           {2, 5000}, {3, 8000}, {4, 9700}};

@@ -384,7 +384,7 @@ TEST(StoreFaultTest, AnImportWithAFaultyWriteLeavesNothing) {
   }
   EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
   EXPECT_TRUE(ApplyRegFile(changes, registry));
-  EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1", 2));
+  EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1\0", 2));
 }
 
 }  // namespace

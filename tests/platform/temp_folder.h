@@ -30,7 +30,7 @@ class TempFolder {
 
   /// Writes a file, with the folders that lead to it.
   std::string Write(std::string_view name, std::string_view bytes) const {
-    const std::string file = *this / name;
+    std::string file = *this / name;
     std::filesystem::create_directories(std::filesystem::path(file).parent_path());
     std::ofstream(file, std::ios::binary) << bytes;
     return file;

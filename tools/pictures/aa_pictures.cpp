@@ -30,7 +30,8 @@ QImage ImageOf(const std::vector<Colour>& pixels) {
   QImage image(kSceneWidth, kSceneHeight, QImage::Format_RGB32);
   for (int y = 0; y < kSceneHeight; ++y) {
     for (int x = 0; x < kSceneWidth; ++x) {
-      const Colour& c = pixels[static_cast<std::size_t>(y * kSceneWidth + x)];
+      const Colour& c =
+          pixels[static_cast<std::size_t>(y) * kSceneWidth + static_cast<std::size_t>(x)];
       image.setPixel(x, y, qRgb(Level(c.red), Level(c.green), Level(c.blue)));
     }
   }
@@ -48,8 +49,8 @@ QString WriteAaPictures(const QString& folder) {
     const QImage image = ImageOf(Render(mode));
     for (const PictureSet& set : kPictureSets) {
       const QImage picture = image.copy(set.part).scaled(set.part.size() * set.magnification);
-      const QString failure = WritePicture(
-          picture, folder + QLatin1Char('/') + QLatin1String(set.folder), NameOf(mode));
+      QString failure = WritePicture(picture, folder + QLatin1Char('/') + QLatin1String(set.folder),
+                                     NameOf(mode));
       if (!failure.isEmpty()) return failure;
     }
   }

@@ -207,7 +207,7 @@ QString WritePanelPictures(const QString& folder) {
   for (const PanelPicture& picture : kPanelPictures) {
     MockDialog page(Text(picture.title));
     picture.draw(page);
-    const QString failure = WritePicture(page.Finish(), folder, Text(picture.tag));
+    QString failure = WritePicture(page.Finish(), folder, Text(picture.tag));
     if (!failure.isEmpty()) return failure;
   }
   return {};

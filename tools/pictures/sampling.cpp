@@ -103,7 +103,8 @@ constexpr std::size_t NumberIn(std::string_view name) {
 }
 
 constexpr bool HasAsManySamplesAsItsName(const Mode& mode) {
-  const auto fragments = static_cast<std::size_t>(mode.supersampleX * mode.supersampleY);
+  const auto fragments =
+      static_cast<std::size_t>(mode.supersampleX) * static_cast<std::size_t>(mode.supersampleY);
   const std::size_t samples =
       LayoutOf(mode.grid).samples.size() * fragments * static_cast<std::size_t>(mode.subFrames);
   return NumberIn(mode.name) == 0 || NumberIn(mode.name) == samples;
