@@ -151,8 +151,14 @@ bool TextBox::Type(std::string text) {
   return true;
 }
 
+bool TextBox::Take(std::string text) {
+  const bool changed = Assign(text_, std::move(text));
+  if (changed) SetMarked(false);
+  return changed;
+}
+
 void TextBox::PassOn(std::string text) {
-  if (Assign(text_, std::move(text)) && on_change) on_change();
+  if (Take(std::move(text)) && on_change) on_change();
 }
 
 bool Slider::Use(int value) {

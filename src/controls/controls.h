@@ -96,6 +96,8 @@ class ComboBox : public Control {
   void Accept(ControlVisitor& visitor) override;
 
   std::function<void(ComboChange)> on_change;
+  /// Whether a typed text that is no item stands for something; without it none does.
+  std::function<bool(const std::string& text)> knows;
 
  private:
   bool HasPosition(int position) const;
@@ -146,8 +148,8 @@ class TextBox : public Control {
   /// A person types; the handler runs when the text changes. False when the box takes no typing.
   bool Type(std::string text);
   void PassOn(std::string text);
-  void ShowText(std::string text) { Assign(text_, std::move(text)); }
-  /// Whether the text was refused and the box is marked for it.
+  void ShowText(std::string text) { (void)Take(std::move(text)); }
+  /// Whether the text was refused and the box is marked for it. Another text takes the mark away.
   bool Marked() const { return marked_; }
   void SetMarked(bool marked) { Assign(marked_, marked); }
 
@@ -157,6 +159,8 @@ class TextBox : public Control {
   std::function<void()> on_change;
 
  private:
+  bool Take(std::string text);
+
   std::string text_;
   bool takes_typing_ = true;
   bool marked_ = false;

@@ -65,6 +65,8 @@ class basRegistry {
   void DeleteRegValue(RegRoot root, std::string_view path, std::string_view name);
   bool RegKeyExists(RegRoot root, std::string_view path);
 
+  /// Changes within one scope that nobody asked for are passed over where nothing can be written.
+  [[nodiscard]] platform::UnaskedScope Unasked() { return platform::UnaskedScope(api_); }
   /// Many reads within one scope see the registry as it was at one moment.
   [[nodiscard]] platform::ReadScope Reading() { return platform::ReadScope(api_); }
 

@@ -126,9 +126,9 @@ void CapabilityOverrides::InitMultitexturePage() {
       stored = -1;
     }
   }
-  const std::optional<int> count = stored == -1 ? std::nullopt : std::optional<int>(stored);
-  textures_.PassOn(count.value_or(textures_.Maximum()));
-  ShowTextures(count);
+  textures_.PassOn(stored == -1 ? textures_.Maximum() : stored);
+  // The slider's own handler may have taken the card's highest count for the driver's default.
+  ShowTextures(stored == -1 ? std::nullopt : std::optional<int>(stored));
 }
 
 void CapabilityOverrides::TexturesMoved() {

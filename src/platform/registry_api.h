@@ -97,6 +97,23 @@ class RegistryApi {
   /// ChangeScope.
   virtual RegStatus BeginChanges() = 0;
   virtual RegStatus EndChanges(bool keep) = 0;
+
+  /// Nobody asked for what is changed between these two calls (they nest), so where nothing can be
+  /// written it fails as ever, but is no failure that a person is told of. Use UnaskedScope.
+  virtual void BeginUnasked() = 0;
+  virtual void EndUnasked() = 0;
+};
+
+/// Says for as long as it lives that nobody asked for the changes.
+class UnaskedScope {
+ public:
+  explicit UnaskedScope(RegistryApi& registry) : registry_(registry) { registry_.BeginUnasked(); }
+  ~UnaskedScope() { registry_.EndUnasked(); }
+  UnaskedScope(const UnaskedScope&) = delete;
+  UnaskedScope& operator=(const UnaskedScope&) = delete;
+
+ private:
+  RegistryApi& registry_;
 };
 
 /// Holds one view of the registry for as long as it lives.

@@ -345,6 +345,9 @@ TEST(StoreFaultTest, AStoreThatCanNotBeWrittenStillServesReads) {
     EXPECT_TRUE(store->IsReadOnly());
     EXPECT_EQ(Get(*store, "K", "v"), "1");
     EXPECT_EQ(Set(*store, "K", "v", "1"), RegStatus::kSuccess);
+    store->BeginUnasked();
+    EXPECT_EQ(Set(*store, "New", "v", "1"), RegStatus::kWriteFault);
+    store->EndUnasked();
     EXPECT_EQ(store->FirstFailure(), std::nullopt);
     EXPECT_EQ(Set(*store, "New", "v", "1"), RegStatus::kWriteFault);
     EXPECT_EQ(store->FirstFailure(), "The store " + path + " can't be written: it is read-only.");

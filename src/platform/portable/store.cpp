@@ -281,7 +281,7 @@ RegStatus Store::ReadFailed(int code) {
 
 RegStatus Store::WriteFailed(int code) {
   doomed_ = changes_open_ > 0;
-  Remember("written", code);
+  if (unasked_open_ == 0 || !IsReadOnly()) Remember("written", code);
   return RegStatus::kWriteFault;
 }
 

@@ -73,6 +73,9 @@ class Store {
   RegStatus DeleteValue(KeyId key, std::string_view name);
   RegStatus ListKeys(KeyId key, std::vector<std::string>& names);
   RegStatus ListValues(KeyId key, std::vector<StoredValue>& values);
+  /// Between these two calls a store that can only be read remembers no failure to write.
+  void BeginUnasked() { ++unasked_open_; }
+  void EndUnasked() { --unasked_open_; }
   void BeginReads();
   void EndReads();
   /// What a Transaction does: false when it could not be begun, or is not kept.
@@ -123,6 +126,7 @@ class Store {
   std::chrono::milliseconds busy_timeout_{0};
   int changes_open_ = 0;  ///< nested transactions
   int reads_open_ = 0;    ///< nested BeginReads
+  int unasked_open_ = 0;  ///< nested BeginUnasked
   bool doomed_ = false;   ///< the open transaction can only be taken back
   bool view_open_ = false;
   KeyId last_found_ = 0;  ///< an open view goes on showing it

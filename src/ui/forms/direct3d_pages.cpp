@@ -211,6 +211,7 @@ void Direct3DPages::InitOverrides() {
 void Direct3DPages::ForgetFlags() {
   driver_.State().AaGammaOn = 0;
   driver_.State().AaTransparencyMode = 0;
+  driver_.ShowNoModeFlags();
 }
 
 void Direct3DPages::ModeChanged(ComboChange change) {

@@ -24,7 +24,7 @@ class Direct3DPages {
   void ShowPreview() { preview_.ShowAaPreview(); }
   /// Sets the multitexturing and the shader page up from the stored values.
   void InitOverrides();
-  /// Without a mode there are no flags: both are forgotten, not stored.
+  /// Without a mode there are no flags: both are forgotten, and neither page shows one.
   void ForgetFlags();
 
  private:

@@ -6,6 +6,7 @@ using settings::Binding;
 using settings::Choice;
 using settings::Setting;
 using settings::Shape;
+using settings::Special;
 using settings::Writer;
 
 DriverSettings::DriverSettings(const Shared& shared)
@@ -63,11 +64,19 @@ void DriverSettings::WriteNumber(const Setting& row, std::int32_t number) {
   }
 }
 
-void DriverSettings::Connect(const Binding& binding) {
-  for (controls::Control* control : binding.Controls()) Connect(*binding.setting, *control);
+void DriverSettings::ShowNoModeFlags() {
+  for (const Binding& binding : direct3d_bindings_) {
+    if (binding.setting->special != Special::kModeFlags) continue;
+    ShowNumber(binding, *binding.setting, 0, LangText);
+  }
 }
 
-void DriverSettings::Connect(const Setting& newest, controls::Control& control) {
+void DriverSettings::Connect(const Binding& binding) {
+  for (controls::Control* control : binding.Controls()) Connect(binding, *control);
+}
+
+void DriverSettings::Connect(const Binding& binding, controls::Control& control) {
+  const Setting& newest = *binding.setting;
   if (auto* box = dynamic_cast<controls::CheckBox*>(&control)) {
     box->on_change = Guarded([this, &newest, box] { BoxChanged(newest, *box); });
   } else if (auto* option = dynamic_cast<controls::OptionButton*>(&control)) {
@@ -76,7 +85,10 @@ void DriverSettings::Connect(const Setting& newest, controls::Control& control) 
     slider->on_change = Guarded([this, &newest, slider] { WriteNumber(newest, slider->Value()); });
   } else if (auto* combo = dynamic_cast<controls::ComboBox*>(&control)) {
     combo->on_change =
-        Guarded([this, &newest, combo](controls::ComboChange) { ComboChanged(newest, *combo); });
+        Guarded([this, &binding, combo](controls::ComboChange) { ComboChanged(binding, *combo); });
+    combo->knows = [this, &newest](const std::string& text) {
+      return settings::FindChoice(newest, text, LangText) != nullptr;
+    };
   }
 }
 
@@ -88,16 +100,21 @@ void DriverSettings::BoxChanged(const Setting& newest, const controls::CheckBox&
   }
 }
 
-void DriverSettings::ComboChanged(const Setting& newest, const controls::ComboBox& combo) {
+void DriverSettings::ComboChanged(const Binding& binding, const controls::ComboBox& combo) {
   if (combo.Position() < 0) return;
-  const Setting& row = hardware_.RowOf(newest);
+  const Setting& row = hardware_.RowOf(*binding.setting);
   if (row.shape == Shape::kCount) {
     WriteNumber(row, combo.Position() + row.first);
     return;
   }
   const std::vector<const Choice*> offered = Offered(row, hardware_.versions.DrvVer);
   const auto position = static_cast<std::size_t>(combo.Position());
-  if (position < offered.size()) Write(row, *offered[position]);
+  if (position >= offered.size()) return;
+  Write(row, *offered[position]);
+  // Whatever the driver took, both pages show one choice.
+  for (controls::Control* each : binding.Controls()) {
+    dynamic_cast<controls::ComboBox&>(*each).ShowText(combo.Text());
+  }
 }
 
 const Choice* DriverSettings::FindChoice(std::string_view id, std::string_view text) const {

@@ -19,6 +19,8 @@ class DriverSettings {
   /// Runs both readers, Direct3D first. The caller holds IsStart at 1.
   void Read();
   void ReadOpenGL() { opengl_reader_.ReadOpenGLSettings(); }
+  /// Shows transparency and gamma correction as they are without a mode.
+  void ShowNoModeFlags();
   /// A person's choice, by the code of a writer.
   void WriteDirect3D(int code, std::int32_t value = 0) {
     direct3d_writer_.WriteDirect3DSetting(code, value);
@@ -28,6 +30,7 @@ class DriverSettings {
   }
   /// Makes the call of an OpenGL page's choice, which may be for the Direct3D writer.
   void WriteOpenGL(const settings::Call& call);
+  bool HasSharedValues() const { return direct3d_context_.HasSharedValues(); }
   /// Whether the driver is above the release from which both pages show each other's choices.
   bool MirrorsTwins() const { return hardware_.versions.DrvVer > d3d::kFirstSharedDriver; }
   /// A handler that does nothing while IsStart is 1.
@@ -48,9 +51,9 @@ class DriverSettings {
 
  private:
   void Connect(const settings::Binding& binding);
-  void Connect(const settings::Setting& newest, controls::Control& control);
+  void Connect(const settings::Binding& binding, controls::Control& control);
   void BoxChanged(const settings::Setting& newest, const controls::CheckBox& box);
-  void ComboChanged(const settings::Setting& newest, const controls::ComboBox& combo);
+  void ComboChanged(const settings::Binding& binding, const controls::ComboBox& combo);
   void Write(const settings::Setting& row, const settings::Choice& choice);
   void WriteNumber(const settings::Setting& row, std::int32_t number);
 

@@ -5,6 +5,7 @@ namespace kestrune::forms {
 Navigation::Navigation(const MainForm& form, const Shared& shared, PageGroups& pages)
     : form_(form),
       state_(shared.state),
+      registry_(shared.registry),
       pages_(pages),
       bar_(form.Get<controls::Slider>("main.group-scroll-bar")) {
   bar_.on_change = [this] { GroupScrolled(); };
@@ -16,6 +17,7 @@ void Navigation::ShowPage() {
   }
   if (!IsPage(state_.ActivePage)) return;
   const PageRow& row = kPages[static_cast<std::size_t>(state_.ActivePage)];
+  const platform::UnaskedScope unasked = registry_.Unasked();
   if (row.shown != nullptr) row.shown(pages_);
   if (row.group != Group::kNone) {
     bar_.SetRange(1, SizeOf(row.group));

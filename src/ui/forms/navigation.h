@@ -20,6 +20,7 @@ class Navigation {
 
   const MainForm& form_;
   core::ProgramState& state_;
+  core::basRegistry& registry_;
   PageGroups& pages_;
   controls::Slider& bar_;
 };

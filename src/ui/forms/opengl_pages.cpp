@@ -192,11 +192,9 @@ void OpenGLPages::ModeChanged(ComboChange change) {
     if (mode->call->code == kAutoCode) direct3d_.ForgetFlags();
     driver_.WriteOpenGL(*mode->call);
   }
-  if (driver_.MirrorsTwins()) {
-    // Both pages show one value, so this is the current mode for the flags that follow it, too.
-    direct3d_mode_.ShowText(text);
-    driver_.State().CurrentAaModeText = text;
-  }
+  // One value holds the mode of both pages, so the flags that follow go with this one.
+  if (driver_.HasSharedValues()) driver_.State().CurrentAaModeText = text;
+  if (driver_.MirrorsTwins()) direct3d_mode_.ShowText(text);
   if (change == ComboChange::kText || driver_.MirrorsTwins()) direct3d_.ShowPreview();
 }
 

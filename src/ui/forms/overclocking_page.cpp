@@ -94,11 +94,7 @@ OverclockingPage::OverclockingPage(const Shared& shared)
   speed_2d_.on_click = [this] { PairChosen(false); };
   speed_3d_.on_click = [this] { PairChosen(true); };
   const auto follow = [](Slider& slider, TextBox& box) {
-    slider.on_change = [&slider, &box] {
-      box.ShowText(std::to_string(slider.Value()));
-      box.SetMarked(false);
-    };
-    box.on_change = [&box] { box.SetMarked(false); };
+    slider.on_change = [&slider, &box] { box.ShowText(std::to_string(slider.Value())); };
   };
   follow(controls_.core_slider, controls_.core_box);
   follow(controls_.memory_slider, controls_.memory_box);
@@ -213,6 +209,13 @@ void OverclockingPage::Apply() {
   clocks_.SetAndRead();
   dialog_.RunPendingEvents();
   clocks_.RefreshClocks();
+  MarkOdd(controls_.core_box, controls_.core_slider, *core);
+  MarkOdd(controls_.memory_box, controls_.memory_slider, *memory);
+}
+
+void OverclockingPage::MarkOdd(TextBox& box, const Slider& slider, std::int16_t mhz) {
+  constexpr std::int16_t kLowestMHz = 1;
+  if (mhz < kLowestMHz || !slider.Takes(mhz)) box.SetMarked(true);
 }
 
 }  // namespace kestrune::forms

@@ -29,6 +29,8 @@ class OverclockingPage {
   void SelectPair(bool is_3d);
   void SetUsable(bool usable);
   void Apply();
+  /// Marks the box of a clock that was set though the card is not meant for it.
+  static void MarkOdd(controls::TextBox& box, const controls::Slider& slider, std::int16_t mhz);
   /// The whole number in a box, or nothing after marking the box and saying why.
   std::optional<std::int16_t> ReadBox(controls::TextBox& box, int name_text);
 

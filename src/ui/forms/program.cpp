@@ -20,6 +20,7 @@ struct Program::Parts {
   explicit Parts(const platform::Services& machine);
 
   void MakeWindows();
+  void ShowAtFirst();
   void LoadTexts();
   void DetectHardware();
   void FillSettings();
@@ -140,6 +141,24 @@ void Program::Parts::ShowRememberedPage() {
   if (lower_panel.ReadOptions()) navigation.ShowPage();
 }
 
+void Program::Parts::ShowAtFirst() {
+  const platform::UnaskedScope unasked = registry.Unasked();
+  state.IsLoading = 1;
+  state.IsStart = 1;
+  LoadTexts();
+  navigation.ShowPage();
+  DetectHardware();
+  lower_panel.ListLanguages();
+  services.dialog.RunPendingEvents();
+  pages.overclocking.OfferPairs();
+  FillSettings();
+  ShowVersion();
+  state.IsStart = 0;
+  state.IsLoading = 0;
+  pages.direct3d.ShowPreview();
+  ShowRememberedPage();
+}
+
 void Program::Parts::Close() {
   if (closed) return;
   closed = true;
@@ -163,24 +182,10 @@ Program::Program(const platform::Services& services) : parts_(std::make_unique<P
 Program::~Program() = default;
 
 bool Program::Start(std::string_view command_line) {
-  Parts& parts = *parts_;
-  parts.state.IsLoading = 1;
-  parts.state.IsStart = 1;
-  parts.LoadTexts();
-  parts.navigation.ShowPage();
-  parts.DetectHardware();
-  parts.lower_panel.ListLanguages();
-  parts.services.dialog.RunPendingEvents();
-  parts.pages.overclocking.OfferPairs();
-  parts.FillSettings();
-  parts.ShowVersion();
-  parts.state.IsStart = 0;
-  parts.state.IsLoading = 0;
-  parts.pages.direct3d.ShowPreview();
-  parts.ShowRememberedPage();
-  if (!command_line.empty()) return parts.RunCommandLine(command_line);
-  parts.lower_panel.LoadHelpPicture();
-  if (parts.versions.state.OSFamily >= detect::kWindowsVista) parts.toolbar.DisableForVista();
+  parts_->ShowAtFirst();
+  if (!command_line.empty()) return parts_->RunCommandLine(command_line);
+  parts_->lower_panel.LoadHelpPicture();
+  if (parts_->versions.state.OSFamily >= detect::kWindowsVista) parts_->toolbar.DisableForVista();
   return true;
 }
 
