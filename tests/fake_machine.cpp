@@ -7,6 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "platform/case_fold.h"
 #include "platform/value_text.h"
 
 namespace kestrune::test {
@@ -89,6 +90,11 @@ FakeMachine::FakeMachine(MachineKind setup)
   devices = {{R"(\\.\DISPLAY1)", "NVIDIA card", 5,
               R"(PCI\VEN_10DE&DEV_)" + setup_.device + "&SUBSYS_C5201458&REV_A1",
               R"(\Registry\Machine\)" + std::string(kCardKey)}};
+  description_.os = os;
+  description_.file_versions = {{FoldCase("NvCpl.dll"), driver_version}};
+  description_.display_devices = devices;
+  description_.clocks = setup_.clocks;
+  driver_.emplace(description_, *store_);
 }
 
 Services FakeMachine::Services() { return {*tracing_, *this, *this, shell_, *files_, *this}; }
@@ -208,8 +214,9 @@ std::optional<std::string> FakeMachine::FileVersionText(std::string_view file_na
   return text.empty() ? std::nullopt : std::optional(text);
 }
 
-bool FakeMachine::StartCommand(std::string_view, WindowState window) {
+bool FakeMachine::StartCommand(std::string_view command_line, WindowState window) {
   last_window = window;
+  if (driver_ && portable::IsReloadCommand(command_line)) driver_->Reload(command_line);
   return true;
 }
 
@@ -244,7 +251,10 @@ void Driven::Choose(std::string_view id, std::string_view item) {
 }
 
 void Driven::Type(std::string_view id, std::string_view text) {
-  EXPECT_TRUE(Get<controls::ComboBox>(id).Type(std::string(text))) << id;
+  auto* box = dynamic_cast<controls::TextBox*>(&Find(id));
+  EXPECT_TRUE(box != nullptr ? box->Type(std::string(text))
+                             : Get<controls::ComboBox>(id).Type(std::string(text)))
+      << id;
 }
 
 void Driven::Tick(std::string_view id, bool on) {

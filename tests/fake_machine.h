@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/driver.h"
 #include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/services.h"
@@ -26,6 +27,8 @@ struct MachineKind {
   int family = 3;     ///< 0 Windows 98, 1 NT 4, 2 Windows 2000, 3 XP, 4 Vista
   int driver = 8000;  ///< release times 100; 0 is no driver file
   std::string device = "0091";
+  /// What the card's driver answers reload commands with; without any it never answers.
+  std::optional<platform::portable::DescribedClocks> clocks = {};
 };
 
 /// A machine in memory: a real store without a file, the shipped data files, and fakes for the
@@ -72,7 +75,7 @@ class FakeMachine : public platform::DisplayApi,
   std::optional<platform::DisplayDevice> DeviceAt(int index) override;
   platform::OsVersion SystemVersion() override;
   std::optional<std::string> FileVersionText(std::string_view file_name) override;
-  bool StartCommand(std::string_view, platform::WindowState window) override;
+  bool StartCommand(std::string_view command_line, platform::WindowState window) override;
   bool OpenWebPage(std::string_view) override { return true; }
   bool OpenControlPanelItem(std::string_view) override { return true; }
   platform::Answer ShowMessage(std::string_view title, std::string_view text,
@@ -94,6 +97,8 @@ class FakeMachine : public platform::DisplayApi,
   MachineKind setup_;
   platform::TempFolder folder_;
   std::unique_ptr<platform::portable::Store> store_;
+  platform::portable::MachineDescription description_;
+  std::optional<platform::portable::DescribedDriver> driver_;
   std::unique_ptr<platform::portable::StoreRegistry> registry_;
   platform::Trace trace_;
   std::unique_ptr<platform::TracingRegistry> tracing_;
