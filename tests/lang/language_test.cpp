@@ -2,7 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+#include "core/field_reader.h"
 #include "fake_machine.h"
+#include "platform/temp_folder.h"
 
 namespace kestrune::lang {
 namespace {
@@ -135,35 +141,96 @@ TEST_F(LanguageTest, ChoosingStoresTheNameAsTextAndAsksForARestart) {
   EXPECT_EQ(language.LangText[145], "");
 }
 
-TEST(ShippedLanguagesTest, HaveTheSameTextsAndKeepApartWhatIsCompared) {
-  const int groups[][6] = {{127, 128, 129, 130, -1, -1}, {134, 135, 136, 137, -1, -1},
-                           {145, 146, 183, -1, -1, -1},  {159, 160, 161, -1, -1, -1},
-                           {180, 181, 182, -1, -1, -1},  {137, 145, 146, 183, 135, -1}};
+constexpr std::size_t kHeader = 3;  ///< the two names and the code page
+
+/// Goes through a language file beside the English one and says where it first departs from the
+/// numbers in its own comments, or from what English has there; empty when it doesn't.
+std::string FaultOf(const std::string& name, std::string_view bytes, std::string_view english) {
+  core::FieldReader fields(bytes);
+  core::FieldReader others(english);
+  const auto is_comment = [](const std::string& field) { return field.starts_with("- "); };
+  int line = 1;
+  int group = 1;
+  int number = 0;
+  const auto fault = [&](const std::string& what) {
+    return name + ":" + std::to_string(line) + ": " + what + " at text " + std::to_string(number) +
+           ", in the group of line " + std::to_string(group);
+  };
+  for (std::size_t i = 0; !fields.AtEnd() || !others.AtEnd(); ++i) {
+    line = fields.Line();
+    if (fields.AtEnd() || others.AtEnd()) return fault("other end than in English");
+    const std::string field = *fields.Next();
+    const std::string other = *others.Next();
+    if (is_comment(field)) {
+      if (i >= kHeader && field.substr(2, field.find(':') - 2) != std::to_string(number)) {
+        return fault("the comment has another number");
+      }
+      group = line;
+    } else if (i >= kHeader) {
+      ++number;
+    }
+    if (is_comment(field) != is_comment(other)) return fault("other comments than in English");
+    if (field.empty() != other.empty()) return fault("other texts than in English");
+  }
+  return "";
+}
+
+struct ShippedLanguagesTest : testing::Test {
+  static std::string Bytes(const std::string& name) {
+    return platform::ReadAll(KESTRUNE_DATA_FOLDER "/DATA/LANGUAGE/" + name);
+  }
+  const std::string english = Bytes("en.dat");
+};
+
+TEST_F(ShippedLanguagesTest, HaveEachTextInItsPlace) {
+  const std::filesystem::path folder = KESTRUNE_DATA_FOLDER "/DATA/LANGUAGE";
+  for (const auto& file : std::filesystem::directory_iterator(folder)) {
+    const std::string name = file.path().filename();
+    EXPECT_EQ(FaultOf(name, Bytes(name), english), "");
+  }
+}
+
+TEST_F(ShippedLanguagesTest, AMissingOrExtraLineIsToldWithItsGroup) {
+  for (const std::string name : {"en.dat", "cs.dat"}) {
+    std::vector<std::string> lines;
+    std::istringstream whole(Bytes(name));
+    for (std::string line; std::getline(whole, line);) lines.push_back(line + "\n");
+    const auto is_comment = [](const std::string& line) { return line.starts_with("- "); };
+    for (auto at = lines.begin(); at != lines.end(); ++at) {
+      const auto group = std::find_if(std::make_reverse_iterator(at), lines.rend(), is_comment);
+      const auto next = std::find_if(at + 1, lines.end(), is_comment);
+      const std::string before = test::Joined({lines.begin(), at}, "");
+      const std::string after = test::Joined({at + 1, lines.end()}, "");
+      for (const std::string& instead : {std::string(), *at + "\"extra\"\n"}) {
+        const std::string fault = FaultOf(name, before + instead + after, english);
+        ASSERT_TRUE(fault.starts_with(name + ":")) << *at << fault;
+        const auto told = std::stol(fault.substr(name.size() + 1));
+        EXPECT_GE(told, lines.rend() - group) << *at << fault;
+        EXPECT_LE(told, next - lines.begin() + 2) << *at << fault;
+      }
+    }
+  }
+}
+
+TEST_F(ShippedLanguagesTest, KeepApartWhatIsComparedAndEndPrefixesWithABlank) {
+  const std::vector<int> groups[] = {{127, 128, 129, 130}, {134, 135, 136, 137},
+                                     {145, 146, 183},      {159, 160, 161},
+                                     {180, 181, 182},      {137, 145, 146, 183, 135}};
   FakeMachine machine;
   core::basRegistry registry(machine.Services().registry);
-  Language english(registry, machine.Files(), machine);
-  english.LoadLanguage();
-  machine.Store(test::kOptionsKey, "Language", "REG_SZ cs");
-  Language other(registry, machine.Files(), machine);
-  other.LoadLanguage();
-  int texts = 0;
-  for (int number = 0; number < kTextCount; ++number) {
-    EXPECT_EQ(english.LangText[number].empty(), other.LangText[number].empty()) << number;
-    texts += english.LangText[number].empty() ? 0 : 1;
-  }
-  EXPECT_EQ(texts, 227);
-  EXPECT_EQ(english.LangText[273].empty(), false);
-  for (const LangTable* table : {&english.LangText, &other.LangText}) {
-    for (const auto& group : groups) {
-      for (int i = 0; i < 6; ++i) {
-        for (int j = 0; j < i && group[i] >= 0; ++j) {
-          EXPECT_NE((*table)[group[i]], (*table)[group[j]]) << group[i] << " " << group[j];
-        }
+  for (const char* name : {"en", "cs"}) {
+    machine.Store(test::kOptionsKey, "Language", "REG_SZ " + std::string(name));
+    Language language(registry, machine.Files(), machine);
+    language.LoadLanguage();
+    for (const std::vector<int>& group : groups) {
+      std::set<std::string> texts;
+      for (const int number : group) {
+        EXPECT_TRUE(texts.insert(language.LangText[number]).second) << name << " " << number;
       }
     }
     // A number or a name follows these directly.
     for (const int prefix : {92, 93, 94, 95, 101, 104, 109, 110, 118, 123, 165, 168, 169}) {
-      EXPECT_TRUE((*table)[prefix].ends_with(' ')) << prefix;
+      EXPECT_TRUE(language.LangText[prefix].ends_with(' ')) << name << " " << prefix;
     }
   }
 }
