@@ -6,6 +6,7 @@
 #include <set>
 
 #include "catalogue/catalogue.h"
+#include "catalogue/listing.h"
 #include "d3d/direct3d_settings.h"
 #include "fake_machine.h"
 #include "ogl/opengl_settings.h"
@@ -15,10 +16,15 @@ namespace {
 
 using settings::Choice;
 using settings::CodeRow;
+using settings::Place;
 using settings::Setting;
 using settings::Shape;
 using settings::Special;
 using settings::Writer;
+using test::Driven;
+using test::FakeMachine;
+using test::Joined;
+using test::MachineKind;
 
 std::vector<const Setting*> WithOlder(const Setting& newest) {
   std::vector<const Setting*> rows;
@@ -27,8 +33,8 @@ std::vector<const Setting*> WithOlder(const Setting& newest) {
 }
 
 TEST(SettingsTest, EachIsFoundByItsControlOfItsShape) {
-  test::FakeMachine machine;
-  test::Driven driven(machine);
+  FakeMachine machine;
+  Driven driven(machine);
   for (const Setting* row : AllSettings()) {
     EXPECT_EQ(SettingOf(row->id), row) << row->id << " stands behind two rows";
     for (const std::string_view id : {row->id, row->twin}) {
@@ -119,6 +125,82 @@ TEST(SettingsTest, ListAndHandlerCountAlikeWhateverIsLeftOut) {
   const lang::LangTable texts;
   EXPECT_EQ(FindChoice(kRow, "unwritten", texts), nullptr);
   EXPECT_EQ(FindChoice(kRow, "rich", texts), &kChoices[3]);
+}
+
+/// Types and chooses the first item, moves to the lowest end, or changes the state.
+void UseSomehow(Driven& driven, std::string_view id) {
+  const auto& control = driven.Get<controls::Control>(id);
+  if (const auto* combo = dynamic_cast<const controls::ComboBox*>(&control)) {
+    if (combo->TakesTyping()) driven.Type(id, "4x");
+    if (!combo->Items().empty()) driven.Choose(id, 0);
+  } else if (const auto* slider = dynamic_cast<const controls::Slider*>(&control)) {
+    driven.Move(id, slider->Minimum());
+  } else {
+    driven.Use(id, control.ValueText() == "on" ? "off" : "on");
+  }
+}
+
+TEST(SettingsTest, NothingOfADriverIsWrittenWithoutACard) {
+  for (const MachineKind& setup : {MachineKind{0, 2200, ""}, MachineKind{0, 8000, ""},
+                                   MachineKind{3, 4500, ""}, MachineKind{3, 8000, ""}}) {
+    FakeMachine machine(setup);
+    Driven driven(machine);
+    machine.TakeTrace();
+    for (const Setting* row : AllSettings()) {
+      const bool is_driver_key = row->place == Place::kSettings || row->place == Place::kDriverKey;
+      if (!is_driver_key) continue;
+      for (const std::string_view id : {row->id, row->twin}) {
+        if (!id.empty()) UseSomehow(driven, id);
+      }
+    }
+    EXPECT_EQ(Joined(machine.TakeTrace()), "");
+    EXPECT_EQ(driven.Text("direct3d.misc.prerender-limit"), "0");  // the choice is shown anyway
+  }
+}
+
+void StoreEverything(FakeMachine& machine, const std::string& value) {
+  for (const Setting* row : AllSettings()) {
+    const auto [key, name] = AddressOf(machine, *row);
+    if (row->place == Place::kSettings) machine.Store(key, name, value);
+  }
+}
+
+TEST(SettingsTest, ReadingWritesNothing) {
+  for (const MachineKind& setup : {MachineKind{0, 2280}, MachineKind{0, 8000}, MachineKind{1, 4500},
+                                   MachineKind{3, 5000}, MachineKind{4, 9700}}) {
+    FakeMachine machine(setup);
+    StoreEverything(machine, machine.Kept(1));
+    // What the sliders of capabilities are moved to is stored again.
+    for (const char* name : {"D3d_59954021", "D3D_59954023", "D3D_59954022"}) {
+      machine.StoreDirect3D(name, {});
+    }
+    machine.TakeTrace();
+    const Driven driven(machine);
+    EXPECT_EQ(Joined(machine.TakeTrace()), R"(write HKCU\Software\Kestrune Version REG_DWORD 353)");
+  }
+}
+
+TEST(SettingsTest, ValuesOfAnyTypeAndSizeCountAsNotSetOrByTheirNumber) {
+  const std::pair<const char*, const char*> prerender[] = {
+      {"REG_SZ 5", "5"},
+      {"REG_SZ five", "2"},
+      {"REG_SZ", "2"},
+      {"REG_DWORD 4", "4"},
+      {"REG_BINARY", "0"},
+      {"REG_BINARY 03", "3"},
+      {"REG_BINARY 03 00", "3"},
+      {"REG_BINARY 01 00 00", "1"},
+      {"TYPE_2 35 00", "2"},
+      {"REG_BINARY 06 00 00 00 00", "6"},
+      {"REG_BINARY 07 00 00 00 00 00", "7"},
+      {"REG_BINARY 07 00 00 00 00 00 00 00", "2"},
+      {"TYPE_0", "2"},
+      {"REG_SZ 99999999999", "2"}};
+  for (const auto& [value, shown] : prerender) {
+    FakeMachine machine;
+    StoreEverything(machine, value);
+    EXPECT_EQ(Driven(machine).Text("direct3d.misc.prerender-limit"), shown) << value;
+  }
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace {
 using test::Driven;
 using test::FakeMachine;
 using test::Joined;
-using test::MachineKind;
 using Number = std::optional<std::uint32_t>;
 
 constexpr std::string_view kTextures = "direct3d.multitexturing.max-simultaneous-textures";
@@ -48,26 +47,6 @@ TEST(MultitexturingTest, AStoredCountAboveTheCardsIsRemovedAtStart) {
   EXPECT_FALSE(driven.Enabled(kApply));
 }
 
-TEST(MultitexturingTest, EachMoveStoresThePositionAndTheTopDeletes) {
-  for (const MachineKind& setup : {MachineKind{0, 8000}, MachineKind{3, 4500}}) {
-    FakeMachine machine(setup);
-    machine.Lay("DATA/mt.dat", "09,4");
-    Driven driven(machine);
-    machine.TakeTrace();
-    driven.Move(kTextures, 2);
-    EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine(kTexturesName, 2));
-    EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: 2");
-    EXPECT_TRUE(driven.Enabled(kApply));
-    driven.Press(kApply);
-    EXPECT_EQ(Joined(machine.TakeTrace()), kReload);
-    EXPECT_FALSE(driven.Enabled(kApply));
-    driven.Move(kTextures, 4);
-    EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine(kTexturesName, Number()));
-    EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: Default");
-    EXPECT_TRUE(driven.Enabled(kApply));
-  }
-}
-
 TEST(MultitexturingTest, TheOverrideLiftsTheLimitAndItsEndRemovesWhatIsAbove) {
   FakeMachine machine;
   machine.Lay("DATA/mt.dat", "09,4");
@@ -89,22 +68,6 @@ TEST(MultitexturingTest, TheOverrideLiftsTheLimitAndItsEndRemovesWhatIsAbove) {
   EXPECT_EQ(Stored(machine, kTexturesName), "");
 }
 
-TEST(MultitexturingTest, AfterTheStartCaptionAndStoreAgree) {
-  const std::tuple<Number, std::string, std::string> cases[] = {{Number(), "Default", ""},
-                                                                {1, "1", "REG_BINARY 01 00 00 00"},
-                                                                {3, "3", "REG_BINARY 03 00 00 00"},
-                                                                {5, "Default", ""}};
-  for (const auto& [number, caption, stored] : cases) {
-    FakeMachine machine;
-    machine.Lay("DATA/mt.dat", "09,4");
-    machine.StoreDirect3D(kTexturesName, number);
-    const Driven driven(machine);
-    EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: " + caption)
-        << number.value_or(0);
-    EXPECT_EQ(Stored(machine, kTexturesName), stored) << number.value_or(0);
-  }
-}
-
 TEST(MultitexturingTest, ACardThatTheTableDoesNotListHasNoLimit) {
   FakeMachine machine;
   machine.Lay("DATA/mt.dat", "04,4");
@@ -116,92 +79,51 @@ TEST(MultitexturingTest, ACardThatTheTableDoesNotListHasNoLimit) {
   EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: 20");
 }
 
-struct ShaderCase {
-  std::string_view slider;
-  std::string_view table;
-  std::string_view name;
-  std::string prefix;
-  std::vector<std::tuple<int, Number, std::string>> positions;
-};
-
-const ShaderCase kShaders[] = {{kPixel,
-                                "ps",
-                                kPixelName,
-                                "Pixel Shader: ",
-                                {{0, 0xFFFF0000, "Disabled"},
-                                 {1, 0xFFFF0101, "1.1"},
-                                 {2, 0xFFFF0103, "1.3"},
-                                 {3, 0xFFFF0104, "1.4"},
-                                 {4, 0xFFFF0200, "2.0"},
-                                 {5, 0xFFFF0300, "3.0"},
-                                 {6, Number(), "Default"}}},
-                               {kVertex,
-                                "vs",
-                                kVertexName,
-                                "Vertex Shader: ",
-                                {{0, 0xFFFE0000, "Disabled"},
-                                 {1, 0xFFFE0101, "1.1"},
-                                 {2, 0xFFFE0200, "2.0"},
-                                 {3, 0xFFFE0300, "3.0"},
-                                 {4, Number(), "Default"}}}};
-
-TEST(ShaderTest, EachPositionStoresItsVersion) {
-  for (const MachineKind& setup : {MachineKind{0, 4500}, MachineKind{3, 8000}}) {
-    for (const ShaderCase& shader : kShaders) {
-      FakeMachine machine(setup);
-      machine.Store(test::kOptionsKey, "OverrideShaders", "REG_DWORD 1");
-      Driven driven(machine);
-      for (const auto& [position, number, text] : shader.positions) {
-        machine.TakeTrace();
-        driven.Move(shader.slider, position);
-        const std::string line = Joined(machine.TakeTrace());
-        if (number) {
-          EXPECT_EQ(line, machine.Direct3DLine(shader.name, number));
-        } else {
-          EXPECT_TRUE(line.starts_with("delete ")) << line;
-        }
-        EXPECT_EQ(driven.Caption(std::string(shader.slider) + "-label"), shader.prefix + text);
-        EXPECT_TRUE(driven.Enabled(kApplyShaders));
-        EXPECT_EQ(Driven(machine).Text(shader.slider), std::to_string(position));
-      }
-      driven.Press(kApplyShaders);
-      EXPECT_EQ(Joined(machine.TakeTrace()).ends_with(kReload), true);
-      EXPECT_FALSE(driven.Enabled(kApplyShaders));
-    }
+TEST(OverridesTest, AMoveOffersToApplyAndApplyingReloadsOnce) {
+  const std::tuple<std::string_view, std::string_view, int> sliders[] = {
+      {kTextures, kApply, 2}, {kPixel, kApplyShaders, 1}, {kVertex, kApplyShaders, 1}};
+  FakeMachine machine;
+  machine.Lay("DATA/mt.dat", "09,4");
+  Driven driven(machine);
+  for (const auto& [slider, button, position] : sliders) {
+    EXPECT_FALSE(driven.Enabled(button)) << slider;
+    driven.Move(slider, position);
+    EXPECT_TRUE(driven.Enabled(button)) << slider;
+    machine.TakeTrace();
+    driven.Press(button);
+    EXPECT_EQ(Joined(machine.TakeTrace()), kReload);
   }
+  // The top, here the card's own limit, leaves the version to the driver.
+  driven.Move(kPixel, 5);
+  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine(kPixelName, Number()));
+  EXPECT_EQ(driven.Caption("direct3d.shaders.pixel-shader-label"), "Pixel Shader: Default");
 }
 
 TEST(ShaderTest, AStoredVersionAboveTheCardsIsRemovedUnlessOverridden) {
-  struct Case {
-    int shader;
-    std::string card;
-    std::uint32_t stored;
-    bool removed;
+  const std::tuple<std::string, std::string, std::uint32_t, bool> cases[] = {
+      {"ps", "2.0,4", 0xFFFF0300, true},      {"ps", "2.0,4", 0xFFFF0200, false},
+      {"ps", "1.3,2", 0xFFFF0104, true},      {"ps", "3.0,5", 0xFFFF0300, false},
+      {"ps", "Enabled,5", 0xFFFF0300, false}, {"ps", "0.0,0", 0xFFFF0101, true},
+      {"ps", "2.0,4", 0xFFFF0204, true},  // a version without a position counts as the highest
+      {"vs", "2.0,2", 0xFFFE0300, true},      {"vs", "2.0,2", 0xFFFE0101, false},
+      {"vs", "1.1,1", 0xFFFE0101, true},  // a card's 1.1 counts as 1.0 here
   };
-  const Case cases[] = {
-      {0, "2.0,4", 0xFFFF0300, true},      {0, "2.0,4", 0xFFFF0200, false},
-      {0, "1.3,2", 0xFFFF0104, true},      {0, "3.0,5", 0xFFFF0300, false},
-      {0, "Enabled,5", 0xFFFF0300, false}, {0, "0.0,0", 0xFFFF0101, true},
-      {0, "2.0,4", 0xFFFF0204, true},  // a version without a position counts as the highest
-      {1, "2.0,2", 0xFFFE0300, true},      {1, "2.0,2", 0xFFFE0101, false},
-      {1, "1.1,1", 0xFFFE0101, true},  // a card's 1.1 counts as 1.0 here
-  };
-  for (const Case& each : cases) {
-    const ShaderCase& shader = kShaders[each.shader];
+  for (const auto& [table, card, stored, above] : cases) {
+    const std::string_view name = table == "vs" ? kVertexName : kPixelName;
     for (const bool overridden : {false, true}) {
       FakeMachine machine;
-      machine.Lay("DATA/" + std::string(shader.table) + ".dat", "09," + each.card);
-      machine.StoreDirect3D(shader.name, each.stored);
+      machine.Lay("DATA/" + table + ".dat", "09," + card);
+      machine.StoreDirect3D(name, stored);
       machine.Store(test::kOptionsKey, "OverrideShaders",
                     overridden ? "REG_DWORD 1" : "REG_DWORD 0");
       machine.TakeTrace();
       const Driven driven(machine);
       const std::string trace = Joined(machine.TakeTrace());
-      const bool removed = each.removed && !overridden;
-      EXPECT_EQ(trace.find(kReload) != trace.npos, removed) << each.card << " " << trace;
+      const bool removed = above && !overridden;
+      EXPECT_EQ(trace.find(kReload) != trace.npos, removed) << card << " " << trace;
       if (!removed) continue;
       EXPECT_TRUE(trace.starts_with("delete K D3d_5995402")) << trace;
-      EXPECT_EQ(Stored(machine, shader.name), "");
+      EXPECT_EQ(Stored(machine, name), "");
     }
   }
 }
