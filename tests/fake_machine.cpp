@@ -17,6 +17,8 @@ namespace {
 using namespace platform;
 using portable::FolderFiles;
 
+constexpr std::int32_t kPatterns = 10000;  ///< from here on numbers are bit patterns
+
 constexpr std::string_view kCardKey =
     R"(System\CurrentControlSet\Control\Video\{0F1F3A6C-6F3A-4B5E-9C59-0D3E5A6B7C8D}\0000)";
 
@@ -68,6 +70,54 @@ std::string BytesText(std::uint32_t number) {
 }
 
 KeyAddress AddressOf(std::string_view key) { return ParseKey(key).value(); }
+
+/// The number that a value's data stand for; nothing for other data.
+std::optional<std::int32_t> NumberOf(const std::string& data) {
+  unsigned bytes[4];
+  int number = 0;
+  char rest = 0;
+  if (std::sscanf(data.c_str(), "REG_DWORD %d%c", &number, &rest) == 1) return number;
+  if (std::sscanf(data.c_str(), "REG_BINARY %x %x %x %x%c", &bytes[0], &bytes[1], &bytes[2],
+                  &bytes[3], &rest) != 4) {
+    return std::nullopt;
+  }
+  return static_cast<std::int32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16 | bytes[3] << 24);
+}
+
+/// Key and name of a value, the key in short where it is one of the driver's or the program's.
+std::string ShortPlace(const FakeMachine& machine, const std::string& key,
+                       const std::string& name) {
+  const bool is_9x = machine.Kind().family == 0;
+  if (is_9x && key == R"(K\NVidia\Direct3D)") return "D3D " + name;
+  if (is_9x && key == R"(K\NVidia\OpenGL)") return "GL " + name;
+  if (!is_9x && key == "K" && name.starts_with("OGL_")) return "GL " + name.substr(4);
+  if (!is_9x && key == "K" && (name.starts_with("D3D") || name.starts_with("D3d_"))) {
+    return "D3D " + name;
+  }
+  if (key == kTweakKey) return "Tweak " + name;
+  if (key == kDebugKey) return "Debug " + name;
+  if (key == kOptionsKey) return "Options " + name;
+  return key + " " + name;
+}
+
+std::string ShortChange(const FakeMachine& machine, const std::string& line) {
+  const bool is_write = line.starts_with("write ");
+  if (!is_write && !line.starts_with("delete ")) return line;
+  const std::size_t type = is_write ? line.find(" REG_") : line.size();
+  const std::size_t name = line.rfind(' ', type - 1) + 1;
+  const std::size_t key = line.find(' ') + 1;
+  const std::string place =
+      ShortPlace(machine, line.substr(key, name - 1 - key), line.substr(name, type - name));
+  if (!is_write) return "delete " + place;
+  const std::string data = line.substr(type + 1);
+  const std::optional<std::int32_t> number = NumberOf(data);
+  const bool is_drivers =
+      place.starts_with("D3D ") || place.starts_with("GL ") || place.starts_with("K ");
+  const bool as_kept =
+      number && data == (is_drivers ? machine.Kept(static_cast<std::uint32_t>(*number))
+                                    : "REG_DWORD " + std::to_string(*number));
+  return place + " = " + (as_kept ? NumberText(*number) : data);
+}
 
 }  // namespace
 
@@ -169,20 +219,6 @@ void FakeMachine::StoreOpenGL(std::string_view name, std::optional<std::uint32_t
   number ? Store(OpenGLKey(), prefixed, Kept(*number)) : Unset(OpenGLKey(), prefixed);
 }
 
-std::string FakeMachine::Direct3DLine(std::string_view name,
-                                      std::optional<std::uint32_t> number) const {
-  const std::string place = setup_.family == 0 ? R"(K\NVidia\Direct3D )" : "K ";
-  return (number ? "write " : "delete ") + place + std::string(name) +
-         (number ? " " + Kept(*number) : "");
-}
-
-std::string FakeMachine::OpenGLLine(std::string_view name,
-                                    std::optional<std::uint32_t> number) const {
-  const std::string place = setup_.family == 0 ? R"(K\NVidia\OpenGL )" : "K ";
-  return (number ? "write " : "delete ") + place + Prefixed(name) +
-         (number ? " " + Kept(*number) : "");
-}
-
 std::vector<std::string> FakeMachine::TakeTrace() {
   std::vector<std::string> lines;
   for (std::string line : log) {
@@ -195,6 +231,12 @@ std::vector<std::string> FakeMachine::TakeTrace() {
   }
   log.clear();
   return lines;
+}
+
+std::string FakeMachine::TakeShortTrace() {
+  std::vector<std::string> changes;
+  for (const std::string& line : TakeTrace()) changes.push_back(ShortChange(*this, line));
+  return changes.empty() ? "nothing" : Joined(changes);
 }
 
 std::optional<DisplayDevice> FakeMachine::DeviceAt(int index) {
@@ -302,6 +344,17 @@ std::string Driven::State(std::string_view name) const {
     return number != nullptr ? std::to_string(*number) : std::get<std::string>(value);
   }
   throw std::runtime_error("no shared value " + std::string(name));
+}
+
+std::string NumberText(std::int32_t number) {
+  if (number > -kPatterns && number < kPatterns) return std::to_string(number);
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%08X", static_cast<unsigned>(number));
+  return text;
+}
+
+std::string NumberText(std::optional<std::int32_t> number) {
+  return number ? NumberText(*number) : "not set";
 }
 
 std::string Joined(const std::vector<std::string>& lines, std::string_view between) {

@@ -68,9 +68,11 @@ class FakeMachine : public platform::DisplayApi,
   /// The lines of changes since the last call, in short: "write KEY NAME TYPE DATA", with K for
   /// the driver's key.
   std::vector<std::string> TakeTrace();
-  /// The line that writing a number gives, or that deleting gives when there is none.
-  std::string Direct3DLine(std::string_view name, std::optional<std::uint32_t> number) const;
-  std::string OpenGLLine(std::string_view name, std::optional<std::uint32_t> number) const;
+  /// The same in short, "nothing" for none: "D3D NAME = NUMBER" and "GL NAME = NUMBER" for the
+  /// values of the interfaces where and as this system's driver keeps them, without the OGL_ of the
+  /// NT family; "Tweak", "Debug" and "Options" for REG_DWORD in these keys. Whatever departs from
+  /// that is written out.
+  std::string TakeShortTrace();
 
   std::optional<platform::DisplayDevice> DeviceAt(int index) override;
   platform::OsVersion SystemVersion() override;
@@ -144,6 +146,10 @@ class Driven {
  private:
   controls::Control& Find(std::string_view id) const;
 };
+
+/// A number as a reader thinks of it: bit patterns in hexadecimal.
+std::string NumberText(std::int32_t number);
+std::string NumberText(std::optional<std::int32_t> number);
 
 /// What a running program shows or keeps is compared with this in one text.
 std::string Joined(const std::vector<std::string>& lines, std::string_view between = ", ");

@@ -19,6 +19,7 @@ using settings::Writer;
 using test::Driven;
 using test::FakeMachine;
 using test::Joined;
+using test::NumberText;
 using Number = std::optional<std::int32_t>;
 
 std::pair<std::string, std::string> AddressOf(const FakeMachine& machine, const Setting& row) {
@@ -380,7 +381,7 @@ std::string UseOf(FakeMachine& machine, Driven& driven, const Setting& row, std:
   std::vector<std::string> parts = PartsShown(driven, row);
   std::erase(parts, "disabled");
   const std::string shown = Joined(parts);
-  return ShortTrace(machine) + (shown == use ? "" : ", shows " + shown);
+  return machine.TakeShortTrace() + (shown == use ? "" : ", shows " + shown);
 }
 
 }  // namespace
@@ -450,7 +451,7 @@ void ListTyped(Listing& listing) {
           driven.Type(id, "and then");
           each.TakeTrace();
           driven.Type(id, name);
-          return ShortTrace(each) + (driven.Text(twin) == name ? ", on both pages" : "");
+          return each.TakeShortTrace() + (driven.Text(twin) == name ? ", on both pages" : "");
         }));
       }
       ListGroups(listing, id, groups);

@@ -76,7 +76,8 @@ void ListKeys(Listing& listing) {
     driven.Press("main.tf2");
     machine.TakeTrace();
     driven.Press(control->Id());
-    listing.Line(control->Id(), "page " + driven.State("ActivePage") + ", " + ShortTrace(machine));
+    listing.Line(control->Id(),
+                 "page " + driven.State("ActivePage") + ", " + machine.TakeShortTrace());
   }
   EXPECT_EQ(machine.last_window, platform::WindowState::kMinimised);
 }

@@ -13,6 +13,7 @@ namespace kestrune::catalogue {
 
 using test::FakeMachine;
 using test::MachineKind;
+using test::NumberText;
 
 namespace {
 
@@ -44,7 +45,7 @@ struct Writers {
       opengl->WriteOpenGLSetting(code, argument);
     }
     EXPECT_EQ(registry.WriteAsBinary, 0) << code;
-    return ShortTrace(machine);
+    return machine.TakeShortTrace();
   }
 
   /// Every deletion then shows.

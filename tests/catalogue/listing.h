@@ -12,16 +12,6 @@
 
 namespace kestrune::catalogue {
 
-/// A number as the rules give it: bit patterns in hexadecimal.
-std::string NumberText(std::int32_t number);
-std::string NumberText(std::optional<std::int32_t> number);
-
-/// What a trace changes, in short: "D3D NAME = NUMBER" and "GL NAME = NUMBER" for the values of
-/// the interfaces where and as this system's driver keeps them, without the OGL_ of the NT family;
-/// "Tweak", "Debug" and "Options" for REG_DWORD in these keys. Whatever departs from that is
-/// written out.
-std::string ShortTrace(test::FakeMachine& machine);
-
 /// The listing, section by section: a line for each thing, with what came of it.
 class Listing {
  public:

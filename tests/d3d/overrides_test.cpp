@@ -10,7 +10,6 @@ namespace {
 using test::Driven;
 using test::FakeMachine;
 using test::Joined;
-using Number = std::optional<std::uint32_t>;
 
 constexpr std::string_view kTextures = "direct3d.multitexturing.max-simultaneous-textures";
 constexpr std::string_view kTexturesLabel =
@@ -38,8 +37,8 @@ TEST(MultitexturingTest, AStoredCountAboveTheCardsIsRemovedAtStart) {
   machine.StoreDirect3D(kTexturesName, 8);
   machine.TakeTrace();
   Driven driven(machine);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine(kTexturesName, Number()) + ", " +
-                                             std::string(kReload) + ", " + std::string(kVersion));
+  EXPECT_EQ(Joined(machine.TakeTrace()),
+            "delete K D3D_59954022, " + std::string(kReload) + ", " + std::string(kVersion));
   EXPECT_EQ(machine.last_window, platform::WindowState::kMinimised);
   EXPECT_EQ(driven.Text(kTextures), "4");
   EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: Default");
@@ -59,9 +58,10 @@ TEST(MultitexturingTest, TheOverrideLiftsTheLimitAndItsEndRemovesWhatIsAbove) {
   EXPECT_EQ(Driven(machine).Text(kTextures), "12");
   machine.TakeTrace();
   driven.Tick(kOverrideTextures, false);
-  EXPECT_EQ(Joined(machine.TakeTrace()),
-            R"(write HKCU\Software\Kestrune OverrideMultiTexture REG_DWORD 0, )" +
-                machine.Direct3DLine(kTexturesName, Number()) + ", " + std::string(kReload));
+  EXPECT_EQ(
+      Joined(machine.TakeTrace()),
+      R"(write HKCU\Software\Kestrune OverrideMultiTexture REG_DWORD 0, delete K D3D_59954022, )" +
+          std::string(kReload));
   driven.Tick(kOverrideTextures);
   driven.Move(kTextures, 5);
   driven.Move(kTextures, 17);
@@ -95,7 +95,7 @@ TEST(OverridesTest, AMoveOffersToApplyAndApplyingReloadsOnce) {
   }
   // The top, here the card's own limit, leaves the version to the driver.
   driven.Move(kPixel, 5);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine(kPixelName, Number()));
+  EXPECT_EQ(Joined(machine.TakeTrace()), "delete K D3d_59954021");
   EXPECT_EQ(driven.Caption("direct3d.shaders.pixel-shader-label"), "Pixel Shader: Default");
 }
 

@@ -158,7 +158,7 @@ TEST(StartUpTest, AMissingLanguageLeavesEmptyCaptionsAndEverythingUsable) {
   EXPECT_EQ(driven.Caption("main.language-header"), "");
   machine.TakeTrace();
   driven.Tick("direct3d.filtering.trilinear-optimization", false);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3D_94118636", 1));
+  EXPECT_EQ(machine.TakeShortTrace(), "D3D D3D_94118636 = 1");
   driven.Choose("main.language", 1);
   EXPECT_EQ(machine.Stored(kOptionsKey, "Language"), "REG_SZ en");
 }
@@ -174,13 +174,12 @@ TEST(StartUpTest, EveryTextOfAnotherLanguageIsUsedWhereItIsCompared) {
   machine.TakeTrace();
   driven.Choose(mode, 0);
   driven.Choose(mode, 1);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3DOGL_70835937", 0x10000000) +
-                                             ", " + machine.Direct3DLine("D3DOGL_70835937", 0));
+  EXPECT_EQ(machine.TakeShortTrace(), "D3D D3DOGL_70835937 = 0x10000000, D3D D3DOGL_70835937 = 0");
   driven.Choose("opengl.filtering.anisotropic-filtering", 0);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3DOGL_74095213", 1));
+  EXPECT_EQ(machine.TakeShortTrace(), "D3D D3DOGL_74095213 = 1");
   driven.Choose("opengl.compatibility.opengl-version-override", 0);
   driven.Choose("opengl.misc.synchronization-mode", 0);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.OpenGLLine("DefaultSwapInterval", 0xFFFFFFFF));
+  EXPECT_EQ(machine.TakeShortTrace(), "GL DefaultSwapInterval = -1");
 }
 
 TEST(StartUpTest, AFileOnTheCommandLineEndsTheProgramWithAMessage) {
