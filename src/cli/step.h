@@ -19,6 +19,7 @@ struct Step {
   std::string id = {};     ///< of a control, page or window; empty for all pages that are shown
   std::string value = {};  ///< of a set
   long long wait_ms = 0;
+  bool opens_window = false;  ///< the window that it names, or that its control stands in, first
 };
 
 /// Reads one step of `do`; nothing when it has no such form.

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/script.h"
 #include "cli/step.h"
 #include "fake_machine.h"
 #include "platform/portable/portable_machine.h"
@@ -94,7 +95,8 @@ TEST_F(CommandLineTest, TheOldDriversOfWindows98StoreTheirOwnForms) {
             key + "D3D_08285629 REG_DWORD 1459706256\n" + key + "D3d_70835937 REG_DWORD 2\n");
   EXPECT_EQ(trace("win98-tnt2", "4x"), key + "ANTIALIASENABLE REG_DWORD 1\n" + key +
                                            "ANTIALIASQUALITY REG_DWORD 3\n" + key +
-                                           "ANTIALIASFORCEENABLE REG_DWORD 4\n");
+                                           "ANTIALIASFORCEENABLE REG_DWORD 4\n" +
+                                           "note: \"4x\" is none of the items of " + kMode + "\n");
 }
 
 TEST_F(CommandLineTest, ADryRunKeepsNothingAndSaysWhatItWouldStart) {
@@ -170,7 +172,6 @@ TEST_F(CommandLineTest, ValuesAreItemsInAnyCasePositionsOrTypedText) {
       {"direct3d.misc.synchronization-mode", "dIsAbLeD", "Disabled"},
       {"direct3d.misc.synchronization-mode", "#0", "Auto"},
       {"direct3d.filtering.texture-lod-bias", "-7", "-7"},
-      {kMode, "6x", "6x"},
       {"direct3d.filtering.anisotropic-filtering", "#5", "16x"},
       {"direct3d.antialiasing.zoom", "on", "on"},
       {"main.group-scroll-bar", "2", "2"}};
@@ -178,6 +179,13 @@ TEST_F(CommandLineTest, ValuesAreItemsInAnyCasePositionsOrTypedText) {
     EXPECT_EQ(Out({"do", id + "=" + value, "?" + id}), shown + "\n") << id;
   }
   EXPECT_EQ(Run({"set", "direct3d.misc.synchronization-mode=#3"}).status, 3);
+}
+
+TEST_F(CommandLineTest, ATypedTextThatIsNoItemIsSaid) {
+  const Outcome typed = Run({"set", std::string(kMode) + "=6x"});
+  EXPECT_EQ(typed.status, 0);
+  EXPECT_EQ(typed.err, "note: \"6x\" is none of the items of " + std::string(kMode) + "\n");
+  EXPECT_EQ(Run({"do", std::string(kMode) + "=QUINCUNX", "?" + std::string(kMode)}).err, "");
 }
 
 TEST_F(CommandLineTest, AControlsPageIsShownFirstAsAUserWould) {
@@ -415,6 +423,44 @@ TEST(KnownIdsTest, AreThoseOfTheProgram) {
     for (const auto& control : form->Controls()) {
       EXPECT_TRUE(ids.Check({.kind = Step::Kind::kPress, .id = control->Id()})) << control->Id();
     }
+  }
+}
+
+/// Any window stands in for a modal one: the gate alone knows which window takes all acts.
+TEST(ScriptTest, AModalWindowLeavesOnlyLooksAtTheOthers) {
+  struct Case {
+    const char* step;
+    const char* refusal;  ///< empty for a step that is done
+  };
+  const Case cases[] = {
+      {"direct3d.misc.prerender-limit=5", "direct3d.misc.prerender-limit can't be used while"},
+      {"info.basic.vga-device", "info.basic.vga-device can't be used while"},
+      {"main.enable-help-system=off", "main.enable-help-system can't be used while"},
+      {"main.nvcpl4", "main.nvcpl4 can't be used while"},
+      {"page:opengl.misc", "opengl.misc can't be used while"},
+      {"page:info.basic", "info.basic can't be used while"},
+      {"open:main", "main can't be used while"},
+      {"close:main", "main can't be used while"},
+      {"?direct3d.misc.prerender-limit", ""},
+      {"~direct3d.misc.prerender-limit", ""},
+      {"wait:10", ""},
+      {"open:help", ""},
+      {"help.topic-8", "help.topic-8 is nothing that can be pressed"},
+      {"close:help", ""}};
+  for (const Case& each : cases) {
+    test::FakeMachine machine;
+    test::Driven driven(machine);
+    driven.Hover("direct3d.misc.prerender-limit");
+    driven.program.Gate().SetModal(&driven.program.FormOf("help").TheWindow());
+    machine.TakeTrace();
+    std::ostringstream text;
+    Output out(text, false);
+    const Status status =
+        Script(driven.program, out, {text, text}).Run({ParseStep(each.step).value()});
+    EXPECT_EQ(status == Status::kDone, *each.refusal == '\0') << each.step << ": " << text.str();
+    EXPECT_NE(text.str().find(each.refusal), std::string::npos) << each.step << text.str();
+    EXPECT_EQ(driven.program.ActivePage(), 4) << each.step;
+    EXPECT_EQ(machine.TakeTrace(), std::vector<std::string>()) << each.step;
   }
 }
 
