@@ -253,7 +253,7 @@ Json ControlJson(Control& control) {
   return json;
 }
 
-Result<void> Outcome(const controls::Gate& gate, const Control& control, Refusal refusal) {
+Result<void> ToResult(const controls::Gate& gate, const Control& control, Refusal refusal) {
   switch (refusal) {
     case Refusal::kNone:
       return {};
@@ -280,7 +280,7 @@ Result<std::string> UseValue(controls::Gate& gate, Control& control, const std::
   if (!user.Taken()) {
     return Fail(control.Id() + " can't be set to \"" + OneLine(value) + "\": " + user.Why() + ".");
   }
-  if (const Result<void> done = Outcome(gate, control, refusal); !done) return Fail(done.Reason());
+  if (const Result<void> done = ToResult(gate, control, refusal); !done) return Fail(done.Reason());
   if (!user.Typed()) return std::string();
   return '"' + OneLine(value) + "\" is none of the items of " + control.Id();
 }
@@ -292,7 +292,7 @@ Result<void> Press(controls::Gate& gate, Control& control) {
     return presser.pressed;
   });
   if (refusal == Refusal::kNotTaken) return Fail(control.Id() + " is nothing that can be pressed.");
-  return Outcome(gate, control, refusal);
+  return ToResult(gate, control, refusal);
 }
 
 }  // namespace kestrune::cli

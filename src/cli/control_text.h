@@ -22,8 +22,8 @@ std::string ShowLine(const controls::Control& control);
 Json ControlJson(controls::Control& control);
 
 /// What the gate said to an act on a control: where it refused, the sentence that says why.
-platform::Result<void> Outcome(const controls::Gate& gate, const controls::Control& control,
-                               controls::Refusal refusal);
+platform::Result<void> ToResult(const controls::Gate& gate, const controls::Control& control,
+                                controls::Refusal refusal);
 /// Does what a person does to set a control to a value. What it gives is a sentence to say of the
 /// value although it was taken; empty for none.
 platform::Result<std::string> UseValue(controls::Gate& gate, controls::Control& control,

@@ -65,13 +65,34 @@ void Script::Print(Control& control) {
   out_.Line(OneLine(control.ValueText()));
 }
 
+/// What a person uses to get to a page: its own key, or one of its group, whose scroll bar goes the
+/// rest of the way. Null for a page that the window can't reach.
+const Control* Script::WayTo(int page) const {
+  const forms::PageRow& wanted = forms::kPages[static_cast<std::size_t>(page)];
+  const Control* way = nullptr;
+  for (const forms::PageRow& row : forms::kPages) {
+    const bool is_beside = row.group == wanted.group && row.group != forms::Group::kNone;
+    const Control* key = program_.Find(row.key);
+    if (!key->Usable()) continue;
+    if (row.id == wanted.id) return key;
+    if (is_beside && way == nullptr) way = key;
+  }
+  return way;
+}
+
 /// Shows the page on which a control stands.
 Result<void> Script::GoTo(const Control& control) {
   const int page = program_.PageOf(control);
   if (page < 0) return {};
+  const bool is_there = page == program_.ActivePage();
+  const Control* way = is_there ? &control.Root() : WayTo(page);
+  if (way == nullptr) {
+    return Fail("the window can't reach " + program_.Main().Page(page).Id() +
+                ": no key that is enabled leads there.");
+  }
   controls::Gate& gate = program_.Gate();
-  return Outcome(gate, control, gate.Act(control.Root(), [this, page] {
-    if (page != program_.ActivePage()) program_.GoToPage(page);
+  return ToResult(gate, control, gate.Act(*way, [this, page, is_there] {
+    if (!is_there) program_.GoToPage(page);
     return true;
   }));
 }
@@ -87,7 +108,7 @@ Result<void> Script::Open(const std::string& window) {
   controls::Gate& gate = program_.Gate();
   const Control& target = *program_.Find(window);
   // An open one comes to the front, which is nothing to see in a terminal.
-  if (target.Visible()) return Outcome(gate, target, gate.Act(target, [] { return true; }));
+  if (target.Visible()) return ToResult(gate, target, gate.Act(target, [] { return true; }));
   const std::string_view opened_by = program_.FormOf(window).WindowsRow().opened_by;
   if (opened_by.empty()) {
     return Fail(window + " can't be opened by name; it opens when the mouse moves over a setting.");
@@ -106,7 +127,7 @@ Result<void> Script::Close(const std::string& window) {
     return true;
   });
   if (refusal == Refusal::kWindowClosed) return Fail(window + " isn't open.");
-  return Outcome(gate, target, refusal);
+  return ToResult(gate, target, refusal);
 }
 
 /// Prints the controls of a page or window, or of all pages.

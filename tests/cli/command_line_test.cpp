@@ -2,56 +2,19 @@
 
 #include "cli/command_line.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "cli/command.h"
-#include "cli/script.h"
+#include "cli/command_line_run.h"
 #include "cli/step.h"
-#include "fake_machine.h"
-#include "platform/portable/portable_machine.h"
 
 namespace kestrune::cli {
 namespace {
 
-constexpr const char* kMode = "direct3d.antialiasing.antialiasing-mode";
-constexpr const char* kLimit = "direct3d.misc.prerender-limit";
 const std::string kKey =
     R"(HKLM\System\CurrentControlSet\Control\Video\{3E8D1C47-A2B6-4D95-8F13-5B7A60C9E2D4}\0000)";
-
-struct Outcome {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-struct CommandLineTest : testing::Test {
-  Outcome Run(std::vector<std::string> arguments,
-              const std::string& machine = "winxp-geforce7800") {
-    std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
-                                    "--machine",        machine,
-                                    "--program-folder", KESTRUNE_DATA_FOLDER};
-    all.insert(all.end(), arguments.begin(), arguments.end());
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = RunCommandLine(all, machines, {out, err});
-    return {status, out.str(), err.str()};
-  }
-  /// What a run prints, which must succeed in silence.
-  std::string Out(const std::vector<std::string>& arguments) {
-    const Outcome outcome = Run(arguments);
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(outcome.err, "");
-    return outcome.out;
-  }
-
-  platform::TempFolder folder;
-  platform::portable::PortableMachines machines;
-};
 
 TEST_F(CommandLineTest, ASettingIsOneTracedWriteThatTheNextRunShows) {
   const Outcome set = Run({"--trace", "set", std::string(kMode) + "=4x"});
@@ -423,44 +386,6 @@ TEST(KnownIdsTest, AreThoseOfTheProgram) {
     for (const auto& control : form->Controls()) {
       EXPECT_TRUE(ids.Check({.kind = Step::Kind::kPress, .id = control->Id()})) << control->Id();
     }
-  }
-}
-
-/// Any window stands in for a modal one: the gate alone knows which window takes all acts.
-TEST(ScriptTest, AModalWindowLeavesOnlyLooksAtTheOthers) {
-  struct Case {
-    const char* step;
-    const char* refusal;  ///< empty for a step that is done
-  };
-  const Case cases[] = {
-      {"direct3d.misc.prerender-limit=5", "direct3d.misc.prerender-limit can't be used while"},
-      {"info.basic.vga-device", "info.basic.vga-device can't be used while"},
-      {"main.enable-help-system=off", "main.enable-help-system can't be used while"},
-      {"main.nvcpl4", "main.nvcpl4 can't be used while"},
-      {"page:opengl.misc", "opengl.misc can't be used while"},
-      {"page:info.basic", "info.basic can't be used while"},
-      {"open:main", "main can't be used while"},
-      {"close:main", "main can't be used while"},
-      {"?direct3d.misc.prerender-limit", ""},
-      {"~direct3d.misc.prerender-limit", ""},
-      {"wait:10", ""},
-      {"open:help", ""},
-      {"help.topic-8", "help.topic-8 is nothing that can be pressed"},
-      {"close:help", ""}};
-  for (const Case& each : cases) {
-    test::FakeMachine machine;
-    test::Driven driven(machine);
-    driven.Hover("direct3d.misc.prerender-limit");
-    driven.program.Gate().SetModal(&driven.program.FormOf("help").TheWindow());
-    machine.TakeTrace();
-    std::ostringstream text;
-    Output out(text, false);
-    const Status status =
-        Script(driven.program, out, {text, text}).Run({ParseStep(each.step).value()});
-    EXPECT_EQ(status == Status::kDone, *each.refusal == '\0') << each.step << ": " << text.str();
-    EXPECT_NE(text.str().find(each.refusal), std::string::npos) << each.step << text.str();
-    EXPECT_EQ(driven.program.ActivePage(), 4) << each.step;
-    EXPECT_EQ(machine.TakeTrace(), std::vector<std::string>()) << each.step;
   }
 }
 
