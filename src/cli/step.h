@@ -35,8 +35,8 @@ class KnownIds {
 
  private:
   const controls::Control* Find(std::string_view id) const;
-  bool Knows(const Step& step) const;
-  std::string Nearest(std::string_view id) const;
+  bool Knows(Step::Kind kind, std::string_view id) const;
+  std::vector<std::string_view> Candidates(const Step& step) const;
 
   std::vector<std::unique_ptr<forms::Form>> forms_;
 };
