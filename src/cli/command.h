@@ -52,6 +52,8 @@ struct Command {
   platform::Result<std::vector<Step>> (*steps)(const Arguments& arguments) = nullptr;
   /// Null for a command that every machine has.
   bool (platform::MachineSource::*offered)() const = nullptr;
+  /// Nothing behind its first argument is an option, whatever it looks like.
+  bool takes_all_words = false;
 };
 
 /// A word before the names of several commands.

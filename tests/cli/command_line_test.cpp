@@ -278,6 +278,59 @@ TEST_F(CommandLineTest, TheRegistryIsWorkedOnWithoutTheDriversRules) {
             "e\tREG_SZ two words\nf\tTYPE_7 41 00\n");
 }
 
+TEST_F(CommandLineTest, DataIsStoredAsItStands) {
+  const std::string key = R"(HKCU\Software\Test)";
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"[a,b]"}, "[a,b]"},         {{"[]"}, "[]"},        {{"{}"}, "{}"},
+      {{"[a", "b]"}, "[a b]"},      {{"-x"}, "-x"},        {{"--json"}, "--json"},
+      {{"--answer="}, "--answer="}, {{"--", "x"}, "-- x"}, {{"++", "+1"}, "++ +1"},
+      {{"--help"}, "--help"},       {{"list"}, "list"}};
+  for (const auto& [data, stored] : cases) {
+    std::vector<std::string> write = {"registry", "write", key, "[name]", "REG_SZ"};
+    write.insert(write.end(), data.begin(), data.end());
+    EXPECT_EQ(Out(write), "");
+    EXPECT_EQ(Out({"registry", "read", key, "[name]"}), "REG_SZ " + stored + "\n");
+  }
+  EXPECT_EQ(Out({"--json", "registry", "write", key, "empty", "REG_SZ", ""}), "");
+  EXPECT_EQ(Out({"registry", "read", key, "empty"}), "REG_SZ\n");
+  const std::string typed = std::string(kMode) + "=[2x,4x]";
+  EXPECT_EQ(Run({"do", typed, "?" + std::string(kMode)}).out, "[2x,4x]\n");
+  ExpectRefused(2, "\"[a,b]\"", {"do", "[a,b]"});
+}
+
+TEST_F(CommandLineTest, AWrongCommandLineIsToldInOneSentence) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{}, "a command is missing; there are pages, show, "},
+      {{"stat"}, "\"stat\"; nearest: state"},
+      {{"registry"}, "a command is missing; there are registry read, "},
+      {{"registry", "wrte", "HKCU\\A"}, "\"registry wrte\"; nearest: registry write"},
+      {{"registry", "read"}, "KEY is missing; write \"registry read KEY [NAME]\""},
+      {{"clocks", "set", "300"}, "MEMORY is missing; write \"clocks set CORE MEMORY\""},
+      {{"get", "--json"}, "ID is missing; write \"get ID...\""},
+      {{"show", "main", "help"}, "\"help\" is more than \"show [PAGE|WINDOW]\" takes"},
+      {{"get", kLimit, "--jason"}, "\"--jason\"; nearest: --json"},
+      {{"--store", "", "state"}, "--store: FILE is empty"},
+      {{"--store=", "state"}, "--store: FILE is empty"},
+      {{"--machine", "", "state"}, "--machine: NAME|FILE is empty"},
+      {{"--program-folder", "", "state"}, "--program-folder: DIR is empty"},
+      {{"state", "--answer"}, "--answer"},
+      {{"--answer", "maybe", "state"}, "maybe"}};
+  for (const auto& [words, part] : cases) ExpectRefused(2, part, words);
+}
+
+TEST_F(CommandLineTest, SuggestsTheNearestOfTheSameSortByTheLastPartFirst) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"get", "antialiasing-mode"}, kMode},
+      {{"set", "prerender-limt=3"}, "direct3d.misc.prerender-limit, "},
+      {{"press", "aply"}, "nearest: overclocking.apply"},
+      {{"do", "page:opengl.mis"}, "nearest: opengl.misc"},
+      {{"do", "page:main.oc"}, "no page \"main.oc\"; nearest: "},
+      {{"do", "open:hlp"}, "nearest: help"},
+      {{"do", "open:help.topic-3"}, "nearest: help\n"},
+      {{"show", "overclocking.apply"}, "nearest: overclocking\n"}};
+  for (const auto& [words, part] : cases) ExpectRefused(2, part, words);
+}
+
 TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {
   const std::string good = folder.Write(
       "good.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:0000000a\n");
