@@ -56,12 +56,16 @@ struct Command {
   bool takes_all_words = false;
 };
 
+struct Flag {
+  std::string_view name;
+  std::string_view help;
+};
+
 /// A word before the names of several commands.
 struct CommandGroup {
   std::string_view name;
   std::string_view help;
-  std::string_view flag = {};  ///< of every command of the group
-  std::string_view flag_help = {};
+  std::span<const Flag> flags = {};  ///< of every command of the group, one of them at a time
 };
 
 /// All commands in the order of the help, those of a group beside each other.

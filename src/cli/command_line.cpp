@@ -152,9 +152,12 @@ CLI::App& CommandLine::GroupOf(std::string_view name) {
   CLI::App& group = AddWord(app_, row->name, row->help);
   made = &group;
   group.require_subcommand(1);
-  if (!row->flag.empty()) {
-    group.add_flag(std::string(row->flag), arguments_.flags[row->flag],
-                   std::string(row->flag_help));
+  std::vector<CLI::Option*> others;
+  for (const Flag& flag : row->flags) {
+    CLI::Option* option =
+        group.add_flag(std::string(flag.name), arguments_.flags[flag.name], std::string(flag.help));
+    for (CLI::Option* other : others) option->excludes(other);
+    others.push_back(option);
   }
   return group;
 }
