@@ -56,7 +56,10 @@ class JsonMaker : public ControlVisitor {
     Kind("bar");
     Size(bar);
   }
-  void Visit(controls::Frame&) override { Kind("frame"); }
+  void Visit(controls::Frame& frame) override {
+    Kind("frame");
+    Size(frame);
+  }
   void Visit(controls::ToolKey&) override { Kind("key"); }
   void Visit(controls::Window& window) override {
     Kind("window");

@@ -247,7 +247,10 @@ TEST_F(CommandLineTest, JsonIsOneDocumentWithWhatTheKindHas) {
   for (const char* key : {"left", "top", "opacity"}) EXPECT_TRUE(get[4].contains(key)) << key;
   EXPECT_EQ(json({"state"})["DrvVer"], 8195);
   EXPECT_EQ(json({"pages"})[15]["id"], "info.processes");
-  EXPECT_EQ(json({"show", "info.basic"})[0]["kind"], "frame");
+  const auto page = json({"show", "info.basic"})[0];
+  EXPECT_EQ(page["kind"], "frame");
+  EXPECT_EQ(page["width"], 7560);
+  EXPECT_EQ(page["height"], 4260);
   EXPECT_EQ(json({"do", "page:opengl.misc"}), nlohmann::json::array());
 }
 
