@@ -116,9 +116,7 @@ void CommandLine::AddGlobalOptions() {
   app_.add_option("--answer", answer_, "The button that answers messages")
       ->check(CLI::IsMember({"ok", "cancel"}))
       ->type_name("ok|cancel");
-  app_.set_version_flag("--version", "kestrunectl " + std::to_string(core::kMajorVersion) + "." +
-                                         std::to_string(core::kMinorVersion) + "." +
-                                         std::to_string(core::kRevision));
+  app_.set_version_flag("--version", "kestrunectl " + core::VersionText());
 }
 
 void CommandLine::Add(const Command& command) {
