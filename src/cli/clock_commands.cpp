@@ -21,13 +21,18 @@ Step SetStep(std::string_view id, const std::string& value) {
 
 Step PageStep() { return {.kind = Step::Kind::kPage, .id = "overclocking"}; }
 
-/// Shows the page and chooses the pair, unless it is the one that the page shows.
+/// Shows the page and chooses the pair that is asked for, as its options do. A card that has one
+/// pair has none but the 2D pair, whatever an earlier card has left behind.
 Status ChoosePair(Run& run, forms::Program& program, Script& script) {
   if (const Status status = script.Run({PageStep()}); status != Status::kDone) return status;
-  const std::string_view id =
-      run.arguments.Flag("--3d") ? "overclocking.3d-speed" : "overclocking.2d-speed";
-  if (program.Find(id)->ValueText() == "on") return Status::kDone;
-  return script.Run({SetStep(id, "on")});
+  const bool wants_2d = run.arguments.Flag("--2d");
+  const bool wants_3d = run.arguments.Flag("--3d");
+  const bool has_choice = program.Find("overclocking.3d-speed")->Enabled();
+  if (has_choice && wants_2d) return script.Run({SetStep("overclocking.2d-speed", "on")});
+  if (has_choice && wants_3d) return script.Run({SetStep("overclocking.3d-speed", "on")});
+  if (!wants_3d) return Status::kDone;
+  run.streams.Complain("this card has one pair of clocks, so there is no 3D pair to choose.");
+  return Status::kImpossible;
 }
 
 /// Whether a box holds text that was refused.
@@ -58,7 +63,7 @@ Status SetClocks(Run& run, forms::Program& program) {
     return status;
   }
   std::vector<Step> steps = {SetStep("overclocking.core-clock", run.arguments.Word("CORE"))};
-  // With the 3D pair the memory's box is disabled: only its own number goes along.
+  // While the page shows the 3D pair the memory's box is disabled: only its own number goes along.
   const std::string& memory = run.arguments.Word("MEMORY");
   if (program.Find("overclocking.memory-clock")->ValueText() != memory) {
     steps.push_back(SetStep("overclocking.memory-clock", memory));
@@ -67,7 +72,10 @@ Status SetClocks(Run& run, forms::Program& program) {
   const Status status = script.Run(steps);
   const bool refused = IsMarked(program, "overclocking.core-clock") ||
                        IsMarked(program, "overclocking.memory-clock");
-  return refused ? Status::kImpossible : status;
+  if (!refused) return status;
+  run.streams.Complain("the clocks can't be set to \"" + OneLine(run.arguments.Word("CORE")) +
+                       "\" and \"" + OneLine(memory) + "\".");
+  return Status::kImpossible;
 }
 
 Status ResetClocks(Run& run, forms::Program& program) {

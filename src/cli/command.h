@@ -52,14 +52,20 @@ struct Command {
   platform::Result<std::vector<Step>> (*steps)(const Arguments& arguments) = nullptr;
   /// Null for a command that every machine has.
   bool (platform::MachineSource::*offered)() const = nullptr;
+  /// Nothing behind its first argument is an option, whatever it looks like.
+  bool takes_all_words = false;
+};
+
+struct Flag {
+  std::string_view name;
+  std::string_view help;
 };
 
 /// A word before the names of several commands.
 struct CommandGroup {
   std::string_view name;
   std::string_view help;
-  std::string_view flag = {};  ///< of every command of the group
-  std::string_view flag_help = {};
+  std::span<const Flag> flags = {};  ///< of every command of the group, one of them at a time
 };
 
 /// All commands in the order of the help, those of a group beside each other.

@@ -2,15 +2,58 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "cli/command.h"
+#include "cli/control_text.h"
+#include "cli/suggestion.h"
 #include "core/options.h"
 
 namespace kestrune::cli {
 
 namespace {
+
+/// Keeps the parser from its own ideas of a word: one in brackets would be a list, and behind an
+/// option with nothing after its "=" the next word would be its value. No word of a command line
+/// holds this mark.
+constexpr char kMark = '\0';
+
+std::string Marked(const std::string& word) {
+  if (word.starts_with('[')) return kMark + word;
+  return word.starts_with("--") && word.ends_with('=') ? word + kMark : word;
+}
+
+std::string Unmarked(std::string word) {
+  std::erase(word, kMark);
+  return word;
+}
+
+/// The name of a command in a group, or of one without, which stand behind the program itself.
+std::string NameBehind(const CLI::App& word, const std::string& name) {
+  return word.get_parent() == nullptr ? name : word.get_name() + ' ' + name;
+}
+
+std::vector<std::string> NamesBehind(const CLI::App& word) {
+  std::vector<std::string> names;
+  for (const CLI::App* each : word.get_subcommands({})) {
+    names.push_back(NameBehind(word, each->get_name()));
+  }
+  return names;
+}
+
+/// The options that may stand behind a word.
+std::set<std::string> OptionsOf(const CLI::App& word) {
+  std::set<std::string> names;
+  for (const CLI::App* each = &word; each != nullptr; each = each->get_parent()) {
+    for (const CLI::Option* option : each->get_options()) {
+      if (option->nonpositional()) names.insert(option->get_name());
+    }
+  }
+  return names;
+}
 
 /// Builds the options and commands of a machine from their rows and runs the chosen one.
 class CommandLine {
@@ -32,7 +75,14 @@ class CommandLine {
   void Add(const Command& command);
   CLI::App& AddWord(CLI::App& parent, std::string_view name, std::string_view help);
   CLI::App& GroupOf(std::string_view name);
+  void AddText(const std::string& name, std::string& text, const std::string& help,
+               const std::string& type);
   void AddArgument(CLI::App& command, std::string_view argument);
+  const CLI::App& LastWord() const;
+  std::string UsageOf(const CLI::App& word) const;
+  std::string Complaint(const CLI::ParseError& fault) const;
+  std::string Unexpected(const std::string& given) const;
+  std::string Missing() const;
   Status RunChosen();
   bool PrepareSteps(std::vector<Step>& steps);
 
@@ -44,20 +94,20 @@ class CommandLine {
   Arguments arguments_;
   const Command* chosen_ = nullptr;
   std::map<std::string_view, CLI::App*> groups_;
+  std::map<const CLI::App*, const Command*> commands_;
   CLI::App app_{"Kestrune in a terminal: shows and changes the display driver's settings."};
 };
 
 void CommandLine::AddGlobalOptions() {
   platform::MachineOptions& machine = options_.machine;
   if (machines_.HasStores()) {
-    app_.add_option("--store", machine.store, "The registry's file")->type_name("FILE");
+    AddText("--store", machine.store, "The registry's file", "FILE");
   }
   if (machines_.HasDescriptions()) {
-    app_.add_option("--machine", machine.machine, "The machine's description: its name or its file")
-        ->type_name("NAME|FILE");
+    AddText("--machine", machine.machine, "The machine's description: its name or its file",
+            "NAME|FILE");
   }
-  app_.add_option("--program-folder", machine.program_folder, "The only folder for program files")
-      ->type_name("DIR");
+  AddText("--program-folder", machine.program_folder, "The only folder for program files", "DIR");
   app_.add_flag("--json", options_.json, "Print one JSON document");
   app_.add_flag("--trace{on}", trace_,
                 "Print each change and each started command; =all from the first step on")
@@ -66,9 +116,7 @@ void CommandLine::AddGlobalOptions() {
   app_.add_option("--answer", answer_, "The button that answers messages")
       ->check(CLI::IsMember({"ok", "cancel"}))
       ->type_name("ok|cancel");
-  app_.set_version_flag("--version", "kestrunectl " + std::to_string(core::kMajorVersion) + "." +
-                                         std::to_string(core::kMinorVersion) + "." +
-                                         std::to_string(core::kRevision));
+  app_.set_version_flag("--version", "kestrunectl " + core::VersionText());
 }
 
 void CommandLine::Add(const Command& command) {
@@ -82,7 +130,8 @@ void CommandLine::Add(const Command& command) {
     rest.remove_prefix(std::min(argument.size() + 1, rest.size()));
     AddArgument(word, argument);
   }
-  word.callback([this, &command] { chosen_ = &command; });
+  word.positionals_at_end(command.takes_all_words);
+  commands_[&word] = &command;
 }
 
 CLI::App& CommandLine::AddWord(CLI::App& parent, std::string_view name, std::string_view help) {
@@ -101,11 +150,28 @@ CLI::App& CommandLine::GroupOf(std::string_view name) {
   CLI::App& group = AddWord(app_, row->name, row->help);
   made = &group;
   group.require_subcommand(1);
-  if (!row->flag.empty()) {
-    group.add_flag(std::string(row->flag), arguments_.flags[row->flag],
-                   std::string(row->flag_help));
+  std::vector<CLI::Option*> others;
+  for (const Flag& flag : row->flags) {
+    CLI::Option* option =
+        group.add_flag(std::string(flag.name), arguments_.flags[flag.name], std::string(flag.help));
+    for (CLI::Option* other : others) option->excludes(other);
+    others.push_back(option);
   }
   return group;
+}
+
+/// A global option that takes a text, which may not be empty.
+void CommandLine::AddText(const std::string& name, std::string& text, const std::string& help,
+                          const std::string& type) {
+  const auto take = [&text](const CLI::results_t& words) {
+    text = Unmarked(words.back());
+    return true;
+  };
+  app_.add_option(name, take, help)
+      ->check([type](const std::string& given) {
+        return Unmarked(given).empty() ? type + " is empty" : std::string();
+      })
+      ->type_name(type);
 }
 
 /// An argument of a row, such as "[DATA...]".
@@ -115,13 +181,24 @@ void CommandLine::AddArgument(CLI::App& command, std::string_view argument) {
   if (!is_required) argument = argument.substr(1, argument.size() - 2);
   const bool is_list = argument.ends_with(kMany);
   if (is_list) argument.remove_suffix(kMany.size());
-  const std::string name(argument);
-  CLI::Option* option = is_list ? command.add_option(name, arguments_.lists[argument])
-                                : command.add_option(name, arguments_.words[argument]);
+  const auto take = [this, argument, is_list](const CLI::results_t& words) {
+    if (is_list) {
+      std::transform(words.begin(), words.end(), std::back_inserter(arguments_.lists[argument]),
+                     Unmarked);
+    } else {
+      arguments_.words[argument] = Unmarked(words.front());
+    }
+    return true;
+  };
+  arguments_.words[argument] = {};
+  arguments_.lists[argument] = {};
+  CLI::Option* option = command.add_option(std::string(argument), take);
+  if (is_list) option->expected(1, CLI::detail::expected_max_vector_size)->allow_extra_args();
   option->required(is_required);
 }
 
 Status CommandLine::Run(std::vector<std::string> arguments) {
+  std::transform(arguments.begin(), arguments.end(), arguments.begin(), Marked);
   // The parser takes the arguments last first.
   std::reverse(arguments.begin(), arguments.end());
   try {
@@ -129,13 +206,65 @@ Status CommandLine::Run(std::vector<std::string> arguments) {
   } catch (const CLI::Success& asked) {
     return static_cast<Status>(app_.exit(asked, streams_.out, streams_.err));
   } catch (const CLI::ParseError& fault) {
-    app_.exit(fault, streams_.err, streams_.err);
+    streams_.Complain(Complaint(fault));
     return Status::kWrongUsage;
   }
+  chosen_ = commands_.at(&LastWord());
   if (trace_ == "on") options_.trace = Trace::kAfterStart;
   if (trace_ == "all") options_.trace = Trace::kAll;
   if (answer_ == "cancel") options_.answer = platform::Answer::kCancel;
   return RunChosen();
+}
+
+/// The command that was given, or the group of commands as far as that goes.
+const CLI::App& CommandLine::LastWord() const {
+  const CLI::App* word = &app_;
+  while (!word->get_subcommands().empty()) word = word->get_subcommands().front();
+  return *word;
+}
+
+/// A command as it is written, with its arguments.
+std::string CommandLine::UsageOf(const CLI::App& word) const {
+  const Command& command = *commands_.at(&word);
+  return std::string(command.name) + (command.arguments.empty() ? "" : " ") +
+         std::string(command.arguments);
+}
+
+/// What is wrong with the command line, in one sentence.
+std::string CommandLine::Complaint(const CLI::ParseError& fault) const {
+  const std::vector<std::string> unexpected = app_.remaining(true);
+  if (!unexpected.empty()) return Unexpected(Unmarked(unexpected.front()));
+  if (dynamic_cast<const CLI::RequiredError*>(&fault) != nullptr) return Missing();
+  return std::string(fault.what()) + ".";
+}
+
+std::string CommandLine::Unexpected(const std::string& given) const {
+  const CLI::App& word = LastWord();
+  const std::string quoted = '"' + OneLine(given) + '"';
+  if (given.starts_with('-')) {
+    const std::set<std::string> names = OptionsOf(word);
+    return "there is no option " + quoted + Suggestion(given, {names.begin(), names.end()});
+  }
+  if (commands_.contains(&word)) return quoted + " is more than \"" + UsageOf(word) + "\" takes.";
+  const std::string command = NameBehind(word, given);
+  const std::vector<std::string> names = NamesBehind(word);
+  return "there is no command \"" + OneLine(command) + '"' +
+         Suggestion(command, {names.begin(), names.end()});
+}
+
+std::string CommandLine::Missing() const {
+  const CLI::App& word = LastWord();
+  if (!commands_.contains(&word)) {
+    std::string names;
+    for (const std::string& name : NamesBehind(word)) names += (names.empty() ? " " : ", ") + name;
+    return "a command is missing; there are" + names + '.';
+  }
+  for (const CLI::Option* option : word.get_options()) {
+    if (option->get_required() && option->count() == 0) {
+      return option->get_name() + " is missing; write \"" + UsageOf(word) + "\".";
+    }
+  }
+  return "an argument is missing.";
 }
 
 /// Opens what the chosen command needs and runs it.

@@ -11,8 +11,14 @@ namespace {
 
 using platform::MachineSource;
 
+constexpr Flag kPairFlags[] = {
+    {"--2d", "The 2D pair of a card that has two; the only pair of any other"},
+    {"--3d", "The 3D pair of a card that has two"},
+};
+
 constexpr CommandGroup kGroups[] = {
-    {"clocks", "The overclocking page in one word", "--3d", "The 3D pair of a card that has two"},
+    {"clocks", "The overclocking page in one word, for the pair that it shows unless one is named",
+     kPairFlags},
     {"registry", "Work on the registry itself, without the driver's rules"},
 };
 
@@ -29,11 +35,15 @@ constexpr Command kCommands[] = {
      "STEP...", PrintSteps, WrittenSteps},
     {"state", "Print the shared values", "", State},
     {"languages", "Print the languages that can be chosen", "", Languages},
-    {"clocks show", "Print the default and the current clocks", "", ShowClocks},
-    {"clocks set", "Set the clocks, in MHz", "CORE MEMORY", SetClocks},
-    {"clocks reset", "Go back to the driver's default clocks", "", ResetClocks},
+    {"clocks show", "Print the default and the current clocks, with --2d or --3d of that pair", "",
+     ShowClocks},
+    {"clocks set", "Set the clocks, in MHz, with --2d or --3d of that pair", "CORE MEMORY",
+     SetClocks},
+    {"clocks reset", "Go back to the driver's default clocks, with --2d or --3d of that pair", "",
+     ResetClocks},
     {"registry read", "Print one value, as TYPE DATA", "KEY [NAME]", ReadRegistry},
-    {"registry write", "Store one value", "KEY NAME TYPE [DATA...]", WriteRegistry},
+    {"registry write", "Store one value", "KEY NAME TYPE [DATA...]", WriteRegistry, nullptr,
+     nullptr, true},
     {"registry delete", "Delete one value", "KEY NAME", DeleteRegistry},
     {"registry list", "Print the keys below a key and its values", "KEY", ListRegistry},
     {"registry import", "Make the changes of a registry file", "FILE", ImportRegistry},

@@ -1,9 +1,7 @@
 #include "cli/control_text.h"
 
-#include <algorithm>
 #include <optional>
 
-#include "platform/case_fold.h"
 #include "platform/parse_number.h"
 #include "ui/forms/main_form.h"
 
@@ -13,6 +11,7 @@ namespace {
 
 using controls::Control;
 using controls::ControlVisitor;
+using controls::Refusal;
 using platform::Fail;
 using platform::Result;
 
@@ -57,7 +56,10 @@ class JsonMaker : public ControlVisitor {
     Kind("bar");
     Size(bar);
   }
-  void Visit(controls::Frame&) override { Kind("frame"); }
+  void Visit(controls::Frame& frame) override {
+    Kind("frame");
+    Size(frame);
+  }
   void Visit(controls::ToolKey&) override { Kind("key"); }
   void Visit(controls::Window& window) override {
     Kind("window");
@@ -94,21 +96,6 @@ std::optional<int> ParsePosition(const std::string& value) {
   return position && *position >= 0 ? position : std::nullopt;
 }
 
-/// The position in a list that a value names: an item, exactly or without regard to case, or "#n",
-/// which the list may lack. -1 for a value that names none.
-int FindItem(const std::vector<std::string>& items, const std::string& value) {
-  const auto index = [&items](auto found) {
-    return found == items.end() ? -1 : static_cast<int>(found - items.begin());
-  };
-  if (const int exact = index(std::find(items.begin(), items.end(), value)); exact >= 0) {
-    return exact;
-  }
-  const int folded = index(std::find_if(items.begin(), items.end(), [&value](const auto& item) {
-    return platform::SameWithoutCase(item, value);
-  }));
-  return folded >= 0 ? folded : ParsePosition(value).value_or(-1);
-}
-
 std::string Listed(const std::vector<std::string>& items) {
   if (items.empty()) return "it has no items";
   std::string text = "its items are";
@@ -137,12 +124,12 @@ class ValueUser : public ControlVisitor {
     }
   }
   void Visit(controls::ComboBox& combo) override {
-    const int position = FindItem(combo.Items(), value_);
-    const bool taken = position >= 0 ? combo.Choose(position) : combo.Type(value_);
-    if (!taken) Refuse(Listed(combo.Items()));
+    const std::optional<int> position = PositionIn(combo);
+    if (position ? !combo.Choose(*position) : !TakesText(combo)) Refuse(Listed(combo.Items()));
   }
   void Visit(controls::ListBox& list) override {
-    if (!list.Choose(FindItem(list.Items(), value_))) Refuse(Listed(list.Items()));
+    const int position = PositionIn(list).value_or(list.ItemFor(value_));
+    if (!list.Choose(position)) Refuse(Listed(list.Items()));
   }
   void Visit(controls::TextBox& box) override {
     if (!box.Type(value_)) Refuse("it takes no typing");
@@ -163,15 +150,31 @@ class ValueUser : public ControlVisitor {
   void Visit(controls::ToolKey&) override { Refuse("a key is pressed"); }
   void Visit(controls::Window&) override { Refuse("a window takes no value"); }
 
-  Result<void> outcome;
+  bool Taken() const { return why_.empty(); }
+  /// Why the control can't take the value.
+  const std::string& Why() const { return why_; }
+  /// Whether the value was typed into a combo that has no such item.
+  bool Typed() const { return typed_; }
 
  private:
-  void Refuse(std::string why) { outcome = Fail(std::move(why)); }
+  void Refuse(std::string why) { why_ = std::move(why); }
+  /// The position that the value names by its number, unless there is an item of that text.
+  template <typename List>
+  std::optional<int> PositionIn(const List& list) const {
+    return list.ItemFor(value_) >= 0 ? std::nullopt : ParsePosition(value_);
+  }
+  bool TakesText(controls::ComboBox& combo) {
+    const controls::TextUse use = combo.UseText(value_);
+    typed_ = use == controls::TextUse::kTyped;
+    return use != controls::TextUse::kRefused;
+  }
 
   const std::string& value_;
+  std::string why_;
+  bool typed_ = false;
 };
 
-/// Finds out whether a control is one that a person presses.
+/// Presses a control if it is one that a person presses.
 class Presser : public ControlVisitor {
  public:
   void Visit(controls::CheckBox&) override {}
@@ -200,21 +203,6 @@ class Presser : public ControlVisitor {
     if (control.on_click) PressIt(control);
   }
 };
-
-const Control& RootOf(const Control& control) {
-  const Control* root = &control;
-  while (root->Parent() != nullptr) root = root->Parent();
-  return *root;
-}
-
-Result<void> CheckUsable(const Control& control) {
-  if (const Control& window = RootOf(control); !window.Visible()) {
-    return Fail(window.Id() + " isn't open, so " + control.Id() + " can't be used.");
-  }
-  if (!IsVisible(control)) return Fail(control.Id() + " is hidden.");
-  if (!IsEnabled(control)) return Fail(control.Id() + " is disabled.");
-  return {};
-}
 
 }  // namespace
 
@@ -268,21 +256,46 @@ Json ControlJson(Control& control) {
   return json;
 }
 
-Result<void> UseValue(Control& control, const std::string& value) {
-  if (Result<void> usable = CheckUsable(control); !usable) return usable;
-  ValueUser user(value);
-  control.Accept(user);
-  if (user.outcome) return {};
-  return Fail(control.Id() + " can't be set to \"" + OneLine(value) +
-              "\": " + user.outcome.Reason() + ".");
+Result<void> ToResult(const controls::Gate& gate, const Control& control, Refusal refusal) {
+  switch (refusal) {
+    case Refusal::kNone:
+      return {};
+    case Refusal::kWindowClosed:
+      return Fail(control.Root().Id() + " isn't open, so " + control.Id() + " can't be used.");
+    case Refusal::kBehindModal:
+      return Fail(control.Id() + " can't be used while " + gate.Modal()->Id() + " is open.");
+    case Refusal::kHidden:
+      return Fail(control.Id() + " is hidden.");
+    case Refusal::kDisabled:
+      return Fail(control.Id() + " is disabled.");
+    case Refusal::kNotTaken:
+      return Fail(control.Id() + " can't take that.");
+  }
+  return {};
 }
 
-Result<void> Press(Control& control) {
-  if (Result<void> usable = CheckUsable(control); !usable) return usable;
+Result<std::string> UseValue(controls::Gate& gate, Control& control, const std::string& value) {
+  ValueUser user(value);
+  const Refusal refusal = gate.Act(control, [&] {
+    control.Accept(user);
+    return user.Taken();
+  });
+  if (!user.Taken()) {
+    return Fail(control.Id() + " can't be set to \"" + OneLine(value) + "\": " + user.Why() + ".");
+  }
+  if (const Result<void> done = ToResult(gate, control, refusal); !done) return Fail(done.Reason());
+  if (!user.Typed()) return std::string();
+  return '"' + OneLine(value) + "\" is none of the items of " + control.Id();
+}
+
+Result<void> Press(controls::Gate& gate, Control& control) {
   Presser presser;
-  control.Accept(presser);
-  if (presser.pressed) return {};
-  return Fail(control.Id() + " is nothing that can be pressed.");
+  const Refusal refusal = gate.Act(control, [&] {
+    control.Accept(presser);
+    return presser.pressed;
+  });
+  if (refusal == Refusal::kNotTaken) return Fail(control.Id() + " is nothing that can be pressed.");
+  return ToResult(gate, control, refusal);
 }
 
 }  // namespace kestrune::cli

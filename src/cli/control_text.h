@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "cli/output.h"
-#include "controls/controls.h"
+#include "controls/gate.h"
 #include "platform/result.h"
 
 namespace kestrune::cli {
@@ -21,9 +21,14 @@ bool IsVisible(const controls::Control& control);
 std::string ShowLine(const controls::Control& control);
 Json ControlJson(controls::Control& control);
 
-/// Does what a person does to set a control to a value.
-platform::Result<void> UseValue(controls::Control& control, const std::string& value);
+/// What the gate said to an act on a control: where it refused, the sentence that says why.
+platform::Result<void> ToResult(const controls::Gate& gate, const controls::Control& control,
+                                controls::Refusal refusal);
+/// Does what a person does to set a control to a value. What it gives is a sentence to say of the
+/// value although it was taken; empty for none.
+platform::Result<std::string> UseValue(controls::Gate& gate, controls::Control& control,
+                                       const std::string& value);
 /// Does what a person does to press a control.
-platform::Result<void> Press(controls::Control& control);
+platform::Result<void> Press(controls::Gate& gate, controls::Control& control);
 
 }  // namespace kestrune::cli

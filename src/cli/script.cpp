@@ -5,6 +5,7 @@
 namespace kestrune::cli {
 
 using controls::Control;
+using controls::Refusal;
 using platform::Fail;
 using platform::Result;
 
@@ -21,44 +22,112 @@ Status Script::Run(const std::vector<Step>& steps) {
 Result<void> Script::Do(const Step& step) {
   if (step.kind == Step::Kind::kWait)
     return program_.Timers().Advance(step.wait_ms), Result<void>();
-  if (step.kind == Step::Kind::kShow) return Show(step.id), Result<void>();
+  if (step.kind == Step::Kind::kShow && step.id.empty()) return Show(step.id), Result<void>();
   if (program_.Ended()) return Fail("the program has ended, so " + step.id + " can't be used.");
   if (step.kind == Step::Kind::kOpen) return Open(step.id);
   if (step.kind == Step::Kind::kClose) return Close(step.id);
   Control& control = *program_.Find(step.id);
-  GoTo(control);
+  if (step.opens_window) {
+    if (Result<void> opened = OpenFor(control); !opened) return opened;
+  }
+  return Use(step, control);
+}
+
+Result<void> Script::Use(const Step& step, Control& control) {
+  const bool only_looks = step.kind == Step::Kind::kPrint || step.kind == Step::Kind::kHover;
+  const bool is_behind = program_.Gate().Check(control.Root()) == Refusal::kBehindModal;
+  // No page is turned behind a modal window; what is there can be looked at all the same.
+  if (!only_looks || !is_behind) {
+    if (Result<void> shown = GoTo(control); !shown) return shown;
+  }
   switch (step.kind) {
     case Step::Kind::kPrint:
-      out_.Item(ControlJson(control));
-      out_.Line(OneLine(control.ValueText()));
-      return {};
+      return Print(control), Result<void>();
     case Step::Kind::kHover:
-      control.Hover();
+      return control.Hover(), Result<void>();
+    case Step::Kind::kSet: {
+      const Result<std::string> used = UseValue(program_.Gate(), control, step.value);
+      if (!used) return Fail(used.Reason());
+      if (!used.Value().empty()) streams_.Note(used.Value());
       return {};
-    case Step::Kind::kSet:
-      return UseValue(control, step.value);
+    }
     case Step::Kind::kPress:
-      return Press(control);
+      return Press(program_.Gate(), control);
+    case Step::Kind::kShow:
+      return Show(step.id), Result<void>();
     default:
       return {};
   }
 }
 
-void Script::GoTo(const Control& control) {
+void Script::Print(Control& control) {
+  out_.Item(ControlJson(control));
+  out_.Line(OneLine(control.ValueText()));
+}
+
+/// What a person uses to get to a page: its own key, or one of its group, whose scroll bar goes the
+/// rest of the way. Null for a page that the window can't reach.
+const Control* Script::WayTo(int page) const {
+  const forms::PageRow& wanted = forms::kPages[static_cast<std::size_t>(page)];
+  const Control* way = nullptr;
+  for (const forms::PageRow& row : forms::kPages) {
+    const bool is_beside = row.group == wanted.group && row.group != forms::Group::kNone;
+    const Control* key = program_.Find(row.key);
+    if (!key->Usable()) continue;
+    if (row.id == wanted.id) return key;
+    if (is_beside && way == nullptr) way = key;
+  }
+  return way;
+}
+
+/// Shows the page on which a control stands.
+Result<void> Script::GoTo(const Control& control) {
   const int page = program_.PageOf(control);
-  if (page >= 0 && page != program_.ActivePage()) program_.GoToPage(page);
+  if (page < 0) return {};
+  const bool is_there = page == program_.ActivePage();
+  const Control* way = is_there ? &control.Root() : WayTo(page);
+  if (way == nullptr) {
+    return Fail("the window can't reach " + program_.Main().Page(page).Id() +
+                ": no key that is enabled leads there.");
+  }
+  controls::Gate& gate = program_.Gate();
+  return ToResult(gate, control, gate.Act(*way, [this, page, is_there] {
+    if (!is_there) program_.GoToPage(page);
+    return true;
+  }));
+}
+
+/// Opens the window in which a control stands, if there is something that opens it.
+Result<void> Script::OpenFor(const Control& control) {
+  const Control& window = control.Root();
+  const forms::WindowRow& row = program_.FormOf(window.Id()).WindowsRow();
+  return window.Visible() || row.opened_by.empty() ? Result<void>() : Open(window.Id());
 }
 
 Result<void> Script::Open(const std::string& window) {
-  if (program_.Find(window)->Visible()) return {};
-  return Fail(window + " can't be opened by name; it opens when the mouse moves over a setting.");
+  controls::Gate& gate = program_.Gate();
+  const Control& target = *program_.Find(window);
+  // An open one comes to the front, which is nothing to see in a terminal.
+  if (target.Visible()) return ToResult(gate, target, gate.Act(target, [] { return true; }));
+  const std::string_view opened_by = program_.FormOf(window).WindowsRow().opened_by;
+  if (opened_by.empty()) {
+    return Fail(window + " can't be opened by name; it opens when the mouse moves over a setting.");
+  }
+  Control& key = *program_.Find(opened_by);
+  if (Result<void> opened = OpenFor(key); !opened) return opened;
+  if (Result<void> shown = GoTo(key); !shown) return shown;
+  return Press(gate, key);
 }
 
 Result<void> Script::Close(const std::string& window) {
   auto& target = dynamic_cast<controls::Window&>(*program_.Find(window));
-  if (!target.Visible()) return Fail(window + " isn't open.");
-  target.UseClose();
-  return {};
+  controls::Gate& gate = program_.Gate();
+  const Refusal refusal = gate.Act(target, [&target] {
+    target.UseClose();
+    return true;
+  });
+  if (refusal == Refusal::kWindowClosed) return Fail(window + " isn't open.");
+  return ToResult(gate, target, refusal);
 }
 
 /// Prints the controls of a page or window, or of all pages.
@@ -77,7 +146,6 @@ void Script::Show(const std::string& id) {
     }
     return;
   }
-  if (!id.empty()) GoTo(*program_.Find(id));
   for (int page = 0; page < forms::kPageCount; ++page) {
     if (id.empty() || page == program_.ActivePage()) print(program_.Main(), page);
   }

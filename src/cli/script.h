@@ -22,9 +22,13 @@ class Script {
 
  private:
   platform::Result<void> Do(const Step& step);
+  platform::Result<void> Use(const Step& step, controls::Control& control);
   platform::Result<void> Open(const std::string& window);
+  platform::Result<void> OpenFor(const controls::Control& control);
   platform::Result<void> Close(const std::string& window);
-  void GoTo(const controls::Control& control);
+  const controls::Control* WayTo(int page) const;
+  platform::Result<void> GoTo(const controls::Control& control);
+  void Print(controls::Control& control);
   void Show(const std::string& id);
 
   forms::Program& program_;

@@ -31,6 +31,8 @@ struct Streams {
 
   /// Says in one sentence why something could not be done.
   void Complain(const std::string& sentence) const { err << "kestrunectl: " << sentence << '\n'; }
+  /// Says what was odd about something that was done all the same.
+  void Note(const std::string& sentence) const { err << "note: " << sentence << '\n'; }
   void Warn(const std::vector<std::string>& warnings) const {
     for (const std::string& warning : warnings) err << "warning: " << warning << '\n';
   }

@@ -1,10 +1,7 @@
 #include "cli/step.h"
 
-#include <algorithm>
-#include <span>
-#include <utility>
-
 #include "cli/control_text.h"
+#include "cli/suggestion.h"
 #include "platform/parse_number.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/window_table.h"
@@ -12,8 +9,6 @@
 namespace kestrune::cli {
 
 namespace {
-
-constexpr std::size_t kMostSuggestions = 3;
 
 struct Prefix {
   std::string_view text;
@@ -29,28 +24,13 @@ std::string_view WithoutBlanks(std::string_view text) {
   return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
-/// How many letters it takes to turn one text into another.
-std::size_t Distance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({row[j] + 1, row[j - 1] + 1, replaced});
-    }
-  }
-  return row.back();
-}
-
 /// The sort of thing that a step is for.
 std::string_view SortOf(Step::Kind kind) {
   switch (kind) {
     case Step::Kind::kPage:
-    case Step::Kind::kShow:
       return "page";
+    case Step::Kind::kShow:
+      return "page or window";
     case Step::Kind::kOpen:
     case Step::Kind::kClose:
       return "window";
@@ -97,43 +77,45 @@ const controls::Control* KnownIds::Find(std::string_view id) const {
   return nullptr;
 }
 
-bool KnownIds::Knows(const Step& step) const {
-  switch (step.kind) {
+bool KnownIds::Knows(Step::Kind kind, std::string_view id) const {
+  switch (kind) {
     case Step::Kind::kWait:
       return true;
     case Step::Kind::kPage:
-      return forms::IsPageId(step.id);
+      return forms::IsPageId(id);
     case Step::Kind::kShow:
-      return step.id.empty() || forms::IsPageId(step.id) || IsWindow(Find(step.id));
+      return id.empty() || forms::IsPageId(id) || IsWindow(Find(id));
     case Step::Kind::kOpen:
     case Step::Kind::kClose:
-      return IsWindow(Find(step.id));
+      return IsWindow(Find(id));
     default:
-      return Find(step.id) != nullptr;
+      return Find(id) != nullptr;
   }
 }
 
 platform::Result<void> KnownIds::Check(const Step& step) const {
-  if (Knows(step)) return {};
+  if (Knows(step.kind, step.id)) return {};
   return platform::Fail("there is no " + std::string(SortOf(step.kind)) + " \"" + OneLine(step.id) +
-                        "\"; nearest: " + Nearest(step.id));
+                        '"' + Suggestion(step.id, Candidates(step)));
 }
 
-std::string KnownIds::Nearest(std::string_view id) const {
-  std::vector<std::pair<std::size_t, std::string_view>> candidates;
+/// What a step with an unknown id may be meant for.
+std::vector<std::string_view> KnownIds::Candidates(const Step& step) const {
+  // A control where its page or window is wanted leaves no doubt.
+  for (const controls::Control* each = Find(step.id); each != nullptr; each = each->Parent()) {
+    if (Knows(step.kind, each->Id())) return {each->Id()};
+  }
+  const bool is_act = step.kind == Step::Kind::kSet || step.kind == Step::Kind::kPress;
+  std::vector<std::string_view> ids;
   for (const auto& form : forms_) {
     for (const auto& control : form->Controls()) {
-      candidates.emplace_back(Distance(id, control->Id()), control->Id());
+      const bool holds_others = forms::IsPageId(control->Id()) || IsWindow(control.get());
+      if (Knows(step.kind, control->Id()) && !(is_act && holds_others)) {
+        ids.emplace_back(control->Id());
+      }
     }
   }
-  std::stable_sort(candidates.begin(), candidates.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::string text;
-  for (const auto& [distance, candidate] :
-       std::span(candidates).first(std::min(kMostSuggestions, candidates.size()))) {
-    text += (text.empty() ? "" : ", ") + std::string(candidate);
-  }
-  return text;
+  return ids;
 }
 
 }  // namespace kestrune::cli

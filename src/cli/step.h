@@ -19,6 +19,7 @@ struct Step {
   std::string id = {};     ///< of a control, page or window; empty for all pages that are shown
   std::string value = {};  ///< of a set
   long long wait_ms = 0;
+  bool opens_window = false;  ///< the window that it names, or that its control stands in, first
 };
 
 /// Reads one step of `do`; nothing when it has no such form.
@@ -34,8 +35,8 @@ class KnownIds {
 
  private:
   const controls::Control* Find(std::string_view id) const;
-  bool Knows(const Step& step) const;
-  std::string Nearest(std::string_view id) const;
+  bool Knows(Step::Kind kind, std::string_view id) const;
+  std::vector<std::string_view> Candidates(const Step& step) const;
 
   std::vector<std::unique_ptr<forms::Form>> forms_;
 };

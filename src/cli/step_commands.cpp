@@ -11,11 +11,13 @@ using platform::Result;
 
 namespace {
 
-/// Every word is the id of a step of that kind.
+/// Every word is the id of a step of that kind, whose window is opened for it.
 std::vector<Step> StepsOf(Step::Kind kind, const std::vector<std::string>& ids) {
   std::vector<Step> steps;
   steps.reserve(ids.size());
-  for (const std::string& id : ids) steps.push_back({.kind = kind, .id = id});
+  for (const std::string& id : ids) {
+    steps.push_back({.kind = kind, .id = id, .opens_window = true});
+  }
   return steps;
 }
 
@@ -34,8 +36,10 @@ Result<std::vector<Step>> SetSteps(const Arguments& arguments) {
   for (const std::string& word : arguments.List("ID=VALUE")) {
     const std::size_t equals = word.find('=');
     if (equals == std::string::npos) return Fail("\"" + word + "\" is no ID=VALUE.");
-    steps.push_back(
-        {.kind = Step::Kind::kSet, .id = word.substr(0, equals), .value = word.substr(equals + 1)});
+    steps.push_back({.kind = Step::Kind::kSet,
+                     .id = word.substr(0, equals),
+                     .value = word.substr(equals + 1),
+                     .opens_window = true});
   }
   return steps;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/registry.h"
@@ -10,6 +11,8 @@ namespace kestrune::core {
 inline constexpr int kMajorVersion = 3;
 inline constexpr int kMinorVersion = 5;
 inline constexpr int kRevision = 3;
+/// The version as it is written, its parts separated by dots.
+std::string VersionText();
 
 /// The title of the program's messages.
 inline constexpr std::string_view kProgramTitle = "Kestrune";

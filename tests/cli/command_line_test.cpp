@@ -2,55 +2,19 @@
 
 #include "cli/command_line.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "cli/command.h"
+#include "cli/command_line_run.h"
 #include "cli/step.h"
-#include "fake_machine.h"
-#include "platform/portable/portable_machine.h"
 
 namespace kestrune::cli {
 namespace {
 
-constexpr const char* kMode = "direct3d.antialiasing.antialiasing-mode";
-constexpr const char* kLimit = "direct3d.misc.prerender-limit";
 const std::string kKey =
     R"(HKLM\System\CurrentControlSet\Control\Video\{3E8D1C47-A2B6-4D95-8F13-5B7A60C9E2D4}\0000)";
-
-struct Outcome {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-struct CommandLineTest : testing::Test {
-  Outcome Run(std::vector<std::string> arguments,
-              const std::string& machine = "winxp-geforce7800") {
-    std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
-                                    "--machine",        machine,
-                                    "--program-folder", KESTRUNE_DATA_FOLDER};
-    all.insert(all.end(), arguments.begin(), arguments.end());
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = RunCommandLine(all, machines, {out, err});
-    return {status, out.str(), err.str()};
-  }
-  /// What a run prints, which must succeed in silence.
-  std::string Out(const std::vector<std::string>& arguments) {
-    const Outcome outcome = Run(arguments);
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(outcome.err, "");
-    return outcome.out;
-  }
-
-  platform::TempFolder folder;
-  platform::portable::PortableMachines machines;
-};
 
 TEST_F(CommandLineTest, ASettingIsOneTracedWriteThatTheNextRunShows) {
   const Outcome set = Run({"--trace", "set", std::string(kMode) + "=4x"});
@@ -94,7 +58,8 @@ TEST_F(CommandLineTest, TheOldDriversOfWindows98StoreTheirOwnForms) {
             key + "D3D_08285629 REG_DWORD 1459706256\n" + key + "D3d_70835937 REG_DWORD 2\n");
   EXPECT_EQ(trace("win98-tnt2", "4x"), key + "ANTIALIASENABLE REG_DWORD 1\n" + key +
                                            "ANTIALIASQUALITY REG_DWORD 3\n" + key +
-                                           "ANTIALIASFORCEENABLE REG_DWORD 4\n");
+                                           "ANTIALIASFORCEENABLE REG_DWORD 4\n" +
+                                           "note: \"4x\" is none of the items of " + kMode + "\n");
 }
 
 TEST_F(CommandLineTest, ADryRunKeepsNothingAndSaysWhatItWouldStart) {
@@ -170,7 +135,6 @@ TEST_F(CommandLineTest, ValuesAreItemsInAnyCasePositionsOrTypedText) {
       {"direct3d.misc.synchronization-mode", "dIsAbLeD", "Disabled"},
       {"direct3d.misc.synchronization-mode", "#0", "Auto"},
       {"direct3d.filtering.texture-lod-bias", "-7", "-7"},
-      {kMode, "6x", "6x"},
       {"direct3d.filtering.anisotropic-filtering", "#5", "16x"},
       {"direct3d.antialiasing.zoom", "on", "on"},
       {"main.group-scroll-bar", "2", "2"}};
@@ -178,6 +142,13 @@ TEST_F(CommandLineTest, ValuesAreItemsInAnyCasePositionsOrTypedText) {
     EXPECT_EQ(Out({"do", id + "=" + value, "?" + id}), shown + "\n") << id;
   }
   EXPECT_EQ(Run({"set", "direct3d.misc.synchronization-mode=#3"}).status, 3);
+}
+
+TEST_F(CommandLineTest, ATypedTextThatIsNoItemIsSaid) {
+  const Outcome typed = Run({"set", std::string(kMode) + "=6x"});
+  EXPECT_EQ(typed.status, 0);
+  EXPECT_EQ(typed.err, "note: \"6x\" is none of the items of " + std::string(kMode) + "\n");
+  EXPECT_EQ(Run({"do", std::string(kMode) + "=QUINCUNX", "?" + std::string(kMode)}).err, "");
 }
 
 TEST_F(CommandLineTest, AControlsPageIsShownFirstAsAUserWould) {
@@ -276,7 +247,10 @@ TEST_F(CommandLineTest, JsonIsOneDocumentWithWhatTheKindHas) {
   for (const char* key : {"left", "top", "opacity"}) EXPECT_TRUE(get[4].contains(key)) << key;
   EXPECT_EQ(json({"state"})["DrvVer"], 8195);
   EXPECT_EQ(json({"pages"})[15]["id"], "info.processes");
-  EXPECT_EQ(json({"show", "info.basic"})[0]["kind"], "frame");
+  const auto page = json({"show", "info.basic"})[0];
+  EXPECT_EQ(page["kind"], "frame");
+  EXPECT_EQ(page["width"], 7560);
+  EXPECT_EQ(page["height"], 4260);
   EXPECT_EQ(json({"do", "page:opengl.misc"}), nlohmann::json::array());
 }
 
@@ -305,6 +279,59 @@ TEST_F(CommandLineTest, TheRegistryIsWorkedOnWithoutTheDriversRules) {
   EXPECT_EQ(Out({"registry", "list", key}),
             "Sub\\\n@\tREG_SZ default\na\tREG_DWORD -1\nb\tREG_DWORD -1\nc\tREG_DWORD 16\n"
             "e\tREG_SZ two words\nf\tTYPE_7 41 00\n");
+}
+
+TEST_F(CommandLineTest, DataIsStoredAsItStands) {
+  const std::string key = R"(HKCU\Software\Test)";
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"[a,b]"}, "[a,b]"},         {{"[]"}, "[]"},        {{"{}"}, "{}"},
+      {{"[a", "b]"}, "[a b]"},      {{"-x"}, "-x"},        {{"--json"}, "--json"},
+      {{"--answer="}, "--answer="}, {{"--", "x"}, "-- x"}, {{"++", "+1"}, "++ +1"},
+      {{"--help"}, "--help"},       {{"list"}, "list"}};
+  for (const auto& [data, stored] : cases) {
+    std::vector<std::string> write = {"registry", "write", key, "[name]", "REG_SZ"};
+    write.insert(write.end(), data.begin(), data.end());
+    EXPECT_EQ(Out(write), "");
+    EXPECT_EQ(Out({"registry", "read", key, "[name]"}), "REG_SZ " + stored + "\n");
+  }
+  EXPECT_EQ(Out({"--json", "registry", "write", key, "empty", "REG_SZ", ""}), "");
+  EXPECT_EQ(Out({"registry", "read", key, "empty"}), "REG_SZ\n");
+  const std::string typed = std::string(kMode) + "=[2x,4x]";
+  EXPECT_EQ(Run({"do", typed, "?" + std::string(kMode)}).out, "[2x,4x]\n");
+  ExpectRefused(2, "\"[a,b]\"", {"do", "[a,b]"});
+}
+
+TEST_F(CommandLineTest, AWrongCommandLineIsToldInOneSentence) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{}, "a command is missing; there are pages, show, "},
+      {{"stat"}, "\"stat\"; nearest: state"},
+      {{"registry"}, "a command is missing; there are registry read, "},
+      {{"registry", "wrte", "HKCU\\A"}, "\"registry wrte\"; nearest: registry write"},
+      {{"registry", "read"}, "KEY is missing; write \"registry read KEY [NAME]\""},
+      {{"clocks", "set", "300"}, "MEMORY is missing; write \"clocks set CORE MEMORY\""},
+      {{"get", "--json"}, "ID is missing; write \"get ID...\""},
+      {{"show", "main", "help"}, "\"help\" is more than \"show [PAGE|WINDOW]\" takes"},
+      {{"get", kLimit, "--jason"}, "\"--jason\"; nearest: --json"},
+      {{"--store", "", "state"}, "--store: FILE is empty"},
+      {{"--store=", "state"}, "--store: FILE is empty"},
+      {{"--machine", "", "state"}, "--machine: NAME|FILE is empty"},
+      {{"--program-folder", "", "state"}, "--program-folder: DIR is empty"},
+      {{"state", "--answer"}, "--answer"},
+      {{"--answer", "maybe", "state"}, "maybe"}};
+  for (const auto& [words, part] : cases) ExpectRefused(2, part, words);
+}
+
+TEST_F(CommandLineTest, SuggestsTheNearestOfTheSameSortByTheLastPartFirst) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"get", "antialiasing-mode"}, kMode},
+      {{"set", "prerender-limt=3"}, "direct3d.misc.prerender-limit, "},
+      {{"press", "aply"}, "nearest: overclocking.apply"},
+      {{"do", "page:opengl.mis"}, "nearest: opengl.misc"},
+      {{"do", "page:main.oc"}, "no page \"main.oc\"; nearest: "},
+      {{"do", "open:hlp"}, "nearest: help"},
+      {{"do", "open:help.topic-3"}, "nearest: help\n"},
+      {{"show", "overclocking.apply"}, "nearest: overclocking\n"}};
+  for (const auto& [words, part] : cases) ExpectRefused(2, part, words);
 }
 
 TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {

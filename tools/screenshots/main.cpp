@@ -4,19 +4,22 @@
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
+#include <QStyleHints>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <cstdio>
+#include <functional>
 #include <optional>
 #include <string_view>
 
+#include "core/outcome.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
 #include "ui/qt/face.h"
 #include "ui/qt/face_style.h"
-#include "ui/qt/qt_dialog.h"
 
 namespace {
 
@@ -47,20 +50,26 @@ std::optional<Arguments> Parse(int count, char** values) {
   return arguments;
 }
 
-/// The same colours wherever the pictures are made.
-QPalette MakePalette(bool dark) {
-  const QColor button = dark ? QColor(53, 53, 57) : QColor(239, 239, 239);
-  const QColor window = dark ? QColor(42, 42, 46) : QColor(239, 239, 239);
-  QPalette palette(button, window);
-  palette.setColor(QPalette::Base, dark ? QColor(30, 30, 33) : QColor(Qt::white));
-  palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Disabled, QPalette::Base, window);
-  palette.setColor(QPalette::Disabled, QPalette::Highlight,
-                   dark ? QColor(90, 90, 94) : QColor(145, 145, 145));
-  palette.setColor(QPalette::ToolTipBase, palette.color(QPalette::Base));
-  palette.setColor(QPalette::ToolTipText, palette.color(QPalette::Text));
-  return palette;
+/// Makes the desktop a dark one. The window takes its colours from there and has none of its own.
+void UseDarkScheme() {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QGuiApplication::styleHints()->setColorScheme(Qt::ColorScheme::Dark);
+#else
+  // The toolkit can't be asked for a scheme yet, so the style's own dark colours are said here.
+  constexpr QColor kWindow(50, 50, 50);
+  QPalette palette(kWindow);
+  for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::Link}) {
+    palette.setColor(role, QApplication::palette().color(role));
+  }
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
+  }
+  palette.setColor(QPalette::Base, kWindow.darker(140));
+  palette.setColor(QPalette::Disabled, QPalette::Base, kWindow);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(90, 90, 90));
+  QApplication::setPalette(palette);
+#endif
 }
 
 class Photographer {
@@ -90,6 +99,14 @@ class Photographer {
   void GoTo(std::string_view page_id) {
     program_.GoToPage(program_.PageOf(*program_.Find(page_id)));
     QCoreApplication::processEvents();
+  }
+
+  /// What this machine's window refuses is left out of the picture.
+  void Act(const controls::Control& control, const std::function<void()>& act) {
+    core::Ignore(program_.Gate().Act(control, [&act] {
+      act();
+      return true;
+    }));
   }
 
   void TakePages() {
@@ -129,10 +146,12 @@ class Photographer {
 
   void TakeOverclocking() {
     GoTo("overclocking");
-    program_.Main().Get<controls::OptionButton>("overclocking.3d-speed").Use();
+    auto& pair = program_.Main().Get<controls::OptionButton>("overclocking.3d-speed");
+    Act(pair, [&pair] { pair.Use(); });
     QCoreApplication::processEvents();
     Save(Window().grab(), "overclocking-3d");
-    (void)program_.Main().Get<controls::CheckBox>("overclocking.enable-overclocking").Use(0);
+    auto& enable = program_.Main().Get<controls::CheckBox>("overclocking.enable-overclocking");
+    Act(enable, [&enable] { (void)enable.Use(0); });
     QCoreApplication::processEvents();
     Save(Window().grab(), "overclocking-off");
   }
@@ -173,7 +192,7 @@ int Run(const Arguments& arguments) {
     std::fprintf(stderr, "%s\n", opened.Reason().c_str());
     return 3;
   }
-  qt::QtDialog dialog;
+  face::PrintedDialog dialog;
   const platform::Services services = opened.Value()->ServicesFor(dialog);
   forms::Program program(services);
   if (!program.Start("")) return 3;
@@ -199,6 +218,6 @@ int main(int argument_count, char** values) {
   QApplication::setStyle(new qt::FaceStyle);
   int own_count = 1;
   const QApplication application(own_count, values);
-  QApplication::setPalette(MakePalette(arguments->dark));
+  if (arguments->dark) UseDarkScheme();
   return Run(*arguments);
 }

@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -27,14 +28,27 @@ bool HasScreen() {
   return platform != "offscreen" && platform != "minimal";
 }
 
+/// Whether someone can press a button: not off the screen, and not while a picture is taken.
+bool HasPerson() { return HasScreen() && qEnvironmentVariableIsEmpty("KESTRUNE_SCREENSHOT"); }
+
+/// Takes what the toolkit says while it looks for a display. Without one it would abort; all else
+/// only leads up to that.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*place*/,
+                       const QString& /*text*/) {
+  if (type != QtFatalMsg) return;
+  std::fputs("kestrune: there is no display that answers; kestrunectl works without one.\n",
+             stderr);
+  std::_Exit(kFailed);
+}
+
 std::unique_ptr<platform::DialogApi> MakeDialog() {
-  if (HasScreen()) return std::make_unique<qt::QtDialog>();
+  if (HasPerson()) return std::make_unique<qt::QtDialog>();
   return std::make_unique<face::PrintedDialog>();
 }
 
 int Fail(const std::string& sentence) {
   std::fprintf(stderr, "kestrune: %s\n", sentence.c_str());
-  if (HasScreen() && !qEnvironmentVariableIsSet("KESTRUNE_SCREENSHOT")) {
+  if (HasPerson()) {
     QMessageBox::critical(nullptr, "Kestrune", QString::fromStdString(sentence));
   }
   return kFailed;
@@ -72,11 +86,17 @@ int Run(const std::string& profile_path) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
+  if (const auto answer = face::PrintedAnswer(argument_count, arguments)) {
+    std::fputs(answer->c_str(), stdout);
+    return 0;
+  }
   QApplication::setStyle(new qt::FaceStyle);
   QApplication::setApplicationName("kestrune");
   QGuiApplication::setDesktopFileName("kestrune");
   // The toolkit would take its own options out of a path that happens to look like one.
   int own_count = 1;
+  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(own_count, arguments);
+  qInstallMessageHandler(usual);
   return Run(face::ProfilePath(argument_count, arguments));
 }

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "fake_machine.h"
+#include "platform/portable/portable_machine.h"
+
+namespace kestrune::cli {
+
+inline constexpr const char* kMode = "direct3d.antialiasing.antialiasing-mode";
+inline constexpr const char* kLimit = "direct3d.misc.prerender-limit";
+
+struct Outcome {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+/// Runs kestrunectl in this process, on a store of each machine's own.
+struct CommandLineTest : testing::Test {
+  Outcome Run(std::vector<std::string> arguments,
+              const std::string& machine = "winxp-geforce7800") {
+    std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
+                                    "--machine",        machine,
+                                    "--program-folder", KESTRUNE_DATA_FOLDER};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = RunCommandLine(all, machines, {out, err});
+    return {status, out.str(), err.str()};
+  }
+  /// What a run prints, which must succeed in silence.
+  std::string Out(const std::vector<std::string>& arguments) {
+    const Outcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
+  }
+
+  /// Fails the test unless a run ends with that status, after one sentence with `part` in it.
+  void ExpectRefused(int status, const std::string& part, const std::vector<std::string>& arguments,
+                     const std::string& machine = "winxp-geforce7800") {
+    const Outcome outcome = Run(arguments, machine);
+    const std::string what = testing::PrintToString(arguments) + ": " + outcome.err;
+    EXPECT_EQ(outcome.status, status) << what;
+    EXPECT_EQ(outcome.out, "") << what;
+    EXPECT_TRUE(outcome.err.starts_with("kestrunectl: ")) << what;
+    EXPECT_EQ(outcome.err.find('\n'), outcome.err.size() - 1) << what;
+    EXPECT_NE(outcome.err.find(part), std::string::npos) << what << "has no " << part;
+  }
+
+  platform::TempFolder folder;
+  platform::portable::PortableMachines machines;
+};
+
+}  // namespace kestrune::cli
