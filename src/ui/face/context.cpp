@@ -16,6 +16,11 @@ void Context::Press(controls::Control& control) {
   });
 }
 
+void Context::UseText(controls::ComboBox& combo, const std::string& text) {
+  if (combo.ItemFor(text) < 0 && !(combo.knows && combo.knows(text))) return;
+  Act(combo, [&] { return combo.UseText(text) != controls::TextUse::kRefused; });
+}
+
 void Context::Use(const controls::Shortcut& shortcut) {
   core::Ignore(gate_.Act(shortcut));
   AfterAct();

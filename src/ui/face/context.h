@@ -28,6 +28,8 @@ class Context {
   void Act(const controls::Control& control, const std::function<bool()>& act);
   void Press(controls::Control& control);
   void Use(const controls::Shortcut& shortcut);
+  /// A finished text of a combo. One that stands for nothing doesn't reach the control.
+  void UseText(controls::ComboBox& combo, const std::string& text);
   /// The mouse moves over a control.
   void Hover(controls::Control& control);
   /// The keyboard reaches a control. It counts as a mouse over it, or over the nearest one around

@@ -19,6 +19,8 @@ ComboWidget::ComboWidget(controls::ComboBox& control, face::Context& context, QW
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
   }
+  // A wheel turned in passing gives no focus either.
+  setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::activated, this, [this](int position) { Choose(position); });
 }
 
@@ -30,9 +32,7 @@ void ComboWidget::Choose(int position) {
 void ComboWidget::FinishTyping() {
   const QString typed = lineEdit()->text();
   if (typed == drawn_text_) return;
-  context_.Act(control_, [this, &typed] {
-    return control_.UseText(typed.toStdString()) != controls::TextUse::kRefused;
-  });
+  context_.UseText(control_, typed.toStdString());
   ShowControlText();
 }
 
