@@ -17,6 +17,8 @@ namespace kestrune::qt {
 
 namespace {
 
+constexpr std::string_view kEdge = "main.lower-panel-edge";
+
 face::Scale ScaleOfDesktop() {
   return face::Scale::ForFontHeight(QFontInfo(QApplication::font()).pixelSize());
 }
@@ -32,6 +34,7 @@ Face::Face(forms::Program& program, platform::FilesApi& files, face::StoreFailur
   // Nothing in the window waits for it.
   QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg")); });
   QApplication::setQuitOnLastWindowClosed(false);
+  context_.SetPanelEdge(program_.Main().Get<controls::Label>(kEdge));
   main_view_ = std::make_unique<FormView>(program_.Main(), context_, nullptr);
   views_[&program_.Main()] = main_view_.get();
   main_view_->FollowWindow();
@@ -97,7 +100,7 @@ void Face::AfterAct() {
     return;
   }
   if (const std::optional<std::string> failure = failure_.Next()) {
-    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>("main.lower-panel-edge"),
+    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge),
                     context_, main_view_.get());
   }
 }

@@ -14,6 +14,7 @@
 #include "ui/face/builder.h"
 #include "ui/face/captions.h"
 #include "ui/face/context.h"
+#include "ui/face/panel_keeper.h"
 #include "ui/qt/bar_widget.h"
 #include "ui/qt/combo_widget.h"
 #include "ui/qt/graph_widget.h"
@@ -82,10 +83,12 @@ InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw
     const std::string name = face::SpokenName(control, label);
     widget->setAccessibleName(ToQt(name));
     widget->setToolTip(ToQt(face::TipOf(control, name, is_cut)));
-    widget->setVisible(control.Visible());
+    widget->setVisible(control.Visible() && face::InSight(control));
   };
   redraw();
   subscriptions_.push_back(control.Observe(redraw));
+  subscriptions_.push_back(control.Parent()->Observe(
+      [&control, widget] { widget->setVisible(control.Visible() && face::InSight(control)); }));
   if (label != nullptr) subscriptions_.push_back(label->Observe(redraw));
   return new InputWatcher(control, context_, widget);
 }
