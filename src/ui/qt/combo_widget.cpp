@@ -1,6 +1,7 @@
 #include "ui/qt/combo_widget.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -67,6 +68,15 @@ void ComboWidget::Redraw() {
     RedrawItems();
   }
   if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
+}
+
+QString ComboWidget::ShownText() const {
+  return isEditable() ? lineEdit()->text() : drawn_text_;
+}
+
+bool ComboWidget::ListIsOpen() const {
+  const QWidget* popup = QApplication::activePopupWidget();
+  return popup != nullptr && popup->parentWidget() == this;
 }
 
 int ComboWidget::TextWidth() const {

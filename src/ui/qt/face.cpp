@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/forms/main_form.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/store_notice.h"
 #include "ui/qt/to_qt.h"
 
@@ -31,6 +32,7 @@ Face::Face(forms::Program& program, platform::FilesApi& files, face::StoreFailur
       context_(ScaleOfDesktop(), files, program.Gate(), [this] { AfterAct(); }),
       timers_(program.Timers(), [this] { AfterAct(); }) {
   RegisterIcons();
+  InstallAccessibility();
   // Nothing in the window waits for it.
   QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg")); });
   QApplication::setQuitOnLastWindowClosed(false);

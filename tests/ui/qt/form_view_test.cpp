@@ -319,7 +319,7 @@ TEST_F(FormViewTest, TabVisitsTheVisiblePageInTheOrderOfTheForm) {
   window_.Control<Frame>("page").SetVisible(false);
   window_.Control<Frame>("other").SetVisible(true);
   const std::vector<std::string> second_page = {"main.dx", "main.group-scroll-bar", "other.lines",
-                                                "other.path", "main.help"};
+                                                "other.path", "other.link", "main.help"};
   EXPECT_EQ(TabRound(start), second_page);
 }
 
