@@ -12,11 +12,11 @@
 
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
 #include "ui/qt/face.h"
 #include "ui/qt/face_style.h"
-#include "ui/qt/qt_dialog.h"
 
 namespace {
 
@@ -25,7 +25,8 @@ using namespace kestrune;
 struct Arguments {
   QString folder;
   QByteArray scale = "1";
-  bool dark = false;
+  QString scheme = "light";
+  std::string machine;
 };
 
 std::optional<Arguments> Parse(int count, char** values) {
@@ -35,8 +36,10 @@ std::optional<Arguments> Parse(int count, char** values) {
     const std::string_view next = i + 1 < count ? values[i + 1] : "";
     if (value == "--scale" && (next == "1" || next == "2")) {
       arguments.scale = values[++i];
-    } else if (value == "--scheme" && (next == "light" || next == "dark")) {
-      arguments.dark = values[++i][0] == 'd';
+    } else if (value == "--scheme" && (next == "light" || next == "dark" || next == "contrast")) {
+      arguments.scheme = values[++i];
+    } else if (value == "--machine" && !next.empty()) {
+      arguments.machine = values[++i];
     } else if (arguments.folder.isEmpty() && !value.starts_with("--")) {
       arguments.folder = values[i];
     } else {
@@ -47,19 +50,26 @@ std::optional<Arguments> Parse(int count, char** values) {
   return arguments;
 }
 
-/// The same colours wherever the pictures are made.
-QPalette MakePalette(bool dark) {
-  const QColor button = dark ? QColor(53, 53, 57) : QColor(239, 239, 239);
-  const QColor window = dark ? QColor(42, 42, 46) : QColor(239, 239, 239);
-  QPalette palette(button, window);
-  palette.setColor(QPalette::Base, dark ? QColor(30, 30, 33) : QColor(Qt::white));
-  palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Disabled, QPalette::Base, window);
-  palette.setColor(QPalette::Disabled, QPalette::Highlight,
-                   dark ? QColor(90, 90, 94) : QColor(145, 145, 145));
-  palette.setColor(QPalette::ToolTipBase, palette.color(QPalette::Base));
-  palette.setColor(QPalette::ToolTipText, palette.color(QPalette::Text));
+/// What a desktop says of its colours; the program's style makes of it what it always does.
+QPalette MakePalette(const QString& scheme) {
+  QPalette palette;
+  if (scheme == "dark") {
+    palette = QPalette(QColor(53, 53, 57), QColor(42, 42, 46));
+    palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+  } else if (scheme == "contrast") {
+    palette = QPalette(Qt::black, Qt::black);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+      palette.setColor(role, Qt::white);
+      palette.setColor(QPalette::Disabled, role, Qt::darkGreen);
+    }
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+  } else {
+    palette = QApplication::style()->standardPalette();
+  }
+  QApplication::style()->polish(palette);
   return palette;
 }
 
@@ -167,13 +177,13 @@ int Run(const Arguments& arguments) {
   const QTemporaryDir user_folder;
   qputenv("XDG_DATA_HOME", user_folder.path().toUtf8());
   platform::portable::PortableMachines machines;
-  const auto opened =
-      machines.Open({.store = user_folder.filePath("pictures.store").toStdString()});
+  const auto opened = machines.Open({.store = user_folder.filePath("pictures.store").toStdString(),
+                                     .machine = arguments.machine});
   if (!opened) {
     std::fprintf(stderr, "%s\n", opened.Reason().c_str());
     return 3;
   }
-  qt::QtDialog dialog;
+  face::PrintedDialog dialog;
   const platform::Services services = opened.Value()->ServicesFor(dialog);
   forms::Program program(services);
   if (!program.Start("")) return 3;
@@ -191,7 +201,8 @@ int main(int argument_count, char** values) {
   const std::optional<Arguments> arguments = Parse(argument_count, values);
   if (!arguments) {
     std::fprintf(stderr,
-                 "usage: kestrune_screenshots OUTPUT_FOLDER [--scale 1|2] [--scheme light|dark]\n");
+                 "usage: kestrune_screenshots OUTPUT_FOLDER [--machine NAME] [--scale 1|2] "
+                 "[--scheme light|dark|contrast]\n");
     return 2;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -199,6 +210,6 @@ int main(int argument_count, char** values) {
   QApplication::setStyle(new qt::FaceStyle);
   int own_count = 1;
   const QApplication application(own_count, values);
-  QApplication::setPalette(MakePalette(arguments->dark));
+  QApplication::setPalette(MakePalette(arguments->scheme));
   return Run(*arguments);
 }
