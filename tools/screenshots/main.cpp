@@ -28,7 +28,8 @@ using namespace kestrune;
 struct Arguments {
   QString folder;
   QByteArray scale = "1";
-  bool dark = false;
+  QString scheme = "light";
+  std::string machine;
 };
 
 std::optional<Arguments> Parse(int count, char** values) {
@@ -38,8 +39,10 @@ std::optional<Arguments> Parse(int count, char** values) {
     const std::string_view next = i + 1 < count ? values[i + 1] : "";
     if (value == "--scale" && (next == "1" || next == "2")) {
       arguments.scale = values[++i];
-    } else if (value == "--scheme" && (next == "light" || next == "dark")) {
-      arguments.dark = values[++i][0] == 'd';
+    } else if (value == "--scheme" && (next == "light" || next == "dark" || next == "contrast")) {
+      arguments.scheme = values[++i];
+    } else if (value == "--machine" && !next.empty()) {
+      arguments.machine = values[++i];
     } else if (arguments.folder.isEmpty() && !value.starts_with("--")) {
       arguments.folder = values[i];
     } else {
@@ -50,26 +53,27 @@ std::optional<Arguments> Parse(int count, char** values) {
   return arguments;
 }
 
-/// Makes the desktop a dark one. The window takes its colours from there and has none of its own.
-void UseDarkScheme() {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QGuiApplication::styleHints()->setColorScheme(Qt::ColorScheme::Dark);
-#else
-  // The toolkit can't be asked for a scheme yet, so the style's own dark colours are said here.
-  constexpr QColor kWindow(50, 50, 50);
-  QPalette palette(kWindow);
-  for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::Link}) {
-    palette.setColor(role, QApplication::palette().color(role));
+/// What a desktop says of its colours; the program's style makes of it what it always does.
+QPalette MakePalette(const QString& scheme) {
+  QPalette palette;
+  if (scheme == "dark") {
+    palette = QPalette(QColor(53, 53, 57), QColor(42, 42, 46));
+    palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+  } else if (scheme == "contrast") {
+    palette = QPalette(Qt::black, Qt::black);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+      palette.setColor(role, Qt::white);
+      palette.setColor(QPalette::Disabled, role, Qt::darkGreen);
+    }
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+  } else {
+    palette = QApplication::style()->standardPalette();
   }
-  for (const QPalette::ColorRole role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-  }
-  palette.setColor(QPalette::Base, kWindow.darker(140));
-  palette.setColor(QPalette::Disabled, QPalette::Base, kWindow);
-  palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(90, 90, 90));
-  QApplication::setPalette(palette);
-#endif
+  QApplication::style()->polish(palette);
+  return palette;
 }
 
 class Photographer {
@@ -186,8 +190,8 @@ int Run(const Arguments& arguments) {
   const QTemporaryDir user_folder;
   qputenv("XDG_DATA_HOME", user_folder.path().toUtf8());
   platform::portable::PortableMachines machines;
-  const auto opened =
-      machines.Open({.store = user_folder.filePath("pictures.store").toStdString()});
+  const auto opened = machines.Open({.store = user_folder.filePath("pictures.store").toStdString(),
+                                     .machine = arguments.machine});
   if (!opened) {
     std::fprintf(stderr, "%s\n", opened.Reason().c_str());
     return 3;
@@ -210,7 +214,8 @@ int main(int argument_count, char** values) {
   const std::optional<Arguments> arguments = Parse(argument_count, values);
   if (!arguments) {
     std::fprintf(stderr,
-                 "usage: kestrune_screenshots OUTPUT_FOLDER [--scale 1|2] [--scheme light|dark]\n");
+                 "usage: kestrune_screenshots OUTPUT_FOLDER [--machine NAME] [--scale 1|2] "
+                 "[--scheme light|dark|contrast]\n");
     return 2;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -218,6 +223,6 @@ int main(int argument_count, char** values) {
   QApplication::setStyle(new qt::FaceStyle);
   int own_count = 1;
   const QApplication application(own_count, values);
-  if (arguments->dark) UseDarkScheme();
+  QApplication::setPalette(MakePalette(arguments->scheme));
   return Run(*arguments);
 }

@@ -80,7 +80,8 @@ std::string SpokenName(const controls::Control& control, const controls::Label* 
   const std::string_view named = label == nullptr ? std::string_view() : label->Caption();
   // What stands behind the colon is the value.
   const std::string name = Trimmed(named.substr(0, named.find(':')));
-  return name.empty() ? ReadableName(control.Id()) : name;
+  if (!name.empty()) return name;
+  return control.ToolTip().empty() ? ReadableName(control.Id()) : control.ToolTip();
 }
 
 std::string KeyCaption(const controls::ToolKey& key) { return SpokenName(key, nullptr); }

@@ -19,7 +19,7 @@ std::string ReadableName(std::string_view id);
 controls::Label* LabelOf(const forms::Form& form, const controls::Control& control);
 
 /// What a control is called where nothing but words will do, as for a screen reader: its caption,
-/// else that of its label (null for none), else its id in words. Never empty.
+/// else that of its label (null for none), else its tip, else its id in words. Never empty.
 std::string SpokenName(const controls::Control& control, const controls::Label* label);
 
 /// What a toolbar key or an item of its menu shows: its caption, else its id in words.

@@ -16,21 +16,27 @@ void Context::Press(controls::Control& control) {
   });
 }
 
+void Context::UseText(controls::ComboBox& combo, const std::string& text) {
+  if (combo.ItemFor(text) < 0 && !(combo.knows && combo.knows(text))) return;
+  Act(combo, [&] { return combo.UseText(text) != controls::TextUse::kRefused; });
+}
+
 void Context::Use(const controls::Shortcut& shortcut) {
   core::Ignore(gate_.Act(shortcut));
   AfterAct();
 }
 
 void Context::Hover(controls::Control& control) {
-  if (!control.on_hover) return;
+  if (!control.on_hover || (panel_ && panel_->Silences(control))) return;
   const bool was_hovering = std::exchange(hovering_, true);
   control.Hover();
   AfterAct();
   hovering_ = was_hovering;
 }
 
-void Context::Reach(controls::Control& control) {
-  controls::Control* cares = &control;
+void Context::Focused(controls::Control& control, bool by_keyboard) {
+  if (panel_) panel_->Focused(control);
+  controls::Control* cares = by_keyboard ? &control : nullptr;
   while (cares != nullptr && !cares->on_hover) cares = cares->Parent();
   if (cares != nullptr) Hover(*cares);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "controls/gate.h"
 #include "platform/files_api.h"
+#include "ui/face/panel_keeper.h"
 #include "ui/face/scale.h"
 
 namespace kestrune::face {
@@ -28,11 +30,16 @@ class Context {
   void Act(const controls::Control& control, const std::function<bool()>& act);
   void Press(controls::Control& control);
   void Use(const controls::Shortcut& shortcut);
-  /// The mouse moves over a control.
+  /// A finished text of a combo. One that stands for nothing doesn't reach the control.
+  void UseText(controls::ComboBox& combo, const std::string& text);
+  /// The mouse moves over a control. While the focus is in the lower panel a page isn't told, so
+  /// that the panel stays.
   void Hover(controls::Control& control);
-  /// The keyboard reaches a control. It counts as a mouse over it, or over the nearest one around
-  /// it that cares.
-  void Reach(controls::Control& control);
+  /// The focus comes to a control. By the keyboard that counts as a mouse over it, or over the
+  /// nearest one around it that cares.
+  void Focused(controls::Control& control, bool by_keyboard);
+  /// Names the edge of the lower panel.
+  void SetPanelEdge(controls::Control& edge) { panel_.emplace(edge); }
   /// Whether what happens now comes of hovering; a window that opens then leaves the focus alone.
   bool Hovering() const { return hovering_; }
 
@@ -44,6 +51,7 @@ class Context {
   controls::Gate& gate_;
   std::function<void()> after_act_;
   bool hovering_ = false;
+  std::optional<PanelKeeper> panel_;
 };
 
 }  // namespace kestrune::face

@@ -1,6 +1,7 @@
 #include "ui/qt/combo_widget.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -19,6 +20,8 @@ ComboWidget::ComboWidget(controls::ComboBox& control, face::Context& context, QW
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
   }
+  // A wheel turned in passing gives no focus either.
+  setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::activated, this, [this](int position) { Choose(position); });
 }
 
@@ -30,9 +33,7 @@ void ComboWidget::Choose(int position) {
 void ComboWidget::FinishTyping() {
   const QString typed = lineEdit()->text();
   if (typed == drawn_text_) return;
-  context_.Act(control_, [this, &typed] {
-    return control_.UseText(typed.toStdString()) != controls::TextUse::kRefused;
-  });
+  context_.UseText(control_, typed.toStdString());
   ShowControlText();
 }
 
@@ -67,6 +68,15 @@ void ComboWidget::Redraw() {
     RedrawItems();
   }
   if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
+}
+
+QString ComboWidget::ShownText() const {
+  return isEditable() ? lineEdit()->text() : drawn_text_;
+}
+
+bool ComboWidget::ListIsOpen() const {
+  const QWidget* popup = QApplication::activePopupWidget();
+  return popup != nullptr && popup->parentWidget() == this;
 }
 
 int ComboWidget::TextWidth() const {

@@ -19,6 +19,9 @@ class ComboWidget : public QComboBox {
 
   /// Shows what the control holds; an unfinished text is kept while the control's own text stays.
   void Redraw();
+  /// What stands in the box, an unfinished text too.
+  QString ShownText() const;
+  bool ListIsOpen() const;
   /// Whether some of the text is not shown.
   bool IsCut() const;
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/forms/main_form.h"
+#include "ui/qt/accessible.h"
 #include "ui/qt/store_notice.h"
 #include "ui/qt/to_qt.h"
 
@@ -16,6 +17,8 @@ static void RegisterIcons() { Q_INIT_RESOURCE(icons); }
 namespace kestrune::qt {
 
 namespace {
+
+constexpr std::string_view kEdge = "main.lower-panel-edge";
 
 face::Scale ScaleOfDesktop() {
   return face::Scale::ForFontHeight(QFontInfo(QApplication::font()).pixelSize());
@@ -29,9 +32,11 @@ Face::Face(forms::Program& program, platform::FilesApi& files, face::StoreFailur
       context_(ScaleOfDesktop(), files, program.Gate(), [this] { AfterAct(); }),
       timers_(program.Timers(), [this] { AfterAct(); }) {
   RegisterIcons();
+  InstallAccessibility();
   // Nothing in the window waits for it.
   QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg")); });
   QApplication::setQuitOnLastWindowClosed(false);
+  context_.SetPanelEdge(program_.Main().Get<controls::Label>(kEdge));
   main_view_ = std::make_unique<FormView>(program_.Main(), context_, nullptr);
   views_[&program_.Main()] = main_view_.get();
   main_view_->FollowWindow();
@@ -97,7 +102,7 @@ void Face::AfterAct() {
     return;
   }
   if (const std::optional<std::string> failure = failure_.Next()) {
-    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>("main.lower-panel-edge"),
+    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge),
                     context_, main_view_.get());
   }
 }

@@ -7,6 +7,7 @@
 #include <QShortcut>
 
 #include "ui/face/context.h"
+#include "ui/qt/label_widget.h"
 #include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
@@ -33,7 +34,10 @@ FormView::FormView(forms::Form& form, face::Context& context, QWidget* owner)
       maker_(form, context, subscriptions_),
       builder_(
           form, [this](controls::Control& control) { MakeWidget(control); },
-          [this] { ChainTabOrder(); }) {
+          [this] {
+            ChainTabOrder();
+            TieLabels();
+          }) {
   setObjectName(ToQt(window_.Id()));
   setMouseTracking(true);
   if (window_.Modal()) setWindowModality(Qt::ApplicationModal);
@@ -75,6 +79,15 @@ void FormView::ChainTabOrder() {
     if (widget == nullptr || !face::TakesFocus(*control)) continue;
     if (before != nullptr) setTabOrder(before, widget);
     before = widget;
+  }
+}
+
+void FormView::TieLabels() {
+  for (const auto& control : form_.Controls()) {
+    const auto* label = dynamic_cast<const controls::Label*>(control.get());
+    if (label == nullptr || label->Names() == nullptr) continue;
+    auto* widget = dynamic_cast<LabelWidget*>(WidgetOf(*label));
+    if (widget != nullptr) widget->setBuddy(WidgetOf(*label->Names()));
   }
 }
 

@@ -41,6 +41,8 @@ class FormView : public QWidget {
  private:
   void MakeWidget(controls::Control& control);
   void ChainTabOrder();
+  /// Tells the toolkit which label names which widget.
+  void TieLabels();
   void ConnectShortcuts();
   void RedrawWindow();
   void PlaceWindow();

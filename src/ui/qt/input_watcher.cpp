@@ -44,10 +44,8 @@ bool InputWatcher::eventFilter(QObject*, QEvent* event) {
     case QEvent::FocusIn: {
       // Coming back to the window is no act on the control.
       const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-          reason == Qt::ShortcutFocusReason) {
-        context_.Reach(control_);
-      }
+      context_.Focused(control_, reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                                     reason == Qt::ShortcutFocusReason);
       return false;
     }
     case QEvent::Wheel:

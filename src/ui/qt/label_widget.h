@@ -14,6 +14,7 @@ class LabelWidget : public QLabel {
   void SetHeading();
   /// Underlines it: the colour that palettes have for links is not legible in all of them.
   void SetLink();
+  bool IsLink() const { return font().underline(); }
   /// Whether some of the caption is not shown at its present size.
   bool IsCut() const { return is_cut_; }
 

@@ -14,6 +14,7 @@
 #include "ui/face/builder.h"
 #include "ui/face/captions.h"
 #include "ui/face/context.h"
+#include "ui/face/panel_keeper.h"
 #include "ui/qt/bar_widget.h"
 #include "ui/qt/combo_widget.h"
 #include "ui/qt/graph_widget.h"
@@ -81,11 +82,14 @@ InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw
     const bool is_cut = draw();
     const std::string name = face::SpokenName(control, label);
     widget->setAccessibleName(ToQt(name));
+    for (QLineEdit* part : widget->findChildren<QLineEdit*>()) part->setAccessibleName(ToQt(name));
     widget->setToolTip(ToQt(face::TipOf(control, name, is_cut)));
-    widget->setVisible(control.Visible());
+    widget->setVisible(control.Visible() && face::InSight(control));
   };
   redraw();
   subscriptions_.push_back(control.Observe(redraw));
+  subscriptions_.push_back(control.Parent()->Observe(
+      [&control, widget] { widget->setVisible(control.Visible() && face::InSight(control)); }));
   if (label != nullptr) subscriptions_.push_back(label->Observe(redraw));
   return new InputWatcher(control, context_, widget);
 }
@@ -214,12 +218,12 @@ void WidgetMaker::Visit(controls::Slider& slider) {
 void WidgetMaker::Visit(controls::Label& label) {
   auto* widget = new LabelWidget(parent_);
   if (label.Role() == controls::LabelRole::kHeading) widget->SetHeading();
+  if (label.Role() == controls::LabelRole::kLink) widget->SetLink();
   InputWatcher* watcher = Tie(label, widget, [&label, widget] {
     widget->SetCaption(CaptionOf(label));
     return widget->IsCut();
   });
   if (label.Role() == controls::LabelRole::kLink) {
-    widget->SetLink();
     watcher->MakeLink();
   } else if (label.Role() == controls::LabelRole::kEdge) {
     widget->setFocusPolicy(Qt::TabFocus);
@@ -238,6 +242,7 @@ void WidgetMaker::Visit(controls::Button& button) {
 
 void WidgetMaker::Visit(controls::PictureBox& picture) {
   auto* widget = new PictureWidget(parent_);
+  if (picture.IsLink()) widget->setFocusPolicy(Qt::StrongFocus);
   InputWatcher* watcher = TieWhole(picture, widget, [this_context = &context_, &picture, widget] {
     const auto path =
         picture.File().empty() ? std::nullopt : this_context->Files().Locate(picture.File());

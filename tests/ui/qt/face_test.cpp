@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -156,6 +157,8 @@ TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
     running.Widget<QWidget>("main.nvcpl").setFocus();
     for (std::size_t i = 0; i < usable.size() + 2; ++i) {
       visited.insert(QApplication::focusWidget()->objectName());
+      // The lower panel opens under the focus.
+      running.TheProgram().Timers().Advance(1000);
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     for (const QString& id : usable) {
@@ -172,6 +175,38 @@ TEST_F(FaceTest, TheKeyboardOpensTheLowerPanelAndItsOptionsAreStored) {
   EXPECT_TRUE(box.isChecked());
   QTest::keyClick(&box, Qt::Key_Space);
   EXPECT_EQ(running.Option("HelpSystem"), "00 00 00 00");
+}
+
+TEST_F(FaceTest, TheClosedLowerPanelTakesNoFocusAndTheOpenOneKeepsIt) {
+  RunningProgram running(NewStore());
+  auto& languages = running.Widget<QWidget>("main.language");
+  const auto is_heard = [&languages] {
+    return !QAccessible::queryAccessibleInterface(&languages)->state().invisible;
+  };
+  auto& first = running.Widget<QWidget>("main.nvcpl");
+  first.setFocus();
+  languages.setFocus();
+  EXPECT_TRUE(first.hasFocus());
+  EXPECT_FALSE(is_heard());
+  QTest::keyClick(&first, Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_TRUE(running.Widget<QWidget>("main.lower-panel-edge").hasFocus());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
+  EXPECT_TRUE(is_heard());
+  auto& page = running.Widget<QWidget>("info.basic");
+  languages.setFocus(Qt::MouseFocusReason);
+  QTest::mouseMove(&page, QPoint(400, 200));
+  EXPECT_FALSE(QTest::qWaitFor([&] { return running.Window().height() < 427; }, 250));
+  // A panel that is closing already opens again.
+  first.setFocus();
+  QTest::mouseMove(&page, QPoint(401, 200));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return running.Window().height() < 415; }));
+  languages.setFocus(Qt::MouseFocusReason);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
+  EXPECT_TRUE(languages.hasFocus());
+  first.setFocus();
+  QTest::mouseMove(&page, QPoint(402, 200));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 375; }));
+  EXPECT_FALSE(is_heard());
 }
 
 TEST_F(FaceTest, HoveringOpensHelpBesideTheWindowAndLeavesTheFocusAlone) {

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QSpontaneKeyEvent>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -70,6 +71,7 @@ TEST_F(FormViewTest, TypingReachesTheControlWhenItIsFinished) {
   auto& control = window_.Control<ComboBox>("page.mode");
   auto& widget = window_.Widget<QComboBox>("page.mode");
   Log(control);
+  control.knows = [](const std::string& text) { return text == "32x"; };
   widget.setFocus();
   widget.lineEdit()->selectAll();
   QTest::keyClicks(&widget, "32x");
@@ -88,9 +90,24 @@ TEST_F(FormViewTest, LeavingFinishesTypingAndEscapeTakesItBack) {
   QTest::keyClick(&widget, Qt::Key_Escape);
   EXPECT_EQ(widget.currentText(), "Auto");
   widget.lineEdit()->selectAll();
-  QTest::keyClicks(&widget, "16x");
+  QTest::keyClicks(&widget, "2x");
   QTest::keyClick(&widget, Qt::Key_Tab);
-  EXPECT_EQ(control.Text(), "16x");
+  EXPECT_EQ(control.Text(), "2x");
+}
+
+TEST_F(FormViewTest, ATypedTextThatStandsForNothingNeverReachesTheControl) {
+  auto& control = window_.Control<ComboBox>("page.mode");
+  auto& widget = window_.Widget<QComboBox>("page.mode");
+  Log(control);
+  for (const Qt::Key end : {Qt::Key_Return, Qt::Key_Tab}) {
+    widget.setFocus();
+    widget.lineEdit()->selectAll();
+    QTest::keyClicks(&widget, "nonsense");
+    QTest::keyClick(&widget, end);
+    EXPECT_EQ(control.Text(), "Auto");
+    EXPECT_EQ(widget.currentText(), "Auto");
+  }
+  EXPECT_EQ(log_, "");
 }
 
 TEST_F(FormViewTest, ATypedEntryIsChosenWhateverItsCase) {
@@ -152,19 +169,30 @@ TEST_F(FormViewTest, KeysMoveASliderAndARefusedPlaceIsDrawnBack) {
   EXPECT_EQ(widget.value(), 1);
 }
 
+/// A notch of the wheel as the desktop sends it: the toolkit may give the focus away first.
+void TurnWheel(QWidget& widget) {
+  QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+                    Qt::NoScrollPhase, false);
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  (void)qApp->notify(&widget, &event);
+}
+
 TEST_F(FormViewTest, AWheelMovesNothingButTheScrollBar) {
-  const auto turn = [this](std::string_view id) {
+  for (const char* id : {"page.limit", "page.mode"}) Log(window_.Control<ComboBox>(id));
+  window_.Control<OptionButton>("page.zoom").on_click = [this] { log_ += "zoom "; };
+  for (const char* id : {"page.lod", "page.limit", "page.mode", "page.normal", "page.zoom"}) {
     auto& widget = window_.Widget<QWidget>(id);
-    widget.setFocus();
-    QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&widget, &event);
-  };
-  Log(window_.Control<ComboBox>("page.limit"));
-  Log(window_.Control<ComboBox>("page.mode"));
-  for (const char* id : {"page.lod", "page.limit", "page.mode", "main.group-scroll-bar"}) turn(id);
+    auto& elsewhere = window_.Widget<QWidget>("page.apply");
+    for (QWidget* focused : {&widget, &elsewhere}) {
+      focused->setFocus();
+      TurnWheel(widget);
+      EXPECT_TRUE(focused->hasFocus()) << id;
+    }
+  }
+  TurnWheel(*window_.Widget<QComboBox>("page.mode").lineEdit());
   EXPECT_EQ(window_.Control<Slider>("page.lod").Value(), 0);
   EXPECT_EQ(log_, "");
+  TurnWheel(window_.Widget<QWidget>("main.group-scroll-bar"));
   EXPECT_GT(window_.Control<Slider>("main.group-scroll-bar").Value(), 1);
 }
 
@@ -291,7 +319,7 @@ TEST_F(FormViewTest, TabVisitsTheVisiblePageInTheOrderOfTheForm) {
   window_.Control<Frame>("page").SetVisible(false);
   window_.Control<Frame>("other").SetVisible(true);
   const std::vector<std::string> second_page = {"main.dx", "main.group-scroll-bar", "other.lines",
-                                                "other.path", "main.help"};
+                                                "other.path", "other.link", "main.help"};
   EXPECT_EQ(TabRound(start), second_page);
 }
 

@@ -31,6 +31,8 @@ constexpr ControlRow kControls[] = {
     Row(Kind::kList, "other.lines", "other", {120, 300, 1800, 1500}),
     Row(Kind::kLabel, "other.note", "other", {2000, 300, 1800, 255}).Design("Note"),
     Row(Kind::kReadOnlyText, "other.path", "other", {2000, 700, 1800, 330}).Initial("fixed"),
+    Row(Kind::kLink, "other.link", "other", {120, 1650, 1800, 255}).Design("More"),
+    Row(Kind::kPicture, "other.picture", "other", {2000, 1500, 1800, 300}),
     Row(Kind::kBar, "other.bar", "other", {2000, 1100, 0, 255}),
     Row(Kind::kGraph, "other.graph", "other", {4000, 300, 3000, 1500}),
     Row(Kind::kCheck, "main.help", "main", {120, 5300, 3000, 255}),
