@@ -9,7 +9,6 @@ namespace {
 
 using test::Driven;
 using test::FakeMachine;
-using test::Joined;
 
 constexpr std::string_view kMode = "direct3d.antialiasing.antialiasing-mode";
 constexpr std::string_view kGlMode = "opengl.antialiasing.antialiasing-mode";
@@ -17,8 +16,6 @@ constexpr std::string_view kTransparency = "direct3d.antialiasing.transparency-a
 constexpr std::string_view kGlTransparency = "opengl.antialiasing.transparency-antialiasing";
 constexpr std::string_view kGamma = "direct3d.antialiasing.gamma-correct-antialiasing";
 constexpr std::string_view kGlGamma = "opengl.antialiasing.gamma-correct-antialiasing";
-constexpr std::string_view kMipmaps = "direct3d.filtering.force-mipmaps";
-constexpr std::string_view kGlMipmaps = "opengl.filtering.force-mipmaps";
 
 std::string Flags(const Driven& driven) {
   return driven.Text(kTransparency) + "/" + driven.Text(kGlTransparency) + " " +
@@ -38,11 +35,11 @@ TEST(ShownValuesTest, FlagsThatGoWithTheModeAreNoLongerShown) {
     EXPECT_EQ(Flags(driven), "Supersampling/Supersampling on/on");
     machine.TakeTrace();
     driven.Use(each.control, each.use);
-    EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3DOGL_70835937", 0));
+    EXPECT_EQ(machine.TakeShortTrace(), "D3D D3DOGL_70835937 = 0");
     EXPECT_EQ(Flags(driven), "Disabled/Disabled off/off");
     for (const std::string_view gamma : {kGamma, kGlGamma}) {
       driven.Tick(gamma);
-      EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3DOGL_70835937", 0));
+      EXPECT_EQ(machine.TakeShortTrace(), "D3D D3DOGL_70835937 = 0");
       EXPECT_EQ(Flags(driven), "Disabled/Disabled off/off") << gamma;
     }
   }
@@ -56,18 +53,7 @@ TEST(ShownValuesTest, AtRelease5000TheOpenGLPagesModeIsTheCurrentOne) {
   EXPECT_EQ(driven.Text(kMode), "Auto");  // the pages don't mirror each other yet
   machine.TakeTrace();
   driven.Tick(kGlGamma);
-  EXPECT_EQ(Joined(machine.TakeTrace()), machine.Direct3DLine("D3DOGL_70835937", 0x10100010));
-}
-
-TEST(ShownValuesTest, MipmapsGoToTheTwinOnTheOldestDriverToo) {
-  FakeMachine machine({.family = 0, .driver = 2280});
-  Driven driven(machine);
-  machine.TakeTrace();
-  driven.Choose(kMipmaps, "Trilinear");
-  EXPECT_EQ(driven.Text(kGlMipmaps), "Trilinear");
-  driven.Choose(kGlMipmaps, "Bilinear");
-  EXPECT_EQ(driven.Text(kMipmaps), "Bilinear");
-  EXPECT_EQ(Joined(machine.TakeTrace()), "");
+  EXPECT_EQ(machine.TakeShortTrace(), "D3D D3DOGL_70835937 = 0x10100010");
 }
 
 TEST(ShownValuesTest, AStoredCountThatIsTheCardsHighestIsCalledTheDefault) {
