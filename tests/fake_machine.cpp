@@ -163,17 +163,17 @@ std::string FakeMachine::InterfaceKey(std::string_view name) const {
 
 void FakeMachine::Store(std::string_view key, std::string_view name, std::string_view value) {
   std::istringstream words{std::string(value)};
-  std::string word;
-  words >> word;
-  const RegType type = ParseType(word).value();
+  std::string type;
+  words >> type;
   std::vector<std::string> data;
-  while (words >> word) data.push_back(word);
+  for (std::string word; words >> word;) data.push_back(word);
   const KeyAddress address = AddressOf(key);
   RegHandle handle = 0;
   ASSERT_EQ(registry_->CreateKey(address.root, address.path, handle), RegStatus::kSuccess);
   const auto bytes = ParseData(type, data);
   ASSERT_TRUE(bytes) << value;
-  EXPECT_EQ(registry_->SetValue(handle, name, type, *bytes), RegStatus::kSuccess);
+  EXPECT_EQ(registry_->SetValue(handle, name, ParseType(type).value(), *bytes),
+            RegStatus::kSuccess);
   registry_->CloseKey(handle);
 }
 

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "cli/control_text.h"
 #include "platform/open_key.h"
 #include "platform/reg_file.h"
 #include "platform/value_text.h"
@@ -34,7 +33,7 @@ std::optional<KeyAddress> KeyOf(const Run& run) {
 }
 
 Json ValueJson(RegType type, std::span<const std::byte> data) {
-  return {{"type", platform::TypeText(type)}, {"data", platform::DataText(type, data)}};
+  return {{"type", platform::TypeText(type, data)}, {"data", platform::DataText(type, data)}};
 }
 
 }  // namespace
@@ -71,9 +70,9 @@ Status WriteRegistry(Run& run, Session& session) {
                          "\" is no type: REG_DWORD, REG_BINARY, REG_SZ or TYPE_ and a number.");
     return Status::kWrongUsage;
   }
-  const auto data = platform::ParseData(*type, run.arguments.List("DATA"));
+  const auto data = platform::ParseData(type_text, run.arguments.List("DATA"));
   if (!data) {
-    run.streams.Complain("the data is no " + platform::TypeText(*type) + ".");
+    run.streams.Complain("the data is no " + type_text + ".");
     return Status::kWrongUsage;
   }
   RegistryApi& registry = session.Registry();
@@ -112,14 +111,14 @@ Status ListRegistry(Run& run, Session& session) {
   run.out.BeginList();
   for (const std::string& name : keys) {
     run.out.Item({{"key", name}});
-    run.out.Line(name + "\\");
+    run.out.Line(platform::EscapedText(name) + "\\");
   }
   for (const StoredValue& value : values) {
-    const std::string name = platform::ValueNameText(value.name);
-    Json item = {{"name", name}};
+    Json item = {{"name", value.name.empty() ? "@" : value.name}};
     item.update(ValueJson(value.type, value.data));
     run.out.Item(std::move(item));
-    run.out.Line(OneLine(name) + '\t' + platform::ValueText(value.type, value.data));
+    run.out.Line(platform::ValueNameText(value.name) + '\t' +
+                 platform::ValueText(value.type, value.data));
   }
   return Status::kDone;
 }

@@ -100,12 +100,12 @@ RegStatus TracingRegistry::EndChanges(bool keep) {
 
 void TracingRegistry::TellWrite(const KeyAddress& key, std::string_view name, RegType type,
                                 std::span<const std::byte> data) {
-  trace_.Tell(TraceKind::kChange, "write\t" + KeyText(key.root, key.path) + "\t" +
+  trace_.Tell(TraceKind::kChange, "write\t" + EscapedText(KeyText(key.root, key.path)) + "\t" +
                                       ValueNameText(name) + "\t" + ValueText(type, data));
 }
 
 void TracingRegistry::TellDelete(const std::string& key, std::string_view name) {
-  trace_.Tell(TraceKind::kChange, "delete\t" + key + "\t" + ValueNameText(name));
+  trace_.Tell(TraceKind::kChange, "delete\t" + EscapedText(key) + "\t" + ValueNameText(name));
 }
 
 bool TracingShell::StartCommand(std::string_view command_line, WindowState window) {

@@ -22,8 +22,9 @@ constexpr TypeRow kTypes[] = {
 
 constexpr std::string_view kOtherType = "TYPE_";
 
+constexpr std::string_view kDigits = "0123456789ABCDEF";
+
 std::string HexText(std::span<const std::byte> data) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text;
   for (const std::byte byte : data) {
     if (!text.empty()) text += ' ';
@@ -33,26 +34,26 @@ std::string HexText(std::span<const std::byte> data) {
   return text;
 }
 
+/// The name of a type; nothing for one without.
+std::optional<std::string_view> NameOf(RegType type) {
+  for (const TypeRow& row : kTypes) {
+    if (row.type == type) return row.name;
+  }
+  return std::nullopt;
+}
+
+/// Whether data have the size that their type gives them.
+bool IsWellFormed(RegType type, std::span<const std::byte> data) {
+  if (type == RegType::kDword) return data.size() == kDwordSize;
+  if (type != RegType::kSz) return true;
+  const auto end = std::find(data.begin(), data.end(), std::byte{0});
+  return end != data.end() && end + 1 == data.end();
+}
+
 std::string StringText(std::span<const std::byte> data) {
   std::string text;
-  for (const std::byte byte : data) {
-    const char c = std::to_integer<char>(byte);
-    if (c == '\0') break;
-    switch (c) {
-      case '\n':
-        text += "\\n";
-        break;
-      case '\r':
-        text += "\\r";
-        break;
-      case '\t':
-        text += "\\t";
-        break;
-      default:
-        text += c;
-    }
-  }
-  return text;
+  for (const std::byte byte : data.first(data.size() - 1)) text += std::to_integer<char>(byte);
+  return EscapedText(text);
 }
 
 std::optional<std::vector<std::byte>> ParseDword(std::string_view text) {
@@ -94,12 +95,32 @@ std::vector<std::byte> StringData(const std::vector<std::string>& words) {
 
 }  // namespace
 
-std::string ValueNameText(std::string_view name) { return name.empty() ? "@" : std::string(name); }
-
-std::string TypeText(RegType type) {
-  for (const TypeRow& row : kTypes) {
-    if (row.type == type) return std::string(row.name);
+std::string EscapedText(std::string_view text) {
+  constexpr int kFirstPrintable = 0x20;
+  constexpr char kDelete = 0x7F;
+  std::string line;
+  for (const char c : text) {
+    if (c == '\n') {
+      line += "\\n";
+    } else if (c == '\r') {
+      line += "\\r";
+    } else if (c == '\t') {
+      line += "\\t";
+    } else if ((c >= 0 && c < kFirstPrintable) || c == kDelete) {
+      line += "\\x";
+      line += kDigits[static_cast<std::size_t>(c) >> 4];
+      line += kDigits[static_cast<std::size_t>(c) & 15];
+    } else {
+      line += c;
+    }
   }
+  return line;
+}
+
+std::string ValueNameText(std::string_view name) { return name.empty() ? "@" : EscapedText(name); }
+
+std::string TypeText(RegType type, std::span<const std::byte> data) {
+  if (const auto name = NameOf(type); name && IsWellFormed(type, data)) return std::string(*name);
   return std::string(kOtherType) + std::to_string(static_cast<std::uint32_t>(type));
 }
 
@@ -114,22 +135,21 @@ std::optional<RegType> ParseType(std::string_view text) {
 }
 
 std::string DataText(RegType type, std::span<const std::byte> data) {
+  if (!IsWellFormed(type, data)) return HexText(data);
   if (type == RegType::kSz) return StringText(data);
-  if (type == RegType::kDword && data.size() == kDwordSize) return std::to_string(DwordOf(data));
-  return HexText(data);
+  return type == RegType::kDword ? std::to_string(DwordOf(data)) : HexText(data);
 }
 
 std::string ValueText(RegType type, std::span<const std::byte> data) {
-  const bool odd_dword = type == RegType::kDword && data.size() != kDwordSize;
-  std::string text = odd_dword ? std::string(kOtherType) + "4" : TypeText(type);
   const std::string shown = DataText(type, data);
-  return shown.empty() ? text : text + " " + shown;
+  return TypeText(type, data) + (shown.empty() ? "" : " ") + shown;
 }
 
-std::optional<std::vector<std::byte>> ParseData(RegType type,
+std::optional<std::vector<std::byte>> ParseData(std::string_view type,
                                                 const std::vector<std::string>& words) {
-  if (type == RegType::kSz) return StringData(words);
-  if (type == RegType::kDword) {
+  if (type.starts_with(kOtherType)) return ParseHex(words);
+  if (SameWithoutCase(type, NameOf(RegType::kSz).value())) return StringData(words);
+  if (SameWithoutCase(type, NameOf(RegType::kDword).value())) {
     return words.size() == 1 ? ParseDword(words.front()) : std::nullopt;
   }
   return ParseHex(words);

@@ -263,6 +263,13 @@ TEST_F(CommandLineTest, TheRegistryIsWorkedOnWithoutTheDriversRules) {
       {"d", {"REG_BINARY", "0102", "FF"}, "REG_BINARY 01 02 FF\n"},
       {"e", {"REG_SZ", "two", "words"}, "REG_SZ two words\n"},
       {"f", {"TYPE_7", "4100"}, "TYPE_7 41 00\n"},
+      {"g", {"TYPE_4", "01", "02"}, "TYPE_4 01 02\n"},
+      {"h", {"TYPE_4", "01020000"}, "REG_DWORD 513\n"},
+      {"i", {"TYPE_1", "41"}, "TYPE_1 41\n"},
+      {"j", {"TYPE_1", "4100"}, "REG_SZ A\n"},
+      {"k", {"TYPE_1", "41004200"}, "TYPE_1 41 00 42 00\n"},
+      {"l", {"TYPE_1"}, "TYPE_1\n"},
+      {"m\x1b\r", {"REG_SZ", "a\tb\x01"}, "REG_SZ a\\tb\\x01\n"},
       {"@", {"REG_SZ", "default"}, "REG_SZ default\n"}};
   for (const auto& [name, data, shown] : values) {
     std::vector<std::string> write = {"registry", "write", key, name};
@@ -278,7 +285,13 @@ TEST_F(CommandLineTest, TheRegistryIsWorkedOnWithoutTheDriversRules) {
   EXPECT_EQ(Run({"registry", "list", key + "2"}).status, 1);
   EXPECT_EQ(Out({"registry", "list", key}),
             "Sub\\\n@\tREG_SZ default\na\tREG_DWORD -1\nb\tREG_DWORD -1\nc\tREG_DWORD 16\n"
-            "e\tREG_SZ two words\nf\tTYPE_7 41 00\n");
+            "e\tREG_SZ two words\nf\tTYPE_7 41 00\ng\tTYPE_4 01 02\nh\tREG_DWORD 513\n"
+            "i\tTYPE_1 41\nj\tREG_SZ A\nk\tTYPE_1 41 00 42 00\nl\tTYPE_1\n"
+            "m\\x1B\\r\tREG_SZ a\\tb\\x01\n");
+  EXPECT_EQ(Run({"--trace", "registry", "delete", key, "m\x1b\r"}).err,
+            "delete\tHKCU\\Software\\Test\tm\\x1B\\r\n");
+  const auto json = nlohmann::json::parse(Out({"--json", "registry", "read", key, "g"}));
+  EXPECT_EQ(json, nlohmann::json({{"type", "TYPE_4"}, {"data", "01 02"}}));
 }
 
 TEST_F(CommandLineTest, DataIsStoredAsItStands) {

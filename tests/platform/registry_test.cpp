@@ -50,7 +50,11 @@ class RegistryTest : public testing::TestWithParam<RegistryKind> {
     EXPECT_EQ(Registry().ListKeys(key, names), RegStatus::kSuccess);
     std::string tree;
     for (const StoredValue& value : values) {
-      tree += ValueNameText(value.name) + "=" + DataText(value.type, value.data) + " ";
+      tree += ValueNameText(value.name) + "=";
+      for (const std::byte byte : value.data) {
+        if (byte != std::byte{0}) tree += std::to_integer<char>(byte);
+      }
+      tree += ' ';
     }
     for (const std::string& name : names) {
       paths_.push_back(paths_.back().empty() ? name : paths_.back() + "\\" + name);
