@@ -149,6 +149,9 @@ class TextBox : public Control {
   bool Type(std::string text);
   void PassOn(std::string text);
   void ShowText(std::string text) { (void)Take(std::move(text)); }
+  /// What Enter presses while the focus is here; null leaves it to the window.
+  Control* DefaultKey() const { return default_key_; }
+  void SetDefaultKey(Control* key) { default_key_ = key; }
   /// Whether the text was refused and the box is marked for it. Another text takes the mark away.
   bool Marked() const { return marked_; }
   void SetMarked(bool marked) { Assign(marked_, marked); }
@@ -164,6 +167,7 @@ class TextBox : public Control {
   std::string text_;
   bool takes_typing_ = true;
   bool marked_ = false;
+  Control* default_key_ = nullptr;
 };
 
 /// A slider or a scroll bar: a whole number in a range, both ends included.

@@ -6,6 +6,7 @@
 
 #include "platform/case_fold.h"
 #include "platform/utf8.h"
+#include "ui/face/builder.h"
 #include "ui/forms/form.h"
 
 namespace kestrune::face {
@@ -51,6 +52,33 @@ std::size_t TakeLetter(std::string_view caption, std::set<std::string>& taken) {
   return caption.size();
 }
 
+/// A caption up to its colon, behind which the value stands.
+std::string_view NamePart(std::string_view caption) { return caption.substr(0, caption.find(':')); }
+
+constexpr std::size_t kNowhere = std::string_view::npos;
+
+std::string Marked(std::string_view caption, std::size_t at) {
+  if (at >= caption.size()) return WithoutMnemonic(caption);
+  return WithoutMnemonic(caption.substr(0, at)) + "&" + WithoutMnemonic(caption.substr(at));
+}
+
+/// Keys of the toolbar, and labels that name something that takes the focus.
+bool IsReachedByLetter(const forms::Form& form, const controls::Control& control) {
+  if (dynamic_cast<const controls::ToolKey*>(&control) != nullptr) {
+    return dynamic_cast<const controls::ToolKey*>(control.Parent()) == nullptr;
+  }
+  const auto* label = dynamic_cast<const controls::Label*>(&control);
+  return label != nullptr && label->Names() != nullptr &&
+         TakesFocus(*form.Find(label->Names()->Id()));
+}
+
+/// What of the window's own parts a control stands in; the window itself for such a part.
+const controls::Control& PartOf(const controls::Control& control) {
+  const controls::Control* part = &control;
+  while (part->Parent() != nullptr && part->Parent()->Parent() != nullptr) part = part->Parent();
+  return part == &control ? control.Root() : *part;
+}
+
 bool IsPressed(controls::Control& control) {
   return dynamic_cast<controls::Button*>(&control) != nullptr ||
          dynamic_cast<controls::ToolKey*>(&control) != nullptr ||
@@ -77,9 +105,7 @@ controls::Label* LabelOf(const forms::Form& form, const controls::Control& contr
 
 std::string SpokenName(const controls::Control& control, const controls::Label* label) {
   if (!control.Caption().empty()) return control.Caption();
-  const std::string_view named = label == nullptr ? std::string_view() : label->Caption();
-  // What stands behind the colon is the value.
-  const std::string name = Trimmed(named.substr(0, named.find(':')));
+  const std::string name = label == nullptr ? std::string() : Trimmed(NamePart(label->Caption()));
   if (!name.empty()) return name;
   return control.ToolTip().empty() ? ReadableName(control.Id()) : control.ToolTip();
 }
@@ -102,12 +128,24 @@ std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions)
   std::set<std::string> taken;
   std::vector<std::string> result;
   for (const std::string& caption : captions) {
-    const std::size_t at = TakeLetter(caption, taken);
-    const std::string_view text = caption;
-    result.push_back(WithoutMnemonic(text.substr(0, at)) + (at < text.size() ? "&" : "") +
-                     WithoutMnemonic(text.substr(at)));
+    result.push_back(Marked(caption, TakeLetter(caption, taken)));
   }
   return result;
+}
+
+std::string CaptionWithMnemonic(const forms::Form& form, const controls::Control& control) {
+  std::set<std::string> taken;
+  // What stands on the window itself is seen on each page, so it chooses first.
+  for (const controls::Control* part : {&control.Root(), &PartOf(control)}) {
+    for (const auto& each : form.Controls()) {
+      if (&PartOf(*each) != part || !IsReachedByLetter(form, *each)) continue;
+      const std::string_view name = NamePart(each->Caption());
+      const std::size_t at = TakeLetter(name, taken);
+      if (each.get() != &control) continue;
+      return Marked(control.Caption(), at < name.size() ? at : kNowhere);
+    }
+  }
+  return WithoutMnemonic(control.Caption());
 }
 
 }  // namespace kestrune::face

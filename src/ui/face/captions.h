@@ -32,6 +32,11 @@ std::string TipOf(controls::Control& control, const std::string& spoken_name, bo
 /// A caption that a toolkit may look for mnemonics in, with nothing in it taken for one.
 std::string WithoutMnemonic(std::string_view caption);
 
+/// A caption for a toolkit that looks for mnemonics: with a letter for what Alt and that letter
+/// reach, which are the keys of the toolbar and the labels of controls on the same page. No two of
+/// these have the same. Others get none.
+std::string CaptionWithMnemonic(const forms::Form& form, const controls::Control& control);
+
 /// Captions with a mnemonic each: the first letter or digit that no caption before it has taken.
 /// One whose letters are all taken gets none.
 std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions);

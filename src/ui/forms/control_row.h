@@ -39,6 +39,11 @@ struct Action {
     kOpenControlPanelItem,  ///< `target` is the item
     kOpenWebPage,           ///< `target` is the address
     kOpenWindow,            ///< `target` is the window's id
+    kShowPageBefore,        ///< goes to the page before, by index, that the window can reach
+    kShowPageAfter,         ///< likewise to the one after
+    kStepBack,              ///< closes help, else the window, unless that is the main one
+    kExplain,               ///< shows the help topic of the control with the focus
+    kReadAgain,             ///< shows the driver's and the control panel's values as they are now
     kNothing,               ///< said by a key that leads nowhere yet
   };
   Kind kind = Kind::kNone;
@@ -72,6 +77,7 @@ struct ControlRow {
   bool enabled = true;
   bool visible = true;
   Action action = {};
+  std::string_view default_key = {};  ///< of a text box: id of the button that Enter in it presses
 
   constexpr ControlRow Design(std::string_view caption) const {
     ControlRow row = *this;
@@ -118,6 +124,11 @@ struct ControlRow {
   constexpr ControlRow Hidden() const {
     ControlRow row = *this;
     row.visible = false;
+    return row;
+  }
+  constexpr ControlRow Enters(std::string_view button) const {
+    ControlRow row = *this;
+    row.default_key = button;
     return row;
   }
   constexpr ControlRow Does(Action::Kind what, std::string_view target = {}) const {

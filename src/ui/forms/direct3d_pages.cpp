@@ -69,8 +69,7 @@ constexpr ControlRow kFilteringRows[] = {
         .Help(2),
     Row(Kind::kLabel, "direct3d.filtering.texture-lod-bias-label", kFiltering,
         {150, 2745, 3000, 255}, 118)
-        .Names("direct3d.filtering.texture-lod-bias")
-        .Help(1),
+        .Names("direct3d.filtering.texture-lod-bias"),
     Row(Kind::kSlider, "direct3d.filtering.texture-lod-bias", kFiltering, {150, 3015, 3000, 390})
         .Help(1)
         .Range(-24, 24, 0),

@@ -138,6 +138,9 @@ void Form::Add(std::span<const ControlRow> rows) {
   }
   for (const ControlRow& row : rows) {
     if (!row.names.empty()) Get<controls::Label>(row.id).SetNames(Find(row.names));
+    if (!row.default_key.empty()) {
+      Get<controls::TextBox>(row.id).SetDefaultKey(Find(row.default_key));
+    }
   }
 }
 

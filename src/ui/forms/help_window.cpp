@@ -81,12 +81,15 @@ constexpr ControlRow kRows[] = {
          "defined by selected Intellisample mode."),
 };
 
+constexpr ShortcutRow kShortcuts[] = {{"Esc", {Action::Kind::kStepBack}}};
+
 }  // namespace
 
 const WindowRow kHelpWindow = {
     .window = Row(Kind::kWindow, "help", "", kWindowBounds).Design("Help System").Hidden(),
     .controls = kRows,
-    .owner = "main"};
+    .owner = "main",
+    .shortcuts = kShortcuts};
 
 HelpWindow::HelpWindow(const Shared& shared)
     : state_(shared.state),
@@ -104,16 +107,31 @@ void HelpWindow::TakeCloseBox() {
 
 void HelpWindow::Connect(const Form& form) {
   for (const ControlRow& row : form.Rows()) {
-    if (row.help == kNoTopic) continue;
-    form.Get<controls::Control>(row.id).on_hover = [this, topic = row.help] {
-      ShowHelpTopic(topic);
-    };
+    if (row.help != kNoTopic) topics_[form.Find(row.id)] = row.help;
   }
+  for (const ControlRow& row : form.Rows()) {
+    const auto found = topics_.find(form.Find(row.names.empty() ? row.id : row.names));
+    if (found == topics_.end()) continue;
+    form.Find(row.id)->on_hover = [this, topic = found->second] { ShowHelpTopic(topic); };
+  }
+}
+
+void HelpWindow::Explain(const controls::Control* control) {
+  if (state_.HelpSystemEnabled == 0) return;
+  ForgetTopic();
+  while (control != nullptr && !topics_.contains(control)) control = control->Parent();
+  if (control != nullptr) ShowHelpTopic(topics_.at(control));
 }
 
 void HelpWindow::ForgetTopic() { state_.LastHelpTopic = kNoTopicShown; }
 
 void HelpWindow::Close() { windows_.Close(window_); }
+
+bool HelpWindow::UseClose() {
+  if (!window_.Visible()) return false;
+  window_.UseClose();
+  return true;
+}
 
 void HelpWindow::ShowHelpTopic(int topic) {
   if (state_.HelpSystemEnabled == 0 || topic == state_.LastHelpTopic) return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "ui/forms/form.h"
 #include "ui/forms/shared.h"
 
@@ -19,17 +21,24 @@ class HelpWindow {
 
   /// Sees to the window's own close box.
   void TakeCloseBox();
-  /// Lets a mouse over a form's controls show the topics that their rows name.
+  /// Lets a mouse over a form's controls, and over their labels, show the topics that their rows
+  /// name.
   void Connect(const Form& form);
   /// Shows a topic, 0 to 14, beside the main window, unless it is the one shown last or the help
   /// system is off.
   void ShowHelpTopic(int topic);
+  /// Shows the topic of a control, or of the nearest around it that has one, also when it was the
+  /// last. Null has none.
+  void Explain(const controls::Control* control);
   /// Lets the topic shown last be shown again.
   void ForgetTopic();
   void Close();
+  /// Closes it as a person does; false when it isn't open.
+  bool UseClose();
 
  private:
   core::ProgramState& state_;
+  std::map<const controls::Control*, int> topics_;
   const controls::ControlSet& controls_;
   Windows& windows_;
   controls::Window& window_;

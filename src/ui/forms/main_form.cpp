@@ -69,11 +69,18 @@ constexpr ControlRow kLowerPanel[] = {
     Row(Kind::kPicture, "main.help-system-picture", "main", {7275, 5640, 720, 720}),
 };
 
+constexpr ShortcutRow kShortcuts[] = {{"Ctrl+PageUp", {kShowPageBefore}},
+                                      {"Ctrl+PageDown", {kShowPageAfter}},
+                                      {"Esc", {kStepBack}},
+                                      {"F1", {kExplain}},
+                                      {"F5", {kReadAgain}}};
+
 }  // namespace
 
 const WindowRow kMainWindow = {
     .window = Row(Kind::kWindow, "main", "", {0, 0, kMainWidth, kLowHeight}).Design("Kestrune SE"),
-    .controls = kToolbar};
+    .controls = kToolbar,
+    .shortcuts = kShortcuts};
 
 MainForm::MainForm() : Form(kMainWindow) {
   for (const PageRow& page : kPages) {
@@ -81,6 +88,19 @@ MainForm::MainForm() : Form(kMainWindow) {
     Add(page.controls);
   }
   Add(kLowerPanel);
+}
+
+const controls::Control* MainForm::WayTo(int page) const {
+  const PageRow& wanted = kPages[static_cast<std::size_t>(page)];
+  const controls::Control* way = nullptr;
+  for (const PageRow& row : kPages) {
+    const controls::Control* key = Find(row.key);
+    if (!key->Usable()) continue;
+    if (row.id == wanted.id) return key;
+    const bool is_beside = row.group == wanted.group && row.group != Group::kNone;
+    if (is_beside && way == nullptr) way = key;
+  }
+  return way;
 }
 
 controls::Frame& MainForm::Page(int index) const {

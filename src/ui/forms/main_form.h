@@ -19,6 +19,9 @@ class MainForm : public Form {
   MainForm();
 
   controls::Frame& Page(int index) const;
+  /// What a person uses to get to a page: its own key, or one of its group, whose scroll bar goes
+  /// the rest of the way. Null for a page that the window can't reach.
+  const controls::Control* WayTo(int page) const;
 };
 
 }  // namespace kestrune::forms

@@ -1,5 +1,7 @@
 #include "ui/forms/navigation.h"
 
+#include "ui/forms/page_groups.h"
+
 namespace kestrune::forms {
 
 Navigation::Navigation(const MainForm& form, const Shared& shared, PageGroups& pages)
@@ -24,6 +26,21 @@ void Navigation::ShowPage() {
     bar_.Show(row.place);
   }
   bar_.SetVisible(row.group != Group::kNone);
+}
+
+int Navigation::PageBeside(int step) const {
+  for (int page = state_.ActivePage + step; IsPage(page); page += step) {
+    if (form_.WayTo(page) != nullptr) return page;
+  }
+  return state_.ActivePage;
+}
+
+void Navigation::ReadAgain() {
+  const core::FlagScope starting(state_.IsStart);
+  const int write_as_binary = registry_.WriteAsBinary;
+  pages_.driver.Read();
+  pages_.control_panel.ReadOptions();
+  registry_.WriteAsBinary = write_as_binary;
 }
 
 void Navigation::GroupScrolled() {

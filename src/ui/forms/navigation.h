@@ -14,6 +14,11 @@ class Navigation {
 
   /// Shows page ActivePage, hides the others and runs what its row says.
   void ShowPage();
+  /// The nearest page that the window can reach, by index, `step` by `step` from the active one on;
+  /// the active one where there is none.
+  int PageBeside(int step) const;
+  /// Reads the driver's and the control panel's values again. WriteAsBinary stays as it was.
+  void ReadAgain();
 
  private:
   void GroupScrolled();

@@ -56,8 +56,7 @@ constexpr ControlRow kFilteringRows[] = {
         .Help(2),
     Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2550, 255},
         118)
-        .Names("opengl.filtering.texture-lod-bias")
-        .Help(1),
+        .Names("opengl.filtering.texture-lod-bias"),
     Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2550, 390})
         .Help(1)
         .Range(-48, 48, 0),

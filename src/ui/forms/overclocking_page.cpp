@@ -43,6 +43,7 @@ constexpr ControlRow kRows[] = {
         .Disabled(),
     Row(Kind::kText, "overclocking.core-clock", kPage, {6150, 1545, 1260, 390})
         .Initial("370")
+        .Enters("overclocking.apply")
         .Tip(231)
         .Disabled(),
     Row(Kind::kLabel, "overclocking.default-memory-speed", kPage, {150, 2130, 3510, 255}, 94)
@@ -55,6 +56,7 @@ constexpr ControlRow kRows[] = {
         .Disabled(),
     Row(Kind::kText, "overclocking.memory-clock", kPage, {6150, 2445, 1260, 390})
         .Initial("760")
+        .Enters("overclocking.apply")
         .Tip(243)
         .Disabled(),
     Row(Kind::kButton, "overclocking.apply", kPage, {3210, 3300, 2025, 435}, 87).Disabled(),

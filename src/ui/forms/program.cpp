@@ -48,8 +48,8 @@ struct Program::Parts {
   detect::Adapter adapter{services.display, registry, versions.state, LangText, controls};
   detect::CardData cards{services.files, adapter.state};
   const settings::Hardware hardware{versions.state, adapter.state, state};
-  const Shared shared{services, state,          registry,      timers, controls, windows,
-                      language, versions.state, adapter.state, cards,  hardware};
+  const Shared shared{services, state,    registry,       timers,        focus, controls,
+                      windows,  language, versions.state, adapter.state, cards, hardware};
 
   PageGroups pages{shared};
   HelpWindow help{shared};

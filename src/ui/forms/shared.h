@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/control_set.h"
+#include "controls/focus.h"
 #include "controls/timer.h"
 #include "core/program_state.h"
 #include "core/registry.h"
@@ -22,6 +23,7 @@ struct Shared {
   core::ProgramState& state;
   core::basRegistry& registry;
   controls::Scheduler& timers;
+  const controls::Focus& focus;
   const controls::ControlSet& controls;
   Windows& windows;
   lang::Language& language;

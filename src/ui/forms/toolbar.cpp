@@ -18,16 +18,17 @@ int PageOfKey(std::string_view key) {
 }  // namespace
 
 void Toolbar::Connect(const Form& form) {
+  controls::Window& window = form.TheWindow();
   for (const ControlRow& row : form.Rows()) {
     if (row.action.kind == Action::Kind::kNone) continue;
-    form.Get<controls::Control>(row.id).on_click = [this, &row] {
-      row.kind == Kind::kKey ? PressKey(row) : Perform(row.action, row.id);
+    form.Get<controls::Control>(row.id).on_click = [this, &row, &window] {
+      row.kind == Kind::kKey ? PressKey(row, window) : Perform(row.action, row.id, window);
     };
   }
   for (const ShortcutRow& row : form.WindowsRow().shortcuts) {
-    form.TheWindow().AddShortcut({.keys = std::string(row.keys),
-                                  .control = &form.TheWindow(),
-                                  .act = [this, &row] { Perform(row.action, {}); }});
+    window.AddShortcut({.keys = std::string(row.keys),
+                        .control = &window,
+                        .act = [this, &row, &window] { Perform(row.action, {}, window); }});
   }
 }
 
@@ -43,13 +44,18 @@ void Toolbar::GoToPage(int page) {
   navigation_.ShowPage();
 }
 
-void Toolbar::PressKey(const ControlRow& row) {
+void Toolbar::PressKey(const ControlRow& row, controls::Window& window) {
   help_.Close();
-  Perform(row.action, row.id);
+  Perform(row.action, row.id, window);
   navigation_.ShowPage();
 }
 
-void Toolbar::Perform(const Action& action, std::string_view key) {
+void Toolbar::StepBack(controls::Window& window) {
+  if (help_.UseClose() || window.Id() == kMainWindow.window.id) return;
+  window.UseClose();
+}
+
+void Toolbar::Perform(const Action& action, std::string_view key, controls::Window& window) {
   const std::string_view target = action.target;
   switch (action.kind) {
     case Action::Kind::kShowPage:
@@ -69,6 +75,21 @@ void Toolbar::Perform(const Action& action, std::string_view key) {
       break;
     case Action::Kind::kOpenWindow:
       windows_.Open(target);
+      break;
+    case Action::Kind::kShowPageBefore:
+      GoToPage(navigation_.PageBeside(-1));
+      break;
+    case Action::Kind::kShowPageAfter:
+      GoToPage(navigation_.PageBeside(1));
+      break;
+    case Action::Kind::kStepBack:
+      StepBack(window);
+      break;
+    case Action::Kind::kExplain:
+      help_.Explain(focus_.Where());
+      break;
+    case Action::Kind::kReadAgain:
+      navigation_.ReadAgain();
       break;
     case Action::Kind::kNone:
     case Action::Kind::kNothing:

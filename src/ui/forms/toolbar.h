@@ -15,6 +15,7 @@ class Toolbar {
         shell_(shared.services.shell),
         windows_(shared.windows),
         navigation_(navigation),
+        focus_(shared.focus),
         help_(help) {}
   Toolbar(const Toolbar&) = delete;
   Toolbar& operator=(const Toolbar&) = delete;
@@ -27,15 +28,18 @@ class Toolbar {
   void GoToPage(int page);
 
  private:
-  void PressKey(const ControlRow& row);
-  /// `key` is the id of the key whose own page an action may name.
-  void Perform(const Action& action, std::string_view key);
+  void PressKey(const ControlRow& row, controls::Window& window);
+  /// `key` is the id of the key whose own page an action may name, `window` that in which it
+  /// happens.
+  void Perform(const Action& action, std::string_view key, controls::Window& window);
+  void StepBack(controls::Window& window);
 
   core::ProgramState& state_;
   const controls::ControlSet& controls_;
   platform::ShellApi& shell_;
   Windows& windows_;
   Navigation& navigation_;
+  const controls::Focus& focus_;
   HelpWindow& help_;
 };
 

@@ -62,7 +62,7 @@ void ComboWidget::RedrawItems() {
 }
 
 void ComboWidget::Redraw() {
-  const bool typing = isEditable() && lineEdit()->hasFocus() && lineEdit()->text() != drawn_text_;
+  const bool typing = HasUnfinishedText() && lineEdit()->hasFocus();
   {
     const QSignalBlocker blocker(this);
     RedrawItems();
@@ -70,9 +70,7 @@ void ComboWidget::Redraw() {
   if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
 }
 
-QString ComboWidget::ShownText() const {
-  return isEditable() ? lineEdit()->text() : drawn_text_;
-}
+QString ComboWidget::ShownText() const { return isEditable() ? lineEdit()->text() : drawn_text_; }
 
 bool ComboWidget::ListIsOpen() const {
   const QWidget* popup = QApplication::activePopupWidget();
@@ -113,6 +111,19 @@ void ComboWidget::paintEvent(QPaintEvent* event) {
   painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
+bool ComboWidget::HasUnfinishedText() const {
+  return isEditable() && lineEdit()->text() != drawn_text_;
+}
+
+bool ComboWidget::event(QEvent* event) {
+  // Escape takes an unfinished text back before it does anything else.
+  const bool is_escape = event->type() == QEvent::ShortcutOverride &&
+                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (!is_escape || !HasUnfinishedText()) return QComboBox::event(event);
+  event->accept();
+  return true;
+}
+
 bool ComboWidget::OpensList(const QKeyEvent& event) const {
   switch (event.key()) {
     case Qt::Key_Up:
@@ -135,12 +146,12 @@ void ComboWidget::keyPressEvent(QKeyEvent* event) {
   const bool is_enter = key == Qt::Key_Return || key == Qt::Key_Enter;
   if (OpensList(*event)) {
     showPopup();
-  } else if (isEditable() && is_enter && lineEdit()->text() != drawn_text_) {
+  } else if (is_enter && HasUnfinishedText()) {
     FinishTyping();
   } else if (is_enter) {
     // The window's default key may want it.
     event->ignore();
-  } else if (isEditable() && key == Qt::Key_Escape && lineEdit()->text() != drawn_text_) {
+  } else if (key == Qt::Key_Escape && HasUnfinishedText()) {
     ShowControlText();
   } else {
     QComboBox::keyPressEvent(event);

@@ -28,6 +28,7 @@ class ComboWidget : public QComboBox {
   void showPopup() override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -35,6 +36,7 @@ class ComboWidget : public QComboBox {
  private:
   void Choose(int position);
   void FinishTyping();
+  bool HasUnfinishedText() const;
   bool OpensList(const QKeyEvent& event) const;
   void ShowControlText();
   void RedrawItems();

@@ -102,8 +102,8 @@ void Face::AfterAct() {
     return;
   }
   if (const std::optional<std::string> failure = failure_.Next()) {
-    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge),
-                    context_, main_view_.get());
+    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge), context_,
+                    main_view_.get());
   }
 }
 

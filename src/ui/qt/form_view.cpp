@@ -165,9 +165,14 @@ void FormView::changeEvent(QEvent* event) {
   }
 }
 
+controls::Control* FormView::DefaultKey() const {
+  const auto* box = dynamic_cast<const controls::TextBox*>(ControlOf(focusWidget()));
+  return box != nullptr && box->DefaultKey() != nullptr ? box->DefaultKey() : window_.DefaultKey();
+}
+
 void FormView::keyPressEvent(QKeyEvent* event) {
   const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  controls::Control* pressed = is_enter                         ? window_.DefaultKey()
+  controls::Control* pressed = is_enter                         ? DefaultKey()
                                : event->key() == Qt::Key_Escape ? window_.CancelKey()
                                                                 : nullptr;
   if (pressed == nullptr) {

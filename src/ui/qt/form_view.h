@@ -44,6 +44,8 @@ class FormView : public QWidget {
   /// Tells the toolkit which label names which widget.
   void TieLabels();
   void ConnectShortcuts();
+  /// What Enter presses where the focus is.
+  controls::Control* DefaultKey() const;
   void RedrawWindow();
   void PlaceWindow();
   void ReportPlace();

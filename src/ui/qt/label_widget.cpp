@@ -3,9 +3,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
-#include "ui/face/captions.h"
 #include "ui/qt/focus_mark.h"
-#include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
 
@@ -38,11 +36,13 @@ QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
 
 }  // namespace
 
-void LabelWidget::SetCaption(const QString& caption) {
+void LabelWidget::SetCaption(const QString& caption, const QString& marked) {
   caption_ = caption;
+  marked_ = marked;
   Fit();
-  // The toolkit's own text serves screen readers; what is painted is the caption.
-  setText(ToQt(face::WithoutMnemonic(caption.toStdString())));
+  // The toolkit's own text serves screen readers and the mnemonic; what is painted is ours.
+  setTextFormat(Qt::PlainText);
+  setText(marked);
 }
 
 void LabelWidget::SetHeading() {
@@ -61,9 +61,13 @@ bool LabelWidget::HasLines() const { return height() >= 2 * fontMetrics().lineSp
 
 void LabelWidget::Fit() {
   fitted_size_ = size();
-  shown_text_ = HasLines() ? Wrapped(caption_, font(), size())
-                           : fontMetrics().elidedText(caption_, Qt::ElideRight, width());
-  is_cut_ = shown_text_.simplified() != caption_.simplified();
+  if (HasLines()) {
+    shown_text_ = Wrapped(caption_, font(), size());
+    is_cut_ = shown_text_.simplified() != caption_.simplified();
+  } else {
+    shown_text_ = fontMetrics().elidedText(marked_, Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    is_cut_ = shown_text_ != marked_;
+  }
 }
 
 void LabelWidget::changeEvent(QEvent* event) {
@@ -80,8 +84,9 @@ void LabelWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   painter.setPen(palette().color(group, QPalette::WindowText));
-  const Qt::AlignmentFlag upright = HasLines() ? Qt::AlignTop : Qt::AlignVCenter;
-  painter.drawText(rect(), Qt::AlignLeft | static_cast<int>(upright), shown_text_);
+  const int layout = HasLines() ? static_cast<int>(Qt::AlignTop)
+                                : static_cast<int>(Qt::AlignVCenter) | Qt::TextShowMnemonic;
+  painter.drawText(rect(), Qt::AlignLeft | layout, shown_text_);
   DrawFocusMark(painter, *this);
 }
 

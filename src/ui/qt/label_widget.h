@@ -10,7 +10,9 @@ class LabelWidget : public QLabel {
  public:
   explicit LabelWidget(QWidget* parent) : QLabel(parent) {}
 
-  void SetCaption(const QString& caption);
+  /// `marked` is the caption with a mnemonic, which leads to the label's buddy. A caption of
+  /// several lines shows none.
+  void SetCaption(const QString& caption, const QString& marked);
   void SetHeading();
   /// Underlines it: the colour that palettes have for links is not legible in all of them.
   void SetLink();
@@ -28,6 +30,7 @@ class LabelWidget : public QLabel {
   void Fit();
 
   QString caption_;
+  QString marked_;
   QString shown_text_;  ///< what fits of the caption at `fitted_size_`
   QSize fitted_size_;
   bool is_cut_ = false;

@@ -11,7 +11,7 @@ StoreNotice::StoreNotice(const QString& sentence, controls::Control& edge, face:
                          QWidget* window)
     : LabelWidget(window) {
   setGeometry(ToQt(context.TheScale().ToPixels(face::NoticeBounds(edge.Bounds()))));
-  SetCaption(sentence);
+  SetCaption(sentence, sentence);
   setToolTip(sentence);
   setAccessibleName(sentence);
   setAutoFillBackground(true);

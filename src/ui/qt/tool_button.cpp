@@ -33,7 +33,7 @@ QIcon IconOf(const controls::Control& key) {
 
 ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, face::Context& context,
                        QWidget* parent)
-    : QToolButton(parent), key_(key), context_(context), items_(KeysIn(form, key)) {
+    : QToolButton(parent), key_(key), form_(form), context_(context), items_(KeysIn(form, key)) {
   setAutoRaise(true);
   setFocusPolicy(Qt::StrongFocus);
   setIcon(IconOf(key));
@@ -62,7 +62,7 @@ void ToolButton::FillMenu() {
 }
 
 void ToolButton::Redraw() {
-  setText(ToQt(face::WithoutMnemonic(key_.Caption())));
+  setText(ToQt(face::CaptionWithMnemonic(form_, key_)));
   const bool has_room_below = height() >= kIconPixels + fontMetrics().height();
   setToolButtonStyle(key_.Caption().empty() ? Qt::ToolButtonIconOnly
                      : has_room_below       ? Qt::ToolButtonTextUnderIcon

@@ -31,6 +31,7 @@ class ToolButton : public QToolButton {
   void FillMenu();
 
   controls::ToolKey& key_;
+  const forms::Form& form_;
   face::Context& context_;
   std::vector<controls::ToolKey*> items_;
 };

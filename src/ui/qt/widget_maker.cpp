@@ -219,8 +219,8 @@ void WidgetMaker::Visit(controls::Label& label) {
   auto* widget = new LabelWidget(parent_);
   if (label.Role() == controls::LabelRole::kHeading) widget->SetHeading();
   if (label.Role() == controls::LabelRole::kLink) widget->SetLink();
-  InputWatcher* watcher = Tie(label, widget, [&label, widget] {
-    widget->SetCaption(CaptionOf(label));
+  InputWatcher* watcher = Tie(label, widget, [this_form = &form_, &label, widget] {
+    widget->SetCaption(CaptionOf(label), ToQt(face::CaptionWithMnemonic(*this_form, label)));
     return widget->IsCut();
   });
   if (label.Role() == controls::LabelRole::kLink) {

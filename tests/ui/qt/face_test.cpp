@@ -36,8 +36,9 @@ class SilentDialog : public platform::DialogApi {
 /// A started program on a machine of its own, and its windows.
 class RunningProgram {
  public:
-  explicit RunningProgram(const QString& store, const QString& program_folder = {})
-      : machine_(Open(store, program_folder)),
+  explicit RunningProgram(const QString& store, const QString& program_folder = {},
+                          const std::string& machine = "winxp-geforce7800")
+      : machine_(Open(store, program_folder, machine)),
         services_(machine_->ServicesFor(dialog_)),
         program_(services_) {
     EXPECT_TRUE(program_.Start(""));
@@ -85,16 +86,23 @@ class RunningProgram {
     }
     return "";
   }
+  int State(std::string_view name) {
+    for (const auto& [row, value] : program_.State()) {
+      if (row == name) return std::get<int>(value);
+    }
+    return -1;
+  }
   std::string Option(std::string_view name) {
     return Stored(RegRoot::kCurrentUser, "Software\\Kestrune", name);
   }
 
  private:
   static std::unique_ptr<platform::Machine> Open(const QString& store,
-                                                 const QString& program_folder) {
+                                                 const QString& program_folder,
+                                                 const std::string& machine) {
     auto opened = platform::portable::PortableMachines().Open(
         {.store = store.toStdString(),
-         .machine = "winxp-geforce7800",
+         .machine = machine,
          .program_folder = program_folder.toStdString()});
     if (!opened) throw std::runtime_error(opened.Reason());
     return std::move(opened).Value();
@@ -222,6 +230,95 @@ TEST_F(FaceTest, HoveringOpensHelpBesideTheWindowAndLeavesTheFocusAlone) {
   EXPECT_FALSE(running.HelpWindow()->isVisible());
   QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(11, 9));
   EXPECT_TRUE(running.HelpWindow()->isVisible());
+}
+
+TEST_F(FaceTest, PageKeysGoThroughThePagesAndPassOverWhatCannotBeReached) {
+  RunningProgram running(NewStore(), {}, "vista-geforce7900");
+  running.TheProgram().GoToPage(0);
+  std::vector<int> pages;
+  for (int i = 0; i < 15; ++i) {
+    QTest::keyClick(&running.Window(), Qt::Key_PageDown, Qt::ControlModifier);
+    pages.push_back(running.TheProgram().ActivePage());
+  }
+  EXPECT_EQ(pages, (std::vector{1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 15}));
+  running.TheProgram().GoToPage(4);
+  QTest::keyClick(&running.Window(), Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(running.TheProgram().ActivePage(), 2);
+}
+
+TEST_F(FaceTest, F1ExplainsTheFocusedControlAndEscapeClosesHelp) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(5);
+  const auto press = [&running](Qt::Key key) { QTest::keyClick(&running.Window(), key); };
+  running.Widget<QWidget>("opengl.filtering.aniso-sample-optimization").setFocus();
+  for (const bool by_help : {false, true}) {
+    press(Qt::Key_F1);
+    ASSERT_NE(running.HelpWindow(), nullptr);
+    EXPECT_TRUE(running.HelpWindow()->isVisible());
+    EXPECT_EQ(running.State("LastHelpTopic"), 5);
+    QWidget& window = by_help ? *running.HelpWindow() : running.Window();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(running.HelpWindow()->isVisible());
+    running.Window().activateWindow();
+  }
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(running.TheProgram().Ended());
+  running.Widget<QWidget>("opengl.filtering.trilinear-quality").setFocus();
+  (void)running.TheProgram().Main().Get<controls::CheckBox>("main.enable-help-system").Use(0);
+  running.Widget<QWidget>("opengl.filtering.aniso-sample-optimization").setFocus();
+  press(Qt::Key_F1);
+  EXPECT_FALSE(running.HelpWindow()->isVisible());
+}
+
+TEST_F(FaceTest, LabelsExplainWhatTheyNameAlsoWhileTheyAreDisabled) {
+  RunningProgram running(NewStore());
+  int explained = 0;
+  for (int page = 0; page < forms::kPageCount; ++page) {
+    running.TheProgram().GoToPage(page);
+    for (const auto& control : running.TheProgram().Main().Controls()) {
+      const auto* label = dynamic_cast<const controls::Label*>(control.get());
+      if (label == nullptr || label->Names() == nullptr || !label->Names()->on_hover) continue;
+      if (running.TheProgram().PageOf(*label) != page) continue;
+      QTest::mouseMove(running.Window().WidgetOf(*label->Names()), QPoint(9, 9));
+      const int topic = running.State("LastHelpTopic");
+      running.HelpWindow()->close();
+      control->SetEnabled(false);
+      QTest::mouseMove(running.Window().WidgetOf(*label), QPoint(9, 9));
+      EXPECT_EQ(running.State("LastHelpTopic"), topic) << label->Id();
+      ++explained;
+    }
+  }
+  EXPECT_EQ(explained, 13);
+}
+
+TEST_F(FaceTest, F5ShowsWhatIsStoredByNow) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(1);
+  running.Pick("direct3d.antialiasing.antialiasing-mode", "4x");
+  const int binary = running.State("WriteAsBinary");
+  auto& mode = running.Widget<QComboBox>("direct3d.antialiasing.antialiasing-mode");
+  running.TheProgram().Main().Get<controls::ComboBox>(mode.objectName().toStdString()).ShowText("");
+  running.TheProgram()
+      .Main()
+      .Get<controls::CheckBox>("control-panel.settings.override-nview-capable")
+      .Show(1);
+  QTest::keyClick(&running.Window(), Qt::Key_F5);
+  EXPECT_EQ(mode.currentText(), "4x");
+  EXPECT_EQ(running.TheProgram().Find("control-panel.settings.override-nview-capable")->ValueText(),
+            "off");
+  EXPECT_EQ(running.State("WriteAsBinary"), binary);
+  EXPECT_EQ(running.State("IsStart"), 0);
+}
+
+TEST_F(FaceTest, ReturnInAClockBoxApplies) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(3);
+  auto& box = running.Widget<QLineEdit>("overclocking.core-clock");
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, "433");
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(running.State("CoreMHz"), 433);
 }
 
 TEST_F(FaceTest, TheFocusIsKnownAndMovesWhereTheProgramSays) {

@@ -318,8 +318,8 @@ TEST_F(FormViewTest, TabVisitsTheVisiblePageInTheOrderOfTheForm) {
   EXPECT_EQ(TabRound(start), first_page);
   window_.Control<Frame>("page").SetVisible(false);
   window_.Control<Frame>("other").SetVisible(true);
-  const std::vector<std::string> second_page = {"main.dx", "main.group-scroll-bar", "other.lines",
-                                                "other.path", "other.link", "main.help"};
+  const std::vector<std::string> second_page = {
+      "main.dx", "main.group-scroll-bar", "other.lines", "other.path", "other.link", "main.help"};
   EXPECT_EQ(TabRound(start), second_page);
 }
 
@@ -424,6 +424,29 @@ TEST_F(FormViewTest, EnterEscapeAndShortcutsPressWhatTheWindowSays) {
   QTest::keyClick(&window_.View(), Qt::Key_Return);
   QTest::keyClick(&window_.View(), Qt::Key_PageDown, Qt::ControlModifier);
   EXPECT_EQ(log_, "apply apply cancel apply ");
+}
+
+TEST_F(FormViewTest, AltAndALetterReachWhatALabelNamesAndPressAKey) {
+  window_.Control<controls::ToolKey>("main.dx").on_click = [this] { log_ += "tools "; };
+  QTest::keyClick(&window_.View(), Qt::Key_M, Qt::AltModifier);
+  EXPECT_TRUE(window_.Widget<QComboBox>("page.mode").hasFocus());
+  QTest::keyClick(&window_.View(), Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return log_ == "tools "; }));
+}
+
+TEST_F(FormViewTest, EscapeTakesAnUnfinishedTextBackAndClosesAListFirst) {
+  window_.Control<controls::ToolKey>("main.one").on_click = [this] { log_ += "cancel "; };
+  auto& mode = window_.Widget<QComboBox>("page.mode");
+  mode.setFocus();
+  QTest::keyClicks(&mode, "!");
+  QTest::keyClick(&mode, Qt::Key_Escape);
+  EXPECT_EQ(mode.currentText(), "Auto");
+  mode.showPopup();
+  QTest::keyClick(mode.view(), Qt::Key_Escape);
+  EXPECT_FALSE(mode.view()->isVisible());
+  EXPECT_EQ(log_, "");
+  QTest::keyClick(&mode, Qt::Key_Escape);
+  EXPECT_EQ(log_, "cancel ");
 }
 
 TEST_F(FormViewTest, AGraphShowsWhatWasDrawnSinceTheLastClearing) {
