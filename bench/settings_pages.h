@@ -34,8 +34,8 @@ class SettingsPages {
     adapter_->FindDisplayAdapter();
     hardware_.emplace(settings::Hardware{versions_->state, adapter_->state, state_});
     cards_.emplace(services_.files, adapter_->state);
-    shared_.emplace(forms::Shared{services_, state_, registry_, timers_, controls_, windows_,
-                                  language_, versions_->state, adapter_->state, *cards_,
+    shared_.emplace(forms::Shared{services_, state_, registry_, timers_, focus_, controls_,
+                                  windows_, language_, versions_->state, adapter_->state, *cards_,
                                   *hardware_});
     driver_.emplace(*shared_);
   }
@@ -49,6 +49,7 @@ class SettingsPages {
   core::basRegistry registry_;
   core::ProgramState state_;
   controls::Scheduler timers_;
+  controls::Focus focus_;
   forms::MainForm main_;
   controls::ControlSet controls_;
   lang::Language language_{registry_, services_.files, dialog_};
