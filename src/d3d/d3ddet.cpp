@@ -6,7 +6,6 @@
 
 namespace kestrune::d3d {
 
-using controls::CheckBox;
 using controls::ComboBox;
 using settings::Special;
 

@@ -7,7 +7,6 @@ namespace {
 using controls::CheckBox;
 using controls::ComboBox;
 using controls::Control;
-using controls::Label;
 using controls::Slider;
 
 template <typename T>

@@ -141,8 +141,8 @@ std::string WhyNot(std::string_view file, const std::string& name) {
   if (LayerOf(folder) == nullptr) return folder + " has no row in the table of layers";
   const Layer* included = IncludedLayer(file, name);
   if (included == nullptr) return WhyNotOutside(folder, name);
-  const bool may = MayInclude(folder, included->folder) ||
-                   IsExcepted(kMainFiles, file, included->folder);
+  const bool may =
+      MayInclude(folder, included->folder) || IsExcepted(kMainFiles, file, included->folder);
   return may ? "" : std::string(included->folder) + " doesn't stand below " + folder;
 }
 

@@ -6,7 +6,6 @@ using controls::CheckBox;
 using controls::ComboBox;
 using controls::ComboChange;
 using settings::Choice;
-using settings::Writer;
 
 namespace {
 
