@@ -32,14 +32,14 @@ PixelRect Scale::ToPixels(const controls::Rect& twips) const {
           ToPixels(twips.top + twips.height) - top};
 }
 
-controls::Rect Scale::Moved(const controls::Rect& known, const PixelRect& shown) const {
-  const PixelRect same = ToPixels(known);
+controls::Rect Scale::Moved(const controls::Rect& known, const PixelRect& shown,
+                            const PixelRect& seen) const {
   const auto moved = [this](int twips, int before, int now) {
     return now == before ? twips : ToTwips(now);
   };
-  return {moved(known.left, same.left, shown.left), moved(known.top, same.top, shown.top),
-          moved(known.width, same.width, shown.width),
-          moved(known.height, same.height, shown.height)};
+  return {moved(known.left, shown.left, seen.left), moved(known.top, shown.top, seen.top),
+          moved(known.width, shown.width, seen.width),
+          moved(known.height, shown.height, seen.height)};
 }
 
 bool HasPlace(const PixelRect& window) { return window.left != 0 || window.top != 0; }

@@ -27,9 +27,10 @@ class Scale {
   int ToPixels(int twips) const;
   int ToTwips(int pixels) const;
   PixelRect ToPixels(const controls::Rect& twips) const;
-  /// Where something is that was at `known` and is seen at `shown` now. Pixels are coarser than
-  /// twips: what looks the same has not changed.
-  controls::Rect Moved(const controls::Rect& known, const PixelRect& shown) const;
+  /// Where something is that stands at `known`, was shown at `shown` and is seen at `seen` now.
+  /// Pixels are coarser than twips, and may be elsewhere: what looks the same has not changed.
+  controls::Rect Moved(const controls::Rect& known, const PixelRect& shown,
+                       const PixelRect& seen) const;
 
  private:
   double pixels_per_twip_;

@@ -103,7 +103,7 @@ void Face::AfterAct() {
   }
   if (const std::optional<std::string> failure = failure_.Next()) {
     new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge), context_,
-                    main_view_.get());
+                    main_view_->Content());
   }
 }
 

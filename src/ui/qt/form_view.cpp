@@ -1,12 +1,17 @@
 #include "ui/qt/form_view.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
+#include <QWindow>
 
 #include "ui/face/context.h"
+#include "ui/face/placement.h"
 #include "ui/qt/label_widget.h"
 #include "ui/qt/to_qt.h"
 
@@ -27,7 +32,7 @@ QKeySequence KeysOf(const controls::Shortcut& shortcut) {
 }  // namespace
 
 FormView::FormView(forms::Form& form, face::Context& context, QWidget* owner)
-    : QWidget(owner, Qt::Window),
+    : QScrollArea(owner),
       form_(form),
       context_(context),
       window_(WindowOf(form)),
@@ -39,7 +44,16 @@ FormView::FormView(forms::Form& form, face::Context& context, QWidget* owner)
             TieLabels();
           }) {
   setObjectName(ToQt(window_.Id()));
-  setMouseTracking(true);
+  setWindowFlags(Qt::Window);
+  setFrameShape(NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setWidget(new QWidget);
+  for (QWidget* each : {static_cast<QWidget*>(this), viewport(), Content()}) {
+    each->setMouseTracking(true);
+  }
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now != nullptr && Content()->isAncestorOf(now)) ensureWidgetVisible(now);
+  });
   if (window_.Modal()) setWindowModality(Qt::ApplicationModal);
   widgets_[&window_] = this;
   ConnectShortcuts();
@@ -66,7 +80,8 @@ const controls::Control* FormView::ControlOf(const QWidget* widget) const {
 }
 
 void FormView::MakeWidget(controls::Control& control) {
-  QWidget* widget = maker_.Make(control, WidgetOf(*control.Parent()));
+  QWidget* parent = control.Parent() == &window_ ? Content() : WidgetOf(*control.Parent());
+  QWidget* widget = maker_.Make(control, parent);
   widgets_[&control] = widget;
   auto* button = qobject_cast<QPushButton*>(widget);
   if (button != nullptr && &control == window_.DefaultKey()) button->setDefault(true);
@@ -111,14 +126,34 @@ void FormView::RedrawWindow() {
 void FormView::PlaceWindow() {
   placed_ = window_.Bounds();
   if (isMaximized() && !window_.Maximised()) setWindowState(windowState() & ~Qt::WindowMaximized);
-  const face::PixelRect bounds = context_.TheScale().ToPixels(window_.Bounds());
-  const QRect place = ToQt(bounds);
-  if (face::HasPlace(bounds) && place.topLeft() != pos()) move(place.topLeft());
+  const face::PixelRect content = context_.TheScale().ToPixels(window_.Bounds());
+  Content()->setFixedSize(content.width, content.height);
+  shown_ = face::Fitted(content, Room(), style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  if (face::StandsBesideOwner(window_)) shown_ = BesideOwner(shown_);
+  const QRect place = ToQt(shown_);
+  if (face::HasPlace(shown_) && place.topLeft() != pos()) move(place.topLeft());
   if (!window_.Resizable()) {
     setFixedSize(place.size());
   } else if (!isMaximized()) {
     resize(place.size());
   }
+}
+
+face::PixelRect FormView::Room() const {
+  const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+  return FromQt(screen()->availableGeometry().marginsRemoved(frame));
+}
+
+face::PixelRect FormView::BesideOwner(const face::PixelRect& window) const {
+  const QWidget* owner = parentWidget();
+  if (owner == nullptr) return window;
+  // The frame of a window that has not been shown is that of its owner.
+  const QSize frame = owner->frameSize() - owner->size();
+  const face::PixelRect place =
+      face::Beside(FromQt(owner->frameGeometry()),
+                   {0, 0, window.width + frame.width(), window.height + frame.height()},
+                   FromQt(owner->screen()->availableGeometry()));
+  return {place.left, place.top, window.width, window.height};
 }
 
 void FormView::ReportPlaceLater() {
@@ -135,14 +170,21 @@ void FormView::ReportPlace() {
   if (isMinimized()) return;
   const bool maximised = isMaximized();
   const controls::Rect& known = window_.Bounds();
-  const controls::Rect bounds =
-      maximised ? known : context_.TheScale().Moved(known, {x(), y(), width(), height()});
+  const face::PixelRect seen = {x(), y(), width(), height()};
+  const controls::Rect bounds = maximised ? known : context_.TheScale().Moved(known, shown_, seen);
   if (bounds == known && maximised == window_.Maximised()) return;
   context_.Act(window_, [&] {
     window_.UseResized(bounds, maximised);
     return true;
   });
   PlaceWindow();
+}
+
+void FormView::showEvent(QShowEvent* event) {
+  QScrollArea::showEvent(event);
+  // Only now does the desktop say how large its frame is.
+  QMetaObject::invokeMethod(
+      this, [this] { PlaceWindow(); }, Qt::QueuedConnection);
 }
 
 void FormView::closeEvent(QCloseEvent* event) {
@@ -155,7 +197,7 @@ void FormView::closeEvent(QCloseEvent* event) {
 }
 
 void FormView::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
+  QScrollArea::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) ReportPlaceLater();
   if (event->type() == QEvent::ActivationChange && isActiveWindow() && window_.on_activate) {
     context_.Act(window_, [this] {
@@ -176,24 +218,24 @@ void FormView::keyPressEvent(QKeyEvent* event) {
                                : event->key() == Qt::Key_Escape ? window_.CancelKey()
                                                                 : nullptr;
   if (pressed == nullptr) {
-    QWidget::keyPressEvent(event);
+    QScrollArea::keyPressEvent(event);
   } else {
     context_.Press(*pressed);
   }
 }
 
 void FormView::moveEvent(QMoveEvent* event) {
-  QWidget::moveEvent(event);
+  QScrollArea::moveEvent(event);
   ReportPlaceLater();
 }
 
 void FormView::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+  QScrollArea::resizeEvent(event);
   ReportPlaceLater();
 }
 
 void FormView::mouseMoveEvent(QMouseEvent* event) {
-  QWidget::mouseMoveEvent(event);
+  QScrollArea::mouseMoveEvent(event);
   context_.Hover(window_);
 }
 

@@ -18,9 +18,12 @@ TEST(ScaleTest, WhatLooksTheSameHasNotChanged) {
   const Scale scale(1.0 / 15);
   const controls::Rect known = {307, 310, 8177, 5620};
   const PixelRect same = scale.ToPixels(known);
-  EXPECT_EQ(scale.Moved(known, same), known);
-  EXPECT_EQ(scale.Moved(known, {40, same.top, same.width, 100}),
+  EXPECT_EQ(scale.Moved(known, same, same), known);
+  EXPECT_EQ(scale.Moved(known, same, {40, same.top, same.width, 100}),
             (controls::Rect{600, 310, 8177, 1500}));
+  // Somewhere else, as where the screen has no room, it is as little told.
+  const PixelRect elsewhere = {200, 0, 300, 300};
+  EXPECT_EQ(scale.Moved(known, elsewhere, elsewhere), known);
 }
 
 TEST(ScaleTest, FollowsTheFontWithinLimits) {

@@ -400,6 +400,20 @@ TEST_F(FormViewTest, TheWindowGrowsWithItsControl) {
   EXPECT_EQ(reports, 0);
 }
 
+TEST_F(FormViewTest, AWindowLargerThanTheScreenScrollsToWhatHasTheFocus) {
+  SampleWindow large(2.5 / 15);
+  FormView& view = large.View();
+  QTest::qWait(20);
+  EXPECT_LE(view.frameGeometry().width(), 1024);
+  EXPECT_LE(view.frameGeometry().height(), 768);
+  EXPECT_EQ(large.Control<controls::Window>("main").Bounds().width, 8175);
+  auto& help = large.Widget<QWidget>("main.help");
+  const auto is_seen = [&help] { return !help.visibleRegion().isEmpty(); };
+  EXPECT_FALSE(is_seen());
+  help.setFocus(Qt::ShortcutFocusReason);
+  EXPECT_TRUE(is_seen());
+}
+
 TEST_F(FormViewTest, AMovedWindowTellsItsPlace) {
   auto& control = window_.Control<controls::Window>("main");
   window_.View().move(40, 50);

@@ -56,8 +56,8 @@ SampleForm::SampleForm() : Form(kWindow) {
       {&Get<controls::OptionButton>("page.normal"), &Get<controls::OptionButton>("page.zoom")});
 }
 
-SampleWindow::SampleWindow()
-    : context_(face::Scale(1.0 / 15), files_, gate_, nullptr),
+SampleWindow::SampleWindow(double pixels_per_twip)
+    : context_(face::Scale(pixels_per_twip), files_, gate_, nullptr),
       view_(std::make_unique<FormView>(form_, context_, nullptr)) {
   view_->FollowWindow();
   view_->activateWindow();

@@ -36,7 +36,7 @@ class SampleForm : public forms::Form {
 /// The sample form, shown on the screen.
 class SampleWindow {
  public:
-  SampleWindow();
+  explicit SampleWindow(double pixels_per_twip = 1.0 / 15);
 
   template <typename T>
   T& Control(std::string_view id) {
