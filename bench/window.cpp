@@ -26,6 +26,6 @@ int main(int argument_count, char** arguments) {
   forms::Program program(services);
   if (!program.Start("")) return 3;
   const qt::Face face(program, services.files, [&machine] { return machine.FirstFailure(); });
-  const bench::EndAfterFirstPaint end(*face.ViewOf(program.Main()));
+  const bench::EndAfterFirstPaint end(*face.ViewOf(program.Main())->Content());
   return QApplication::exec();
 }

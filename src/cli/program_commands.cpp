@@ -7,7 +7,7 @@ namespace kestrune::cli {
 
 Status Pages(Run& run, forms::Program& program) {
   run.out.BeginList();
-  for (int page = 0; page < forms::kPageCount; ++page) {
+  for (int page = 0; page < forms::PageCount(); ++page) {
     const controls::Control& frame = program.Main().Page(page);
     run.out.Item({{"index", page}, {"id", frame.Id()}, {"caption", frame.Caption()}});
     run.out.Line(std::to_string(page) + '\t' + frame.Id() + '\t' + OneLine(frame.Caption()));

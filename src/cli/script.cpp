@@ -146,7 +146,7 @@ void Script::Show(const std::string& id) {
     }
     return;
   }
-  for (int page = 0; page < forms::kPageCount; ++page) {
+  for (int page = 0; page < forms::PageCount(); ++page) {
     if (id.empty() || page == program_.ActivePage()) print(program_.Main(), page);
   }
 }

@@ -52,11 +52,11 @@ void ListPages(Listing& listing) {
   listing.Section("pages: index, id and key -> caption, place in the group, the group's pages");
   FakeMachine machine;
   Driven driven(machine);
-  for (int index = 0; index < forms::kPageCount; ++index) {
+  for (int index = 0; index < forms::PageCount(); ++index) {
     const forms::PageRow& page = forms::kPages[static_cast<std::size_t>(index)];
     driven.Press(page.key);
     EXPECT_EQ(driven.State("ActivePage"), std::to_string(index));
-    for (int other = 0; other < forms::kPageCount; ++other) {
+    for (int other = 0; other < forms::PageCount(); ++other) {
       EXPECT_EQ(driven.program.Main().Page(other).Visible(), other == index) << page.id;
     }
     listing.Line(

@@ -114,7 +114,7 @@ class Photographer {
   }
 
   void TakePages() {
-    for (int page = 0; page < forms::kPageCount; ++page) {
+    for (int page = 0; page < forms::PageCount(); ++page) {
       const std::string_view id = forms::kPages[static_cast<std::size_t>(page)].id;
       GoTo(id);
       const QString name = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));

@@ -47,7 +47,7 @@ void LowerPanel::ConnectPanel(const MainForm& form) {
   form.Get<controls::Label>("main.lower-panel-edge").on_hover = [this] {
     growing_.SetEnabled(true);
   };
-  for (int page = 0; page < kPageCount; ++page) {
+  for (int page = 0; page < PageCount(); ++page) {
     form.Page(page).on_hover = [this] { shrinking_.SetEnabled(true); };
   }
   window_.on_resize = [this] { RestoreSize(); };

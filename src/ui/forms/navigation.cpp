@@ -14,7 +14,7 @@ Navigation::Navigation(const MainForm& form, const Shared& shared, PageGroups& p
 }
 
 void Navigation::ShowPage() {
-  for (int page = 0; page < kPageCount; ++page) {
+  for (int page = 0; page < PageCount(); ++page) {
     form_.Page(page).SetVisible(page == state_.ActivePage);
   }
   if (!IsPage(state_.ActivePage)) return;
@@ -45,7 +45,7 @@ void Navigation::ReadAgain() {
 
 void Navigation::GroupScrolled() {
   const Group group = kPages[static_cast<std::size_t>(state_.ActivePage)].group;
-  for (int page = 0; page < kPageCount; ++page) {
+  for (int page = 0; page < PageCount(); ++page) {
     const PageRow& row = kPages[static_cast<std::size_t>(page)];
     if (row.group != group || row.place != bar_.Value()) continue;
     state_.ActivePage = page;

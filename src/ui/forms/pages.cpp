@@ -14,9 +14,7 @@ constexpr controls::Rect kPageBounds = {120, 840, 7560, 4260};
 void ReadControlPanel(PageGroups& pages) { pages.control_panel.ReadOptions(); }
 void PrepareOverclocking(PageGroups& pages) { pages.overclocking.PageShown(); }
 
-}  // namespace
-
-const std::array<PageRow, kPageCount> kPages = {{
+const PageRow kRows[] = {
     {"control-panel.settings", 31, Group::kControlPanel, 1, "main.nvcpl1", kControlPanelControls,
      ReadControlPanel},
     {"direct3d.antialiasing", 32, Group::kDirect3D, 1, "main.aa2", kDirect3DAntialiasingControls},
@@ -34,13 +32,17 @@ const std::array<PageRow, kPageCount> kPages = {{
     {"opengl.compatibility", 44, Group::kOpenGL, 4, "main.oglcs", kOpenGLCompatibilityControls},
     {"info.monitoring", 45, Group::kInformation, 3, "main.sys", {}},
     {"info.processes", 254, Group::kInformation, 4, "main.proc", {}},
-}};
+};
+
+}  // namespace
+
+const std::span<const PageRow> kPages = kRows;
 
 ControlRow PageRow::Frame() const {
   return Row(Kind::kFrame, id, "main", kPageBounds, text).Hidden();
 }
 
-bool IsPage(int index) { return index >= 0 && index < kPageCount; }
+bool IsPage(int index) { return index >= 0 && index < PageCount(); }
 
 int PageIndex(std::string_view id) {
   const auto found = std::find_if(kPages.begin(), kPages.end(),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <span>
 #include <string_view>
 
@@ -9,8 +8,6 @@
 namespace kestrune::forms {
 
 struct PageGroups;
-
-inline constexpr int kPageCount = 16;
 
 /// A toolbar group, whose pages the scroll bar steps through.
 enum class Group { kUnsaid, kNone, kControlPanel, kDirect3D, kOpenGL, kInformation };
@@ -30,7 +27,9 @@ struct PageRow {
   ControlRow Frame() const;
 };
 
-extern const std::array<PageRow, kPageCount> kPages;
+extern const std::span<const PageRow> kPages;
+/// How many pages there are.
+inline int PageCount() { return static_cast<int>(kPages.size()); }
 
 bool IsPage(int index);
 /// The index of the page with that id; -1 for another id.

@@ -210,7 +210,7 @@ controls::Control* Program::Find(std::string_view id) const { return parts_->con
 
 int Program::PageOf(const controls::Control& control) const {
   for (const controls::Control* each = &control; each != nullptr; each = each->Parent()) {
-    for (int page = 0; page < kPageCount; ++page) {
+    for (int page = 0; page < PageCount(); ++page) {
       if (each == &parts_->main.Page(page)) return page;
     }
   }

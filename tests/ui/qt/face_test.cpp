@@ -149,7 +149,7 @@ TEST_F(FaceTest, AMenuItemLeadsToItsPage) {
 
 TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
   RunningProgram running(NewStore());
-  for (int page = 0; page < forms::kPageCount; ++page) {
+  for (int page = 0; page < forms::PageCount(); ++page) {
     running.TheProgram().GoToPage(page);
     std::set<QString> usable;
     for (const auto& control : running.TheProgram().Main().Controls()) {
@@ -293,7 +293,7 @@ TEST_F(FaceTest, F1ExplainsTheFocusedControlAndEscapeClosesHelp) {
 TEST_F(FaceTest, LabelsExplainWhatTheyNameAlsoWhileTheyAreDisabled) {
   RunningProgram running(NewStore());
   int explained = 0;
-  for (int page = 0; page < forms::kPageCount; ++page) {
+  for (int page = 0; page < forms::PageCount(); ++page) {
     running.TheProgram().GoToPage(page);
     for (const auto& control : running.TheProgram().Main().Controls()) {
       const auto* label = dynamic_cast<const controls::Label*>(control.get());
@@ -395,7 +395,7 @@ TEST_F(FaceTest, AFailureOfTheStoreIsSaidOnceAndTheLowerPanelStillOpens) {
 
 TEST_F(FaceTest, WithoutALanguageFileEverythingStillHasANameAndCanBeUsed) {
   RunningProgram running(NewStore(), folder_.path());
-  for (int page = 0; page < forms::kPageCount; ++page) {
+  for (int page = 0; page < forms::PageCount(); ++page) {
     running.TheProgram().GoToPage(page);
     for (const auto& control : running.TheProgram().Main().Controls()) {
       const QWidget* widget = running.Window().WidgetOf(*control);
