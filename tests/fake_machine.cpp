@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "platform/case_fold.h"
+#include "platform/temp_folder.h"
 #include "platform/value_text.h"
 
 namespace kestrune::test {
@@ -69,6 +70,17 @@ std::string BytesText(std::uint32_t number) {
   return text;
 }
 
+/// One folder holds those of all machines, since many are made and few lay a file.
+const TempFolder& Folders() {
+  static const TempFolder kFolders;
+  return kFolders;
+}
+
+std::string NewFolder() {
+  static int count = 0;
+  return Folders() / std::to_string(++count);
+}
+
 KeyAddress AddressOf(std::string_view key) { return ParseKey(key).value(); }
 
 /// The number that a value's data stand for; nothing for other data.
@@ -126,16 +138,17 @@ FakeMachine::FakeMachine(MachineKind setup)
       driver_version(DriverText(setup.driver)),
       direct3d_version("5.3.2600.2180"),
       setup_(std::move(setup)),
+      folder_(NewFolder()),
       trace_([this](TraceKind, const std::string& line) { log.push_back(line); }),
       shell_(*this, trace_) {
-  auto store = portable::Store::Open({.path = folder_ / "a.store", .dry_run = true});
+  auto store = portable::Store::Open({.path = folder_ + ".store", .dry_run = true});
   if (!store.Ok()) throw std::runtime_error(store.Reason());
   store_ = std::move(store).Value();
   registry_ = std::make_unique<portable::StoreRegistry>(*store_);
   tracing_ = std::make_unique<LoggingRegistry>(*registry_, trace_, log);
-  files_ = std::make_unique<LoggingFiles>(
-      std::vector<std::string>{folder_ / "own", folder_ / "shipped"}, log);
-  std::filesystem::create_directory_symlink(KESTRUNE_DATA_FOLDER, folder_ / "shipped");
+  std::vector<std::string> folders = {folder_};
+  if (setup_.ships_files) folders.emplace_back(KESTRUNE_DATA_FOLDER);
+  files_ = std::make_unique<LoggingFiles>(std::move(folders), log);
   if (setup_.device.empty()) return;
   devices = {{R"(\\.\DISPLAY1)", "NVIDIA card", 5,
               R"(PCI\VEN_10DE&DEV_)" + setup_.device + "&SUBSYS_C5201458&REV_A1",
@@ -150,10 +163,9 @@ FakeMachine::FakeMachine(MachineKind setup)
 Services FakeMachine::Services() { return {*tracing_, *this, *this, shell_, *files_, *this}; }
 
 void FakeMachine::Lay(std::string_view path, std::string_view bytes) {
-  folder_.Write("own/" + std::string(path), bytes);
+  Folders().Write(std::filesystem::path(folder_).filename().string() + "/" + std::string(path),
+                  bytes);
 }
-
-void FakeMachine::HideShippedFiles() { std::filesystem::remove(folder_ / "shipped"); }
 
 std::string FakeMachine::DriverKey() const { return R"(HKLM\)" + std::string(kCardKey); }
 

@@ -11,7 +11,6 @@
 #include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/services.h"
-#include "platform/temp_folder.h"
 #include "platform/tracing.h"
 #include "ui/forms/program.h"
 
@@ -29,6 +28,7 @@ struct MachineKind {
   std::string device = "0091";
   /// What the card's driver answers reload commands with; without any it never answers.
   std::optional<platform::portable::DescribedClocks> clocks = {};
+  bool ships_files = true;  ///< whether there are the shipped data files under those that are laid
 };
 
 /// A machine in memory: a real store without a file, the shipped data files, and fakes for the
@@ -45,8 +45,6 @@ class FakeMachine : public platform::DisplayApi,
 
   /// Lays a file over the shipped ones; `path` as in "DATA/mt.dat".
   void Lay(std::string_view path, std::string_view bytes);
-  /// From now on there are only the files that were laid.
-  void HideShippedFiles();
   platform::FilesApi& Files() { return *files_; }
 
   /// The driver's key with its root, and the keys of both interfaces.
@@ -97,7 +95,7 @@ class FakeMachine : public platform::DisplayApi,
   std::string Prefixed(std::string_view name) const;
 
   MachineKind setup_;
-  platform::TempFolder folder_;
+  std::string folder_;  ///< for the laid files; made when one is
   std::unique_ptr<platform::portable::Store> store_;
   platform::portable::MachineDescription description_;
   std::optional<platform::portable::DescribedDriver> driver_;

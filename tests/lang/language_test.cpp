@@ -25,6 +25,8 @@ std::string FileWith(int texts, const std::string& mark = "t") {
 }
 
 struct LanguageTest : testing::Test {
+  explicit LanguageTest(const test::MachineKind& kind = {}) : machine(kind) {}
+
   FakeMachine machine;
   core::basRegistry registry{machine.Services().registry};
   Language language{registry, machine.Services().files, machine};
@@ -34,6 +36,11 @@ struct LanguageTest : testing::Test {
     machine.Store(test::kOptionsKey, "Language", "REG_SZ " + name);
     language.LoadLanguage();
   }
+};
+
+/// On a machine without the shipped files.
+struct OwnLanguagesTest : LanguageTest {
+  OwnLanguagesTest() : LanguageTest({.ships_files = false}) {}
 };
 
 TEST_F(LanguageTest, LoadsTheStoredLanguageElseEnglish) {
@@ -54,8 +61,7 @@ TEST_F(LanguageTest, ACommentStandsForTheFieldAfterIt) {
   EXPECT_EQ(language.LangText[3], "");
 }
 
-TEST_F(LanguageTest, TakesThreeHundredTextsAndNoMore) {
-  machine.HideShippedFiles();
+TEST_F(OwnLanguagesTest, TakesThreeHundredTextsAndNoMore) {
   machine.Lay("DATA/LANGUAGE/en.dat", "English,H\nE0");
   Load("full", FileWith(300));
   EXPECT_EQ(machine.messages.size(), 0U);
@@ -107,8 +113,7 @@ TEST_F(LanguageTest, ReadsTheCodePageNamedRightAfterTheHeader) {
   }
 }
 
-TEST_F(LanguageTest, ListsFilesByNameWithoutThoseWithAnUnderscore) {
-  machine.HideShippedFiles();
+TEST_F(OwnLanguagesTest, ListsFilesByNameWithoutThoseWithAnUnderscore) {
   machine.Lay("DATA/LANGUAGE/b.dat", "Bee");
   machine.Lay("DATA/LANGUAGE/A.DAT", "Ay");
   machine.Lay("DATA/LANGUAGE/x_backup.dat", "Backup");
@@ -119,8 +124,7 @@ TEST_F(LanguageTest, ListsFilesByNameWithoutThoseWithAnUnderscore) {
   EXPECT_EQ(test::Joined(language.LanguageFiles), "A.DAT, b.dat");
 }
 
-TEST_F(LanguageTest, RemembersTheFilesOfTheFirstSixtyFiveOnly) {
-  machine.HideShippedFiles();
+TEST_F(OwnLanguagesTest, RemembersTheFilesOfTheFirstSixtyFiveOnly) {
   for (int i = 10; i < 76; ++i) {
     machine.Lay("DATA/LANGUAGE/l" + std::to_string(i) + ".dat", "N" + std::to_string(i));
   }
