@@ -65,8 +65,10 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
   const std::string file =
       std::filesystem::path(machine.file).replace_filename(machine.registry).string();
   FolderFiles files({}, machine.code_page);
-  const Result<std::string> bytes = files.ReadAnyFile(file);
-  if (!bytes.Ok()) return Fail("The registry file " + file + " can't be read.");
+  const Result<std::string> bytes = ReadWholeFile(file, kLongestRegFile);
+  if (!bytes.Ok()) {
+    return Fail("The registry file " + file + " can't be read: " + bytes.Reason() + ".");
+  }
   const auto changes = ParseRegFile(bytes.Value(), files);
   if (!changes.Ok()) {
     const RegFileFault& fault = changes.Reason();
