@@ -10,10 +10,10 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/reg_file.h"
 #include "platform/temp_folder.h"
-#include "platform/value_text.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -501,17 +501,23 @@ TEST(StoreFaultTest, AnImportWithAFaultyWriteLeavesNothing) {
   TempFolder folder;
   const auto store = OpenStore(folder / "a.store");
   StoreRegistry registry(*store);
-  const std::vector<RegFileChange> changes = {
-      {.kind = RegFileChange::Kind::kCreateKey, .key = "K"},
-      {RegFileChange::Kind::kSetValue, kMachine, "K", "a", RegType::kSz, TextData("1")}};
+  FolderFiles files({}, 1252);
+  const std::string text = "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"a\"=\"1\"\n";
+  const auto import = [&](const std::string& bytes) {
+    const auto done = ImportRegFile(bytes, "a.reg", files, registry);
+    return done ? "" : done.Reason();
+  };
   const auto other = OpenStore(folder / "a.store");
   {
     Transaction held(*other);
-    EXPECT_FALSE(ApplyRegFile(changes, registry));
+    EXPECT_EQ(import(text), "The registry can't be written.");
     EXPECT_NE(store->FirstFailure(), std::nullopt);
   }
   EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
-  EXPECT_TRUE(ApplyRegFile(changes, registry));
+  EXPECT_EQ(import(text + "x"), "a.reg:4: this is neither a key nor a value");
+  EXPECT_EQ(import(""), "a.reg is empty.");
+  EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
+  EXPECT_EQ(import(text), "");
   EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1\0", 2));
 }
 

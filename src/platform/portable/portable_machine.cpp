@@ -69,13 +69,8 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
   if (!bytes.Ok()) {
     return Fail("The registry file " + file + " can't be read: " + bytes.Reason() + ".");
   }
-  const auto changes = ParseRegFile(bytes.Value(), files);
-  if (!changes.Ok()) {
-    const RegFileFault& fault = changes.Reason();
-    return Fail(file + ":" + std::to_string(fault.line) + ": " + fault.reason);
-  }
   StoreRegistry registry(store);
-  Result<void> applied = ApplyRegFile(changes.Value(), registry);
+  Result<void> applied = ImportRegFile(bytes.Value(), file, files, registry);
   if (!applied && store.FirstFailure()) return Fail(*store.FirstFailure());
   return applied;
 }

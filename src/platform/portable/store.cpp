@@ -9,6 +9,7 @@
 #include "platform/case_fold.h"
 #include "platform/key_address.h"
 #include "platform/portable/store_query.h"
+#include "platform/registry_limits.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -53,6 +54,7 @@ RegStatus Store::CreateKey(RegRoot root, std::string_view path, KeyId& key) {
   RegStatus status = FoldPath(root, path, folded);
   if (status == RegStatus::kSuccess) status = FindFolded(folded, key);
   if (status != RegStatus::kNotFound) return status;
+  if (KeyFault(path) != nullptr) return RegStatus::kInvalidParameter;
   Transaction change(*this);
   if (!change.IsOpen() || Doomed()) return RegStatus::kWriteFault;
   KeyId created = 0;
@@ -132,11 +134,13 @@ RegStatus Store::QueryValue(KeyId key, std::string_view name, RegType& type, std
 RegStatus Store::SetValue(KeyId key, std::string_view name, RegType type,
                           std::span<const std::byte> data) {
   if (key <= kLastRootKey) return RegStatus::kAccessDenied;
+  if (ValueNameFault(name) != nullptr) return RegStatus::kInvalidParameter;
+  if (DataFault(data.size()) != nullptr) return RegStatus::kNoResources;
   EndView();
   if (Doomed()) return RegStatus::kWriteFault;
   const std::string folded = FoldCase(name);
   // What stands there already takes no lock, so nobody waits for it, nor needs to be able to write.
-  if (HasValue(key, folded, type, data)) {
+  if (changes_open_ == 0 && HasValue(key, folded, type, data)) {
     BeginView();
     return RegStatus::kSuccess;
   }

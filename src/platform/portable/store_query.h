@@ -46,7 +46,8 @@ inline constexpr const char* kStatements[] = {
     "SELECT type, data FROM registry_value WHERE key = ?1 AND folded = ?2",
     R"(INSERT INTO registry_value(key, folded, name, type, data)
        SELECT id, ?2, ?3, ?4, ?5 FROM registry_key WHERE id = ?1
-       ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data)",
+       ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data
+       WHERE type <> excluded.type OR data <> excluded.data)",
     "DELETE FROM registry_value WHERE key = ?1 AND folded = ?2",
     R"(INSERT INTO machine_state SELECT ?1, max(id) FROM registry_key WHERE true
        ON CONFLICT DO UPDATE SET text = excluded.text
