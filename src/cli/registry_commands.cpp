@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/open_key.h"
+#include "platform/plain_text.h"
 #include "platform/reg_file.h"
 #include "platform/value_text.h"
 
@@ -111,7 +112,7 @@ Status ListRegistry(Run& run, Session& session) {
   run.out.BeginList();
   for (const std::string& name : keys) {
     run.out.Item({{"key", name}});
-    run.out.Line(platform::EscapedText(name) + "\\");
+    run.out.Line(platform::PlainText(name) + "\\");
   }
   for (const StoredValue& value : values) {
     Json item = {{"name", value.name.empty() ? "@" : value.name}};

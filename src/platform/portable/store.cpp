@@ -321,7 +321,8 @@ std::string Store::Reason(int code) const {
     case SQLITE_NOMEM:
       return "there is no memory left";
     default:
-      return error != 0 ? std::generic_category().message(error) : sqlite3_errstr(code);
+      if (error != 0) return std::generic_category().message(error);
+      return std::string("its file can't be used (") + sqlite3_errstr(code) + ")";
   }
 }
 
