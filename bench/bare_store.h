@@ -44,6 +44,15 @@ class BareStore {
     return key;
   }
 
+  std::int64_t AddKey(std::int64_t parent, const std::string& path, const std::string& name) {
+    sqlite3_stmt* add = statements_[6];
+    sqlite3_bind_int64(add, 1, parent);
+    BindText(add, 2, path);
+    BindText(add, 3, name);
+    Run(add);
+    return sqlite3_last_insert_rowid(database_);
+  }
+
   /// A value by its name in capitals. False when it isn't set.
   bool GetValue(std::int64_t key, const std::string& name, std::vector<unsigned char>& data) {
     sqlite3_stmt* get = statements_[4];
@@ -77,6 +86,7 @@ class BareStore {
       "SELECT type, data FROM registry_value WHERE key = ?1 AND folded = ?2",
       "INSERT INTO registry_value(key, folded, name, type, data) VALUES(?1, ?2, ?3, ?4, ?5) "
       "ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data",
+      "INSERT INTO registry_key(parent, path, name) VALUES(?1, ?2, ?3)",
   };
 
   void Check(int code) const {

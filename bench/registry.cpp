@@ -8,6 +8,7 @@
 #include "failure.h"
 #include "platform/case_fold.h"
 #include "platform/portable/portable_machine.h"
+#include "platform/reg_file.h"
 #include "platform/registry_wrapper.h"
 #include "settings_pages.h"
 
@@ -23,13 +24,16 @@ using platform::RegRoot;
 using platform::RegStatus;
 using platform::RegType;
 
-constexpr double kReadLimit = 1.3;
-constexpr double kWriteLimit = 1.4;
-constexpr double kCatalogueLimit = 2.0;
+constexpr Limit kReadLimit{1.3, 1.3};
+constexpr Limit kWriteLimit{1.4, 1.4};
+constexpr Limit kCatalogueLimit{2.0, 2.0};
+constexpr Limit kImportLimit{2.2, 1.5};
 
 constexpr int kReadsARound = 200;
 constexpr int kWritesARound = 5;
 constexpr int kCataloguesARound = 5;
+constexpr int kImportedValues = 57000;  // with their keys 60,000 lines
+constexpr int kValuesAKey = 19;
 
 /// A value by the key and the name that say where it is.
 struct Address {
@@ -138,7 +142,72 @@ Row CompareCatalogues(const std::string& what, SettingsPages& pages, BareStore& 
       [&] { return ProcessorTimeOf(kCataloguesARound, plain); });
 }
 
+/// The values of one round of imports, in keys that no other round has.
+struct ImportedKey {
+  std::string path;
+  std::string folded;  ///< with its root
+  std::vector<std::string> names;
+};
+
+std::vector<ImportedKey> KeysOfRound(const std::string& round) {
+  std::vector<ImportedKey> keys;
+  for (int i = 0; i < kImportedValues; ++i) {
+    if (i % kValuesAKey == 0) {
+      ImportedKey& key = keys.emplace_back();
+      key.path = "Imported " + round + " device " + std::to_string(i / kValuesAKey);
+      key.folded = "HKEY_LOCAL_MACHINE\\" + FoldCase(key.path);
+    }
+    keys.back().names.push_back("Setting " + std::to_string(i));
+  }
+  return keys;
+}
+
+std::string RegText(const std::vector<ImportedKey>& keys) {
+  std::string text = "Windows Registry Editor Version 5.00\r\n";
+  for (const ImportedKey& key : keys) {
+    text += "[HKEY_LOCAL_MACHINE\\" + key.path + "]\r\n";
+    for (const std::string& name : key.names) text += '"' + name + "\"=dword:000009C4\r\n";
+  }
+  return text;
+}
+
+void ImportBare(BareStore& bare, const std::vector<ImportedKey>& keys) {
+  bare.BeginChange();
+  const std::int64_t root = bare.FindKey("HKEY_LOCAL_MACHINE");
+  for (const ImportedKey& key : keys) {
+    const std::int64_t id = bare.AddKey(root, key.folded, key.path);
+    for (const std::string& name : key.names) bare.PutValue(id, name, 2500);
+  }
+  bare.Commit();
+}
+
 }  // namespace
+
+std::vector<Row> CompareImport(const std::string& folder, int rounds) {
+  const std::string store = folder + "/import.store";
+  const std::unique_ptr<platform::Machine> machine = OpenMachine(store);
+  SilentDialog dialog;
+  const platform::Services services = machine->ServicesFor(dialog);
+  BareStore bare(store);
+  int round = 0;
+  const auto ours = [&] {
+    const std::string text = RegText(KeysOfRound(std::to_string(++round)));
+    return ProcessorTimeOf(1, [&] {
+      const auto imported =
+          platform::ImportRegFile(text, "text", services.files, services.registry);
+      if (!imported) GiveUp(imported.Reason());
+    });
+  };
+  const auto plain = [&] {
+    std::vector<ImportedKey> keys = KeysOfRound(std::to_string(++round));
+    for (ImportedKey& key : keys) {
+      for (std::string& name : key.names) name = FoldCase(name);
+    }
+    return ProcessorTimeOf(1, [&] { ImportBare(bare, keys); });
+  };
+  return {Compare("import of 60,000 lines : their prepared INSERTs in one transaction",
+                  kImportLimit, rounds, ours, plain)};
+}
 
 std::vector<Row> CompareRegistry(const std::string& folder, int rounds) {
   const std::string store = folder + "/registry.store";

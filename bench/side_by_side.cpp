@@ -30,7 +30,7 @@ double TimeOf(clockid_t clock, int times, const std::function<void()>& work) {
 
 }  // namespace
 
-Row Compare(std::string what, double limit, int rounds, const Measure& ours, const Measure& bare) {
+Row Compare(std::string what, Limit limit, int rounds, const Measure& ours, const Measure& bare) {
   // The first of each fills caches and isn't counted.
   ours();
   bare();

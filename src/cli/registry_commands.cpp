@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/open_key.h"
+#include "platform/plain_text.h"
 #include "platform/reg_file.h"
 #include "platform/value_text.h"
 
@@ -111,7 +112,7 @@ Status ListRegistry(Run& run, Session& session) {
   run.out.BeginList();
   for (const std::string& name : keys) {
     run.out.Item({{"key", name}});
-    run.out.Line(platform::EscapedText(name) + "\\");
+    run.out.Line(platform::PlainText(name) + "\\");
   }
   for (const StoredValue& value : values) {
     Json item = {{"name", value.name.empty() ? "@" : value.name}};
@@ -127,16 +128,11 @@ Status ImportRegistry(Run& run, Session& session) {
   const std::string& file = run.arguments.Word("FILE");
   const auto bytes = session.Files().ReadAnyFile(file);
   if (!bytes.Ok()) {
-    run.streams.Complain(file + " can't be read.");
+    run.streams.Complain(file + " can't be read: " + bytes.Reason() + ".");
     return Status::kImpossible;
   }
-  const auto changes = platform::ParseRegFile(bytes.Value(), session.Files());
-  if (!changes.Ok()) {
-    run.streams.Complain(file + ":" + std::to_string(changes.Reason().line) + ": " +
-                         changes.Reason().reason);
-    return Status::kImpossible;
-  }
-  const auto applied = platform::ApplyRegFile(changes.Value(), session.Registry());
+  const auto applied =
+      platform::ImportRegFile(bytes.Value(), file, session.Files(), session.Registry());
   if (applied) return Status::kDone;
   // What the machine remembers is told at the end.
   if (!session.HasFailed()) run.streams.Complain(applied.Reason());

@@ -25,7 +25,7 @@ class FilesApi {
  public:
   virtual ~FilesApi() = default;
 
-  /// A file's bytes as they are; nothing when it can't be read.
+  /// A file's bytes as they are, up to 16 MB; nothing when it can't be read or has more.
   virtual std::optional<std::string> ReadBytes(std::string_view path) = 0;
   /// The names of the files in a folder that end in `ending` (".dat"), sorted, without folders.
   virtual std::vector<std::string> ListFiles(std::string_view folder, std::string_view ending) = 0;
@@ -34,8 +34,8 @@ class FilesApi {
   virtual std::optional<std::string> Locate(std::string_view path) = 0;
   /// Whether a file is a picture that a face can show.
   virtual bool IsPicture(std::string_view path) = 0;
-  /// The bytes of any file of the machine, by the path that its own programs use. The reason of a
-  /// failure is what the system says of it.
+  /// The bytes of any ordinary file or pipe of the machine, by the path that its own programs use,
+  /// up to 256 MB. The reason of a failure is what the system says of it, or its size.
   virtual Result<std::string> ReadAnyFile(const std::string& path) = 0;
 
   /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,13 +30,49 @@ struct RegFileFault {
   std::string reason;
 };
 
-/// Reads registry text: REGEDIT4 in the system's code page, or version 5 in UTF-16 with its mark or
-/// in UTF-8. Text given as hex(1) becomes UTF-8 like quoted text; other bytes are taken as they
-/// are. Deleting a key is a fault.
-Result<std::vector<RegFileChange>, RegFileFault> ParseRegFile(std::string_view bytes,
-                                                              FilesApi& files);
+/// Reads registry text step by step: REGEDIT4 in the system's code page, or version 5 in UTF-16
+/// with its mark or in UTF-8, where a line without a mark that is no UTF-8 is taken as Latin-1.
+/// Text given as hex(1) becomes UTF-8 like quoted text; other bytes are taken as they are. Deleting
+/// a key and what breaks the registry's limits are faults. The bytes and the files must outlive
+/// this.
+class RegFileReader {
+ public:
+  RegFileReader(std::string_view bytes, FilesApi& files);
 
-/// Makes all the changes as one group, or none.
-Result<void> ApplyRegFile(const std::vector<RegFileChange>& changes, RegistryApi& registry);
+  /// The next step, good until the one after it; null at the end, and at a fault.
+  const RegFileChange* Next();
+  const std::optional<RegFileFault>& Fault() const { return fault_; }
+
+ private:
+  enum class Encoding { kCodePage, kUtf8, kUtf16 };
+
+  Result<void> ReadHeader(std::string_view bytes);
+  std::string_view NextLine();
+  Result<void> ReadLine(std::string_view line);
+  Result<void> ReadKey(std::string_view line);
+  Result<void> ReadValue(std::string_view line);
+  Result<void> ReadData(std::string_view data);
+  Result<void> ReadText(std::string_view data);
+  Result<void> ReadDword(std::string_view data);
+  Result<void> ReadHex(std::string_view data);
+  Result<void> ReadHexBytes(std::string_view data, std::string& bytes);
+
+  FilesApi& files_;
+  std::string text_;  ///< where the bytes aren't UTF-8 as they stand
+  std::string line_;  ///< where a line isn't
+  std::string_view rest_;
+  Encoding encoding_ = Encoding::kCodePage;
+  bool has_mark_ = false;
+  bool is_version5_ = false;
+  int line_number_ = 0;
+  bool has_key_ = false;
+  RegFileChange change_;
+  std::optional<RegFileFault> fault_;
+};
+
+/// Makes all the changes that registry text names as one group, or none. `file` is what a person
+/// calls it; the reason of a failure is a sentence, or "FILE:LINE: " and the fault.
+Result<void> ImportRegFile(std::string_view bytes, const std::string& file, FilesApi& files,
+                           RegistryApi& registry);
 
 }  // namespace kestrune::platform

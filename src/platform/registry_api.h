@@ -33,9 +33,11 @@ enum class RegStatus : std::int32_t {
   kInvalidHandle = 6,
   kWriteFault = 29,
   kReadFault = 30,
+  kInvalidParameter = 87,
   kBadPath = 161,
   kMoreData = 234,
   kKeyDeleted = 1018,
+  kNoResources = 1450,
 };
 
 /// An open key; 0 is no key.
@@ -56,8 +58,9 @@ struct StoredValue {
 /// Paths use backslashes and have no leading one (kBadPath); paths and names are matched without
 /// regard to letter case. Text is UTF-8 on this side of the seam, also the data of kSz values (with
 /// its closing NUL byte where it has one). A handle to a key that was deleted since gives
-/// kKeyDeleted. A root holds no values and stays (kAccessDenied). A call that fails leaves its
-/// outputs as they were.
+/// kKeyDeleted. A root holds no values and stays (kAccessDenied). A new name or depth beyond
+/// registry_limits.h gives kInvalidParameter, too much data kNoResources. A call that fails leaves
+/// its outputs as they were.
 class RegistryApi {
  public:
   virtual ~RegistryApi() = default;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/open_key.h"
+#include "platform/plain_text.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
@@ -100,26 +101,26 @@ RegStatus TracingRegistry::EndChanges(bool keep) {
 
 void TracingRegistry::TellWrite(const KeyAddress& key, std::string_view name, RegType type,
                                 std::span<const std::byte> data) {
-  trace_.Tell(TraceKind::kChange, "write\t" + EscapedText(KeyText(key.root, key.path)) + "\t" +
+  trace_.Tell(TraceKind::kChange, "write\t" + PlainText(KeyText(key.root, key.path)) + "\t" +
                                       ValueNameText(name) + "\t" + ValueText(type, data));
 }
 
 void TracingRegistry::TellDelete(const std::string& key, std::string_view name) {
-  trace_.Tell(TraceKind::kChange, "delete\t" + EscapedText(key) + "\t" + ValueNameText(name));
+  trace_.Tell(TraceKind::kChange, "delete\t" + PlainText(key) + "\t" + ValueNameText(name));
 }
 
 bool TracingShell::StartCommand(std::string_view command_line, WindowState window) {
-  trace_.Tell(TraceKind::kCommand, "run\t" + std::string(command_line));
+  trace_.Tell(TraceKind::kCommand, "run\t" + PlainText(command_line));
   return inner_.StartCommand(command_line, window);
 }
 
 bool TracingShell::OpenWebPage(std::string_view address) {
-  trace_.Tell(TraceKind::kCommand, "open\t" + std::string(address));
+  trace_.Tell(TraceKind::kCommand, "open\t" + PlainText(address));
   return inner_.OpenWebPage(address);
 }
 
 bool TracingShell::OpenControlPanelItem(std::string_view item) {
-  trace_.Tell(TraceKind::kCommand, "open\t" + std::string(item));
+  trace_.Tell(TraceKind::kCommand, "open\t" + PlainText(item));
   return inner_.OpenControlPanelItem(item);
 }
 

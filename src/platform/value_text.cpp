@@ -7,6 +7,7 @@
 #include "platform/case_fold.h"
 #include "platform/dword.h"
 #include "platform/parse_number.h"
+#include "platform/plain_text.h"
 
 namespace kestrune::platform {
 
@@ -22,9 +23,8 @@ constexpr TypeRow kTypes[] = {
 
 constexpr std::string_view kOtherType = "TYPE_";
 
-constexpr std::string_view kDigits = "0123456789ABCDEF";
-
 std::string HexText(std::span<const std::byte> data) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text;
   for (const std::byte byte : data) {
     if (!text.empty()) text += ' ';
@@ -51,9 +51,7 @@ bool IsWellFormed(RegType type, std::span<const std::byte> data) {
 }
 
 std::string StringText(std::span<const std::byte> data) {
-  std::string text;
-  for (const std::byte byte : data.first(data.size() - 1)) text += std::to_integer<char>(byte);
-  return EscapedText(text);
+  return PlainText({reinterpret_cast<const char*>(data.data()), data.size() - 1});
 }
 
 std::optional<std::vector<std::byte>> ParseDword(std::string_view text) {
@@ -95,29 +93,7 @@ std::vector<std::byte> StringData(const std::vector<std::string>& words) {
 
 }  // namespace
 
-std::string EscapedText(std::string_view text) {
-  constexpr int kFirstPrintable = 0x20;
-  constexpr char kDelete = 0x7F;
-  std::string line;
-  for (const char c : text) {
-    if (c == '\n') {
-      line += "\\n";
-    } else if (c == '\r') {
-      line += "\\r";
-    } else if (c == '\t') {
-      line += "\\t";
-    } else if ((c >= 0 && c < kFirstPrintable) || c == kDelete) {
-      line += "\\x";
-      line += kDigits[static_cast<std::size_t>(c) >> 4];
-      line += kDigits[static_cast<std::size_t>(c) & 15];
-    } else {
-      line += c;
-    }
-  }
-  return line;
-}
-
-std::string ValueNameText(std::string_view name) { return name.empty() ? "@" : EscapedText(name); }
+std::string ValueNameText(std::string_view name) { return name.empty() ? "@" : PlainText(name); }
 
 std::string TypeText(RegType type, std::span<const std::byte> data) {
   if (const auto name = NameOf(type); name && IsWellFormed(type, data)) return std::string(*name);

@@ -14,10 +14,7 @@
 /// shown.
 namespace kestrune::platform {
 
-/// Text with its control characters as \n, \r, \t or \x1B, so that it is one line.
-std::string EscapedText(std::string_view text);
-
-/// A value's name, escaped; "@" for the default value.
+/// A value's name as PlainText; "@" for the default value.
 std::string ValueNameText(std::string_view name);
 
 /// A type's name: "REG_SZ", "REG_BINARY", "REG_DWORD", otherwise "TYPE_n"; so too for a text
@@ -26,7 +23,7 @@ std::string TypeText(RegType type, std::span<const std::byte> data);
 std::optional<RegType> ParseType(std::string_view text);
 
 /// The data of a value, by the name that its type has: REG_DWORD as a signed decimal number, REG_SZ
-/// as its text, escaped, anything else as pairs of hexadecimal digits.
+/// as its PlainText, anything else as pairs of hexadecimal digits.
 std::string DataText(RegType type, std::span<const std::byte> data);
 /// "TYPE DATA".
 std::string ValueText(RegType type, std::span<const std::byte> data);

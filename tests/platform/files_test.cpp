@@ -1,7 +1,11 @@
 #include "platform/portable/files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <thread>
+
+#include "platform/portable/whole_file.h"
 #include "platform/temp_folder.h"
 
 namespace kestrune::platform::portable {
@@ -90,6 +94,32 @@ TEST(FilesTest, PicturesAreToldByTheirContents) {
     EXPECT_EQ(files.IsPicture("PICTURE"), c.is_picture) << c.name;
   }
   EXPECT_FALSE(files.IsPicture("missing.jpg"));
+}
+
+TEST(WholeFileTest, OnlyOrdinaryFilesUpToTheirLimitAreRead) {
+  TempFolder folder;
+  const auto told = [](const std::string& path, PipesToo pipes = PipesToo::kNo) {
+    const auto read = ReadWholeFile(path, 10000, pipes);
+    return read.Ok() ? std::to_string(read.Value().size()) : read.Reason();
+  };
+  const std::string pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(told(folder.Write("empty", "")), "0");
+  EXPECT_EQ(told(folder.Write("most", std::string(10000, 'x'))), "10000");
+  EXPECT_EQ(told(folder.Write("more", std::string(10001, 'x'))),
+            "it has 10001 bytes, and at most 10000 are read");
+  EXPECT_NE(told("/proc/self/status"), "0");
+  EXPECT_EQ(told("/dev/zero"), "it is no ordinary file");
+  EXPECT_EQ(told("/dev/zero", PipesToo::kYes), "it is no ordinary file");
+  EXPECT_EQ(told(pipe), "it is no ordinary file");
+  EXPECT_EQ(told("/proc"), "Is a directory");
+  for (const std::size_t size : {0, 10000, 10001}) {
+    std::thread writer([&] { std::ofstream(pipe) << std::string(size, 'x'); });
+    const std::string expected =
+        size > 10000 ? "it has more than the 10000 bytes that are read" : std::to_string(size);
+    EXPECT_EQ(told(pipe, PipesToo::kYes), expected);
+    writer.join();
+  }
 }
 
 }  // namespace

@@ -91,15 +91,27 @@ TEST(MachineDescriptionTest, FaultsNameTheirPlace) {
   for (const auto& [text, fault] : {
            Case{"name = 5", "m.toml:1:8: \"name\" must be a text"},
            Case{"\n[os]\nmajor = \"5\"",
-                "m.toml:3:9: \"major\" must be a whole number from 0 to 2147483647"},
-           Case{"[os]\nmajor = 4294967296",
-                "m.toml:2:9: \"major\" must be a whole number from 0 to 2147483647"},
-           Case{"[memory]\ntotal = -1", "m.toml:2:9: \"total\" must be a whole number from 0"},
-           Case{"[memory]\ntotal = 1.5", "m.toml:2:9: \"total\" must be a whole number from 0"},
+                "m.toml:3:9: \"major\" must be a whole number from 0 to 65535"},
+           Case{"[os]\nplatform = 3",
+                "m.toml:2:12: \"platform\" must be a whole number from 1 to 2"},
+           Case{"[clocks]\ncore = 40000",
+                "m.toml:2:8: \"core\" must be a whole number from 1 to 32767"},
+           Case{"[clocks]\nmemory_3d = 0",
+                "m.toml:2:13: \"memory_3d\" must be a whole number from 1 to 32767"},
+           Case{"[clocks]\nhomer = 4294967296",
+                "m.toml:2:9: \"homer\" must be a whole number from 0 to 2147483647"},
+           Case{"[memory]\ntotal = -1",
+                "m.toml:2:9: \"total\" must be a whole number from 0 to 1125899906842624"},
+           Case{"[memory]\navailable = 1.5",
+                "m.toml:2:13: \"available\" must be a whole number from 0 to 1125899906842624"},
+           Case{"[processor]\ncount = 0",
+                "m.toml:2:9: \"count\" must be a whole number from 1 to 64"},
            Case{"os = 1", "m.toml:1:6: \"os\" must be a table"},
            Case{"[display_device]", "m.toml:1:1: \"display_device\" must be an array of tables"},
            Case{"[processor]\nload = [1,\n  \"2\"]",
-                "m.toml:3:3: \"load\" must be a whole number from 0 to 2147483647"},
+                "m.toml:3:3: \"load\" must be a whole number from 0 to 100"},
+           Case{"[processor]\nload = [101]",
+                "m.toml:2:9: \"load\" must be a whole number from 0 to 100"},
            Case{"[file_versions]\n\"a.dll\" = 1", "m.toml:2:11: \"a.dll\" must be a text"},
        }) {
     const auto loaded = ParseMachineDescription(text, "m.toml");
@@ -115,6 +127,27 @@ TEST(MachineDescriptionTest, FaultsNameTheirPlace) {
     ASSERT_FALSE(loaded.Ok()) << text;
     EXPECT_TRUE(loaded.Reason().starts_with(place)) << loaded.Reason();
   }
+}
+
+TEST(MachineDescriptionTest, NoFileIsTooDeepToBeReadOrRefused) {
+  const auto repeated = [](std::string_view part, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) text += part;
+    return text;
+  };
+  constexpr const char* kTooDeep = "m.toml:2:1: the line has too many dots";
+  const auto fault = [](const std::string& text) {
+    const auto loaded = ParseMachineDescription(text, "m.toml");
+    return loaded.Ok() ? "" : loaded.Reason();
+  };
+  EXPECT_EQ(fault("\n[a" + repeated(".a", 300000) + "]"), kTooDeep);
+  EXPECT_EQ(fault("\nx = {a" + repeated(".a", 300000) + " = 1}"), kTooDeep);
+  EXPECT_EQ(fault("[a" + repeated(".a", 256) + "]"), "");
+  // As deep as the limits together allow.
+  std::string deepest = "x = ";
+  for (int i = 0; i < 4; ++i) deepest += "[{a" + repeated(".a", 256) + " =\n";
+  EXPECT_NE(fault(deepest), "");
+  EXPECT_NE(fault(repeated("[", 300000)), "");
 }
 
 TEST(MachineDescriptionTest, UnknownKeysAreWarningsWithTheirLine) {
@@ -230,7 +263,8 @@ TEST_F(PortableMachineTest, WhatKeepsAMachineFromOpeningIsOneSentence) {
   for (const Case& c : {
            Case{"none", "", "There is no machine \"none\"; there are box."},
            Case{"box", "REGEDIT4\n[x]\n", reg + ":2: x is no root"},
-           Case{"box", nullptr, "The registry file " + reg + " can't be read."},
+           Case{"box", nullptr,
+                "The registry file " + reg + " can't be read: No such file or directory."},
        }) {
     if (c.reg != nullptr) folder_.Write("share/kestrune/machines/box.reg", c.reg);
     if (c.reg == nullptr) std::filesystem::remove(reg);

@@ -12,10 +12,10 @@ namespace {
 /// The changes as text: "+KEY", "NAME:TYPE=hex" and "-NAME", one a line.
 std::string Told(std::string_view bytes, int code_page = 1252) {
   portable::FolderFiles files({}, code_page);
-  const auto parsed = ParseRegFile(bytes, files);
-  if (!parsed.Ok()) return std::to_string(parsed.Reason().line) + ": " + parsed.Reason().reason;
+  RegFileReader reader(bytes, files);
   std::string told;
-  for (const RegFileChange& change : parsed.Value()) {
+  while (const RegFileChange* step = reader.Next()) {
+    const RegFileChange& change = *step;
     if (change.kind == RegFileChange::Kind::kCreateKey) {
       const char root = "CUM"[static_cast<std::uint32_t>(change.root) & 3];
       told += std::string("+") + root + ":" + change.key;
@@ -31,7 +31,8 @@ std::string Told(std::string_view bytes, int code_page = 1252) {
     }
     told += "\n";
   }
-  return told;
+  const auto& fault = reader.Fault();
+  return fault ? std::to_string(fault->line) + ": " + fault->reason : told;
 }
 
 std::string Utf16(std::u16string_view text) {
@@ -81,6 +82,11 @@ TEST(RegFileTest, TextIsDecodedAsTheFileSays) {
   EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER\\\xC4]\n\"n\"=\"\x80\"\n\"t\"=hex(1):e4,00"),
             "+U:Ä\nn:1=e282ac00\nt:1=c3a400\n");
   EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER\\\xC4]", 1251), "+U:Д\n");
+  // Some exporters print each name in the narrowest form that has its characters.
+  const std::string mixed =
+      std::string(kV5) + "[HKEY_CURRENT_USER\\\xC4]\n\"\xD0\x94\"=hex(1):e4,00,00,00";
+  EXPECT_EQ(Told(mixed, 1251), "+U:Ä\nД:1=c3a400\n");
+  EXPECT_EQ(Told("\xEF\xBB\xBF" + mixed), "2: this isn't valid UTF-8");
   EXPECT_EQ(Told("REGEDIT4\n[HKEY_CURRENT_USER]\n[HKEY_CURRENT_USER\\a]b\\] ; x"), "+U:\n+U:a]b\n");
 }
 
@@ -119,9 +125,47 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
            Case{"@=hex(x):01", "4: the type in \"hex(...)\" is a hexadecimal number"},
            Case{"@=hex01", "4: \":\" is missing after \"hex\""},
            Case{"@=hex(1):01", "4: half a character ends the text"},
-           Case{"@=\"\xC4\"", "4: this isn't valid UTF-8"},
        }) {
     EXPECT_EQ(Told(std::string(kV5) + "\n[HKEY_CURRENT_USER\\K]\n" + text), fault) << text;
+  }
+}
+
+TEST(RegFileTest, TheRegistrysLimitsAreFaultsOfTheirLine) {
+  const auto names = [](int count) {
+    std::string path;
+    for (int i = 0; i < count; ++i) path += "\\k";
+    return "\n[HKEY_CURRENT_USER" + path + "]";
+  };
+  const auto value = [](std::size_t length) {
+    return "\n[HKEY_CURRENT_USER\\K]\n\"" + std::string(length, 'x') + "\"=dword:1";
+  };
+  const auto data = [](std::size_t length) {
+    return "\n[HKEY_CURRENT_USER\\K]\n@=\"" + std::string(length - 1, 'x') + "\"";
+  };
+  const auto long_key = [](std::string name, int count) {
+    std::string key = "\n[HKEY_CURRENT_USER\\a\\";
+    for (int i = 0; i < count; ++i) key += name;
+    return key + "]";
+  };
+  struct Case {
+    std::string lines;
+    const char* fault;
+  };
+  for (const Case& c : {
+           Case{names(512), ""},
+           Case{names(513), "2: keys have at most 512 levels"},
+           Case{long_key("Ä", 255), ""},
+           Case{long_key("😀", 127), ""},
+           Case{long_key("😀", 128), "2: a key's name has at most 255 characters"},
+           Case{long_key("Ä", 256), "2: a key's name has at most 255 characters"},
+           Case{long_key(std::string(1, '\0'), 1), "2: a key's name has no NUL"},
+           Case{value(16383), ""},
+           Case{value(16384), "3: a value's name has at most 16383 characters"},
+           Case{data(1 << 20), ""},
+           Case{data((1 << 20) + 1), "3: a value has at most 1048576 bytes"},
+       }) {
+    const std::string told = Told("Windows Registry Editor Version 5.00" + c.lines);
+    EXPECT_EQ(told.starts_with('+') ? "" : told, c.fault);
   }
 }
 

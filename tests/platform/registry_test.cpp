@@ -149,7 +149,7 @@ TEST_P(RegistryTest, ValuesKeepEveryTypeSizeAndName) {
       {"none", RegType::kNone, ""},
       {"empty", RegType::kSz, ""},
       {"Ünïcode", RegType::kExpandSz, "x"},
-      {with_nul, RegType{0xFFFFFFFF}, with_nul},
+      {"odd type", RegType{0xFFFFFFFF}, with_nul},
       {"large", RegType::kBinary, std::string(70000, 7)},
       {"a\\b", RegType::kDword, "1234567"},
   };
@@ -199,6 +199,27 @@ TEST_P(RegistryTest, DeletingTakesTheValueWhateverItsCase) {
   EXPECT_EQ(Registry().DeleteValue(key, "wert-ä"), RegStatus::kSuccess);
   EXPECT_EQ(Get(key, "Wert-Ä"), "(none)");
   EXPECT_EQ(Registry().DeleteValue(key, "wert-ä"), RegStatus::kNotFound);
+}
+
+TEST_P(RegistryTest, WhatWindowsWouldNotTakeIsRefused) {
+  const std::string name(255, 'k');
+  std::string deep = "d";
+  for (int i = 1; i < 512; ++i) deep += "\\d";
+  const std::string nul(1, '\0');
+  RegHandle key = 0;
+  for (const std::string& path : {name + "k", "a\\" + name + "k\\b", deep + "\\d", "a" + nul}) {
+    EXPECT_EQ(Registry().CreateKey(kMachine, path, key), RegStatus::kInvalidParameter);
+    EXPECT_EQ(Registry().SetDefaultValue(kMachine, path, "x"), RegStatus::kInvalidParameter);
+    EXPECT_EQ(Registry().OpenKey(kMachine, path, key), RegStatus::kNotFound);
+  }
+  EXPECT_EQ(Open("a"), 0u);
+  Create(deep);
+  key = Create(name);
+  EXPECT_EQ(Set(key, std::string(16383, 'v'), ""), RegStatus::kSuccess);
+  EXPECT_EQ(Set(key, std::string(16384, 'v'), ""), RegStatus::kInvalidParameter);
+  EXPECT_EQ(Set(key, nul, ""), RegStatus::kInvalidParameter);
+  EXPECT_EQ(Set(key, "v", std::string(1 << 20, 'x')), RegStatus::kSuccess);
+  EXPECT_EQ(Set(key, "v", std::string((1 << 20) + 1, 'x')), RegStatus::kNoResources);
 }
 
 TEST_P(RegistryTest, AClosedOrUnknownHandleIsRefused) {

@@ -1,6 +1,7 @@
 #include "platform/portable/store.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,10 +10,10 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/reg_file.h"
 #include "platform/temp_folder.h"
-#include "platform/value_text.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -67,6 +68,31 @@ std::vector<std::string> Names(Store& store, std::string_view path, bool of_valu
             RegStatus::kSuccess);
   for (const StoredValue& value : values) names.push_back(value.name);
   return names;
+}
+
+void SetMany(Store& store) {
+  Transaction change(store);
+  for (int i = 0; i < 400; ++i) Set(store, "K\\" + std::to_string(i), "v", "value");
+  EXPECT_TRUE(change.Commit());
+}
+
+/// Changes a store's file as anyone's program can.
+void RunSql(const std::string& path, const std::string& sql) {
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+      << sqlite3_errmsg(database);
+  sqlite3_close(database);
+}
+
+/// A store's file and all that may stand beside it.
+std::string Bytes(const std::string& path) {
+  std::string bytes;
+  for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
+    const std::string file = path + ending;
+    bytes += std::filesystem::exists(file) ? "|" + ReadAll(file) : "|(none)";
+  }
+  return bytes;
 }
 
 /// Gives up an administrator's rights for a while, so that permissions mean something.
@@ -259,10 +285,7 @@ TEST(StoreTest, ProgramsThatMeetAtANewStoreFillItOnce) {
 TEST(StoreFaultTest, FilesThatCanNotBeAStoreAreRefusedUntouched) {
   TempFolder folder;
   const std::string good = folder / "good.store";
-  {
-    const auto store = OpenStore(good);
-    for (int i = 0; i < 400; ++i) Set(*store, "K\\" + std::to_string(i), "v", "value");
-  }
+  { SetMany(*OpenStore(good)); }
   const std::string bytes = ReadAll(good);
   ASSERT_GT(bytes.size(), 32768u);
   const auto patched = [&bytes](std::size_t at, std::string_view with) {
@@ -280,17 +303,105 @@ TEST(StoreFaultTest, FilesThatCanNotBeAStoreAreRefusedUntouched) {
            Case{"newer", patched(60, std::string("\0\0\0\2", 4)),
                 "The store ? was written by a newer version of this program."},
            Case{"cut short", bytes.substr(0, 16384), "The store ? is damaged."},
-           Case{"overwritten", patched(4096, std::string(8192, '\x55')), "The store ? is damaged."},
            Case{"bad schema", patched(120, std::string(3900, '\x55')), "The store ? is damaged."},
        }) {
     for (const bool dry_run : {false, true}) {
       const std::string path = folder.Write("bad.store", c.bytes);
       std::string expected = c.reason;
       expected.replace(expected.find('?'), 1, path);
+      const std::string before = Bytes(path);
       EXPECT_EQ(Refusal({.path = path, .dry_run = dry_run}), expected) << c.name;
-      EXPECT_TRUE(ReadAll(path) == c.bytes) << c.name;
+      EXPECT_TRUE(Bytes(path) == before) << c.name;
     }
   }
+}
+
+TEST(StoreFaultTest, AStoreWithAnotherSchemaIsRefusedBeforeAnyOfItRuns) {
+  struct Case {
+    const char* name;
+    const char* sql;
+  };
+  for (const auto& [name, sql] : {
+           Case{"endless view",
+                "DROP TABLE registry_key; CREATE VIEW registry_key AS WITH RECURSIVE "
+                "n(id) AS (SELECT 1 UNION ALL SELECT id + 1 FROM n) "
+                "SELECT id, 0 AS parent, 'x' AS path, 'x' AS name FROM n"},
+           Case{"large column",
+                "ALTER TABLE registry_key ADD COLUMN "
+                "large AS (zeroblob(1000000000))"},
+           Case{"trigger", "CREATE TRIGGER t AFTER INSERT ON registry_key BEGIN SELECT 1; END"},
+           Case{"another index", "CREATE INDEX i ON registry_value(name)"},
+           Case{"no index", "DROP INDEX registry_key_by_parent"},
+           Case{"no table", "DROP TABLE machine_state"},
+           Case{"no number", "PRAGMA user_version = 0"},
+       }) {
+    TempFolder folder;
+    const std::string path = folder / "a.store";
+    OpenStore(path);
+    RunSql(path, sql);
+    const std::string before = Bytes(path);
+    EXPECT_EQ(Refusal({.path = path}), "The store " + path + " is damaged.") << name;
+    EXPECT_TRUE(Bytes(path) == before) << name;
+  }
+}
+
+TEST(StoreFaultTest, DamageIsToldWhenItIsComeAcross) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  SetMany(*OpenStore(path));
+  std::string bytes = ReadAll(path);
+  // The roots of the tables stand on the pages behind the first.
+  folder.Write("a.store", bytes.replace(4096, 5 * 4096, std::string(5 * 4096, '\x55')));
+  const auto store = OpenStore(path);
+  EXPECT_EQ(Get(*store, "K\\399", "v"), "(no key)");
+  EXPECT_EQ(store->FirstFailure(), "The store " + path + " can't be read: it is damaged.");
+}
+
+TEST(StoreFaultTest, ALogThatWasLeftBehindIsCheckedAndFoldedInOnlyWhenItIsSound) {
+  for (const bool damaged : {false, true}) {
+    TempFolder folder;
+    const std::string path = folder / "a.store";
+    OpenStore(path);
+    if (const pid_t child = fork(); child == 0) {
+      const auto store = OpenStore(path);
+      SetMany(*store);
+      _exit(0);
+    }
+    wait(nullptr);
+    if (damaged) {
+      // The frames of a log are signed, so the damage is done to a page that none of them holds:
+      // that of the machine's state.
+      std::string bytes = ReadAll(path);
+      folder.Write("a.store", bytes.replace(4096, 64, std::string(64, '\x55')));
+    }
+    const std::string before = Bytes(path);
+    const std::string told = damaged ? "The store " + path + " is damaged." : "(opened)";
+    EXPECT_EQ(Refusal({.path = path, .dry_run = true}), told);
+    EXPECT_TRUE(Bytes(path) == before);
+    EXPECT_EQ(Refusal({.path = path}), told);
+    if (damaged) {
+      EXPECT_TRUE(Bytes(path) == before);
+    } else {
+      EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
+      EXPECT_EQ(Get(*OpenStore(path), "K\\399", "v"), "value");
+    }
+  }
+}
+
+TEST(StoreFaultTest, NobodyWaitsToLookAndAfterOneFailureNobodyWaitsAgain) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  const auto other = OpenStore(path);
+  Set(*other, "K", "v", "1");
+  Transaction held(*other);
+  const auto start = std::chrono::steady_clock::now();
+  const auto waited = [start] { return std::chrono::steady_clock::now() - start; };
+  const auto store = Store::Open({.path = path, .busy_timeout = std::chrono::seconds(1)});
+  ASSERT_TRUE(store.Ok());
+  EXPECT_EQ(Set(*store.Value(), "K", "v", "1"), RegStatus::kSuccess);
+  EXPECT_LT(waited(), std::chrono::milliseconds(900));
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(Set(*store.Value(), "K", "v", "2"), RegStatus::kWriteFault);
+  EXPECT_LT(waited(), std::chrono::milliseconds(2500));
 }
 
 TEST(StoreFaultTest, PlacesWhereNoStoreCanBe) {
@@ -302,6 +413,20 @@ TEST(StoreFaultTest, PlacesWhereNoStoreCanBe) {
             "The store " + std::filesystem::path(file).parent_path().string() +
                 " can't be opened: it is a folder.");
   EXPECT_EQ(Refusal({.path = ""}), "The store's path is empty.");
+  const auto obstacle = [](const std::string& path) {
+    const std::string told = Refusal({.path = path});
+    const std::string start = "The store " + path + " can't be opened: ";
+    return told.starts_with(start) ? told.substr(start.size()) : told;
+  };
+  EXPECT_EQ(obstacle("/dev/null"), "it is no ordinary file.");
+  EXPECT_EQ(obstacle(folder / std::string(300, 'x')), "File name too long.");
+  for (const char* name : {"nowhere", "ring"}) {
+    const std::string to = folder / (std::string(name) == "ring" ? "ring" : "none");
+    std::filesystem::create_symlink(to, folder / name);
+  }
+  EXPECT_EQ(obstacle(folder / "nowhere"), "it is a link to nowhere.");
+  EXPECT_EQ(obstacle(folder / "ring"), "Too many levels of symbolic links.");
+  EXPECT_FALSE(std::filesystem::exists(folder / "none"));
 }
 
 TEST(StoreFaultTest, AnEmptyFileBecomesAStore) {
@@ -376,17 +501,23 @@ TEST(StoreFaultTest, AnImportWithAFaultyWriteLeavesNothing) {
   TempFolder folder;
   const auto store = OpenStore(folder / "a.store");
   StoreRegistry registry(*store);
-  const std::vector<RegFileChange> changes = {
-      {.kind = RegFileChange::Kind::kCreateKey, .key = "K"},
-      {RegFileChange::Kind::kSetValue, kMachine, "K", "a", RegType::kSz, TextData("1")}};
+  FolderFiles files({}, 1252);
+  const std::string text = "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"a\"=\"1\"\n";
+  const auto import = [&](const std::string& bytes) {
+    const auto done = ImportRegFile(bytes, "a.reg", files, registry);
+    return done ? "" : done.Reason();
+  };
   const auto other = OpenStore(folder / "a.store");
   {
     Transaction held(*other);
-    EXPECT_FALSE(ApplyRegFile(changes, registry));
+    EXPECT_EQ(import(text), "The registry can't be written.");
     EXPECT_NE(store->FirstFailure(), std::nullopt);
   }
   EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
-  EXPECT_TRUE(ApplyRegFile(changes, registry));
+  EXPECT_EQ(import(text + "x"), "a.reg:4: this is neither a key nor a value");
+  EXPECT_EQ(import(""), "a.reg is empty.");
+  EXPECT_EQ(Get(*store, "K", "a"), "(no key)");
+  EXPECT_EQ(import(text), "");
   EXPECT_EQ(Get(*store, "K", "a"), std::string_view("1\0", 2));
 }
 

@@ -131,7 +131,7 @@ std::optional<std::string> FolderFiles::ReadBytes(std::string_view path) {
 }
 
 Result<std::string> FolderFiles::ReadAnyFile(const std::string& path) {
-  return ReadWholeFile(path);
+  return ReadWholeFile(path, kLongestRegFile, PipesToo::kYes);
 }
 
 std::vector<std::string> FolderFiles::ListFiles(std::string_view folder, std::string_view ending) {

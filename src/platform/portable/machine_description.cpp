@@ -1,6 +1,7 @@
 #include "platform/portable/machine_description.h"
 
 #include <algorithm>
+#include <concepts>
 #include <filesystem>
 #include <limits>
 #include <set>
@@ -9,6 +10,10 @@
 
 #define TOML_HEADER_ONLY 1
 #define TOML_EXCEPTIONS 0
+// A broken file is a fault of the file, in every build.
+#define TOML_ASSERT(expr) static_assert(true)
+// Lists of tables of lists are all that a description has.
+#define TOML_MAX_NESTED_VALUES 8
 #include <toml++/toml.h>
 
 #include "platform/case_fold.h"
@@ -22,6 +27,37 @@ constexpr std::string_view kEnding = ".toml";
 std::string Quoted(std::string_view text) {
   std::string quoted(1, '"');
   return quoted.append(text).append(1, '"');
+}
+
+/// The numbers that a key takes.
+struct Range {
+  std::int64_t least = 0;
+  std::int64_t most = std::numeric_limits<int>::max();
+};
+
+constexpr Range kClockMhz{1, 32767};
+constexpr Range kMemoryBytes{0, std::int64_t{1} << 50};
+constexpr Range kProcessorCount{1, 64};
+constexpr Range kProcessorMhz{0, 1000000};
+constexpr Range kLoadPercent{0, 100};
+constexpr Range kPlatform{1, 2};
+constexpr Range kVersionPart{0, 65535};
+constexpr Range kCodePage{0, 65535};
+
+/// The library descends once more for each dot of a key's name, without a limit of its own. No line
+/// of a description has more of them, whatever they stand for.
+constexpr std::ptrdiff_t kMostDotsInALine = 256;
+
+/// The first line that may name too many levels; 0 when there is none.
+unsigned FirstLineTooDeep(std::string_view text) {
+  unsigned number = 0;
+  while (!text.empty()) {
+    ++number;
+    const std::string_view line = text.substr(0, text.find('\n'));
+    if (std::count(line.begin(), line.end(), '.') > kMostDotsInALine) return number;
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+  return 0;
 }
 
 /// What went wrong while a description was taken apart: its first fault, and its unknown keys.
@@ -62,8 +98,8 @@ class Table {
   Table& operator=(const Table&) = delete;
 
   template <class Target>
-  void Take(std::string_view key, Target& target) {
-    if (const toml::node* node = Find(key)) Read(*node, key, target);
+  void Take(std::string_view key, Target& target, const Range& range = {}) {
+    if (const toml::node* node = Find(key)) Read(*node, key, target, range);
   }
 
   template <class Reader>
@@ -96,34 +132,33 @@ class Table {
     findings_.Fault(node.source(), Quoted(key) + " must be " + wanted);
   }
 
-  void Read(const toml::node& node, std::string_view key, std::string& target) {
+  void Read(const toml::node& node, std::string_view key, std::string& target, const Range&) {
     if (!node.is_string()) return Wrong(node, key, "a text");
     target = node.as_string()->get();
   }
-  void Read(const toml::node& node, std::string_view key, std::int64_t& target) {
-    if (!node.is_integer() || node.as_integer()->get() < 0) {
-      return Wrong(node, key, "a whole number from 0");
+  template <std::integral Number>
+  void Read(const toml::node& node, std::string_view key, Number& target, const Range& range) {
+    const std::int64_t number = node.is_integer() ? node.as_integer()->get() : range.least - 1;
+    if (number < range.least || number > range.most) {
+      return Wrong(node, key,
+                   "a whole number from " + std::to_string(range.least) + " to " +
+                       std::to_string(range.most));
     }
-    target = node.as_integer()->get();
-  }
-  void Read(const toml::node& node, std::string_view key, int& target) {
-    constexpr int kMost = std::numeric_limits<int>::max();
-    if (!node.is_integer() || node.as_integer()->get() < 0 || node.as_integer()->get() > kMost) {
-      return Wrong(node, key, "a whole number from 0 to " + std::to_string(kMost));
-    }
-    target = static_cast<int>(node.as_integer()->get());
+    target = static_cast<Number>(number);
   }
   template <class Element>
-  void Read(const toml::node& node, std::string_view key, std::vector<Element>& target) {
+  void Read(const toml::node& node, std::string_view key, std::vector<Element>& target,
+            const Range& range) {
     if (!node.is_array()) return Wrong(node, key, "an array");
     target.clear();
     for (const toml::node& element : *node.as_array()) {
-      Read(element, key, target.emplace_back());
+      Read(element, key, target.emplace_back(), range);
     }
   }
   template <class Target>
-  void Read(const toml::node& node, std::string_view key, std::optional<Target>& target) {
-    Read(node, key, target.emplace());
+  void Read(const toml::node& node, std::string_view key, std::optional<Target>& target,
+            const Range& range) {
+    Read(node, key, target.emplace(), range);
   }
 
   const toml::table& table_;
@@ -133,9 +168,9 @@ class Table {
 
 void TakeOs(const toml::table& source, Findings& findings, MachineDescription& machine) {
   Table table(source, findings);
-  table.Take("major", machine.os.major);
-  table.Take("minor", machine.os.minor);
-  table.Take("platform", machine.os.platform);
+  table.Take("major", machine.os.major, kVersionPart);
+  table.Take("minor", machine.os.minor, kVersionPart);
+  table.Take("platform", machine.os.platform, kPlatform);
   table.Take("system_folder", machine.system_folder);
 }
 
@@ -166,36 +201,36 @@ void TakeDisplay(const toml::table& source, Findings& findings, DescribedDisplay
 
 void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& clocks) {
   Table table(source, findings);
-  table.Take("core", clocks.core);
-  table.Take("memory", clocks.memory);
-  table.Take("core_3d", clocks.core_3d);
-  table.Take("memory_3d", clocks.memory_3d);
+  table.Take("core", clocks.core, kClockMhz);
+  table.Take("memory", clocks.memory, kClockMhz);
+  table.Take("core_3d", clocks.core_3d, kClockMhz);
+  table.Take("memory_3d", clocks.memory_3d, kClockMhz);
   table.Take("homer", clocks.homer);
   table.Take("key_revision", clocks.key_revision);
 }
 
 void TakeMemory(const toml::table& source, Findings& findings, DescribedMemory& memory) {
   Table table(source, findings);
-  table.Take("total", memory.total);
-  table.Take("available", memory.available);
+  table.Take("total", memory.total, kMemoryBytes);
+  table.Take("available", memory.available, kMemoryBytes);
 }
 
 void TakeProcessor(const toml::table& source, Findings& findings, DescribedProcessor& processor) {
   Table table(source, findings);
-  table.Take("count", processor.count);
+  table.Take("count", processor.count, kProcessorCount);
   table.Take("type", processor.type);
-  table.Take("mhz", processor.mhz);
+  table.Take("mhz", processor.mhz, kProcessorMhz);
   table.Take("name", processor.name);
   table.Take("identifier", processor.identifier);
   table.Take("vendor", processor.vendor);
-  table.Take("load", processor.load);
+  table.Take("load", processor.load, kLoadPercent);
 }
 
 void TakeMachine(const toml::table& source, Findings& findings, MachineDescription& machine) {
   Table table(source, findings);
   table.Take("name", machine.title);
   table.Take("registry", machine.registry);
-  table.Take("codepage", machine.code_page);
+  table.Take("codepage", machine.code_page, kCodePage);
   table.TakeTable("os", [&](const auto& t) { TakeOs(t, findings, machine); });
   table.TakeTable("file_versions", [&](const auto& t) { TakeFileVersions(t, findings, machine); });
   table.TakeTables("display_device", [&](const auto& t) {
@@ -225,13 +260,19 @@ std::vector<std::string> DescriptionFiles(const std::string& folder) {
 
 Result<LoadedDescription> LoadMachineDescription(const std::string& file) {
   const Result<std::string> text = ReadWholeFile(file);
-  if (!text.Ok()) return Fail("The machine description " + file + " can't be read.");
+  if (!text.Ok()) {
+    return Fail("The machine description " + file + " can't be read: " + text.Reason() + ".");
+  }
   return ParseMachineDescription(text.Value(), file);
 }
 
 Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file) {
-  const toml::parse_result parsed = toml::parse(text, file);
   Findings findings(file);
+  if (const unsigned line = FirstLineTooDeep(text); line > 0) {
+    findings.Fault({{line, 1}, {line, 1}, nullptr}, "the line has too many dots");
+    return Fail(*findings.FirstFault());
+  }
+  const toml::parse_result parsed = toml::parse(text, file);
   if (parsed.failed()) {
     findings.Fault(parsed.error().source(), std::string(parsed.error().description()));
     return Fail(*findings.FirstFault());

@@ -65,15 +65,12 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
   const std::string file =
       std::filesystem::path(machine.file).replace_filename(machine.registry).string();
   FolderFiles files({}, machine.code_page);
-  const Result<std::string> bytes = files.ReadAnyFile(file);
-  if (!bytes.Ok()) return Fail("The registry file " + file + " can't be read.");
-  const auto changes = ParseRegFile(bytes.Value(), files);
-  if (!changes.Ok()) {
-    const RegFileFault& fault = changes.Reason();
-    return Fail(file + ":" + std::to_string(fault.line) + ": " + fault.reason);
+  const Result<std::string> bytes = ReadWholeFile(file, kLongestRegFile);
+  if (!bytes.Ok()) {
+    return Fail("The registry file " + file + " can't be read: " + bytes.Reason() + ".");
   }
   StoreRegistry registry(store);
-  Result<void> applied = ApplyRegFile(changes.Value(), registry);
+  Result<void> applied = ImportRegFile(bytes.Value(), file, files, registry);
   if (!applied && store.FirstFailure()) return Fail(*store.FirstFailure());
   return applied;
 }

@@ -9,6 +9,7 @@
 #include "platform/case_fold.h"
 #include "platform/key_address.h"
 #include "platform/portable/store_query.h"
+#include "platform/registry_limits.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -53,6 +54,7 @@ RegStatus Store::CreateKey(RegRoot root, std::string_view path, KeyId& key) {
   RegStatus status = FoldPath(root, path, folded);
   if (status == RegStatus::kSuccess) status = FindFolded(folded, key);
   if (status != RegStatus::kNotFound) return status;
+  if (KeyFault(path) != nullptr) return RegStatus::kInvalidParameter;
   Transaction change(*this);
   if (!change.IsOpen() || Doomed()) return RegStatus::kWriteFault;
   KeyId created = 0;
@@ -132,19 +134,21 @@ RegStatus Store::QueryValue(KeyId key, std::string_view name, RegType& type, std
 RegStatus Store::SetValue(KeyId key, std::string_view name, RegType type,
                           std::span<const std::byte> data) {
   if (key <= kLastRootKey) return RegStatus::kAccessDenied;
+  if (ValueNameFault(name) != nullptr) return RegStatus::kInvalidParameter;
+  if (DataFault(data.size()) != nullptr) return RegStatus::kNoResources;
   EndView();
   if (Doomed()) return RegStatus::kWriteFault;
   const std::string folded = FoldCase(name);
-  int code = SQLITE_OK;
-  {
-    Query query(*this, kPutValue);
-    query.Bind(1, key).Bind(2, folded).Bind(3, name);
-    code = query.Bind(4, static_cast<std::int64_t>(type)).Bind(5, data).Step();
+  // What stands there already takes no lock, so nobody waits for it, nor needs to be able to write.
+  if (changes_open_ == 0 && HasValue(key, folded, type, data)) {
+    BeginView();
+    return RegStatus::kSuccess;
   }
-  if (code == SQLITE_DONE && sqlite3_changes(database_) > 0) return RegStatus::kSuccess;
-  // Where nothing can be written, what stands there already counts as written.
-  if (HasValue(key, folded, type, data)) return RegStatus::kSuccess;
-  return code == SQLITE_DONE ? RequireKey(key) : WriteFailed(code);
+  Query query(*this, kPutValue);
+  query.Bind(1, key).Bind(2, folded).Bind(3, name);
+  const RegStatus status = Finish(query.Bind(4, static_cast<std::int64_t>(type)).Bind(5, data));
+  if (status != RegStatus::kSuccess) return status;
+  return sqlite3_changes(database_) > 0 ? status : RequireKey(key);
 }
 
 bool Store::HasValue(KeyId key, std::string_view folded, RegType type,
@@ -218,12 +222,17 @@ std::optional<std::string> Store::MachineState(std::string_view name) {
 RegStatus Store::SetMachineState(std::string_view name, std::string_view text) {
   EndView();
   if (Doomed()) return RegStatus::kWriteFault;
+  if (MachineState(name) == text) return RegStatus::kSuccess;
   Query query(*this, kPutState);
   return Finish(query.Bind(1, name).Bind(2, text));
 }
 
 void Store::BeginReads() {
-  if (reads_open_++ > 0 || changes_open_ > 0) return;
+  if (reads_open_++ == 0) BeginView();
+}
+
+void Store::BeginView() {
+  if (reads_open_ == 0 || changes_open_ > 0) return;
   view_open_ = Query(*this, kBeginReading).Step() == SQLITE_DONE;
   last_found_ = 0;
 }
@@ -254,7 +263,7 @@ bool Store::EndChange(bool keep) {
   const bool take_back = std::exchange(doomed_, false);
   if (!take_back) {
     const int code = Query(*this, kCommit).Step();
-    if (code == SQLITE_DONE) return true;
+    if (code == SQLITE_DONE) return Succeeded(), true;
     WriteFailed(code);
   }
   // SQLite may have taken it back by itself when the disk failed.
@@ -271,8 +280,13 @@ bool Store::Doomed() {
 
 RegStatus Store::Finish(Query& query) {
   const int code = query.Step();
-  return code == SQLITE_DONE ? RegStatus::kSuccess : WriteFailed(code);
+  if (code != SQLITE_DONE) return WriteFailed(code);
+  if (changes_open_ == 0) Succeeded();
+  return RegStatus::kSuccess;
 }
+
+/// After a change that has been kept others are waited for anew.
+void Store::Succeeded() { patience_ = busy_timeout_; }
 
 RegStatus Store::ReadFailed(int code) {
   Remember("read", code);
@@ -286,6 +300,7 @@ RegStatus Store::WriteFailed(int code) {
 }
 
 void Store::Remember(const char* what, int code) {
+  if ((code & 0xFF) == SQLITE_BUSY) patience_ = std::chrono::milliseconds(0);
   if (first_failure_) return;
   first_failure_ = "The store " + path_ + " can't be " + what + ": " + Reason(code) + ".";
 }
@@ -306,7 +321,8 @@ std::string Store::Reason(int code) const {
     case SQLITE_NOMEM:
       return "there is no memory left";
     default:
-      return error != 0 ? std::generic_category().message(error) : sqlite3_errstr(code);
+      if (error != 0) return std::generic_category().message(error);
+      return std::string("its file can't be used (") + sqlite3_errstr(code) + ")";
   }
 }
 

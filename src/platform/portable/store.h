@@ -30,7 +30,7 @@ struct StoreOptions {
   std::string path = {};
   /// Works on a copy in memory: the file is neither changed nor created.
   bool dry_run = false;
-  /// How long another program may keep the store locked.
+  /// How long this may wait for other programs in all, until a change has succeeded.
   std::chrono::milliseconds busy_timeout{5000};
   /// Runs once, in the transaction that creates the store. A failure takes the creation back and
   /// becomes the reason why the store can't be opened.
@@ -45,9 +45,10 @@ struct StoreOptions {
 /// comes back as kReadFault or kWriteFault, and the first one is remembered. For one thread.
 class Store {
  public:
-  /// Opens the store at a path, or creates it with its folder. A file that isn't a store, is
-  /// damaged or of a newer version is refused untouched. One that can't be written is opened for
-  /// reading.
+  /// Opens the store at a path, or creates it with its folder. A file that isn't a store, has
+  /// another schema or is of a newer version is refused untouched, with all that stands beside it;
+  /// so is a damaged one whose log was left behind. Other damage shows itself as a failure when it
+  /// is come across. One that can't be written is opened for reading.
   static Result<std::unique_ptr<Store>> Open(const StoreOptions& options);
   /// A copy in memory, of which nothing is kept. Not while a Transaction is open.
   Result<std::unique_ptr<Store>> CopyToMemory();
@@ -97,10 +98,16 @@ class Store {
   static Result<std::unique_ptr<Store>> NewInMemory(const StoreOptions& options);
   int Connect(const std::string& file, int flags, std::chrono::milliseconds busy_timeout);
   void Disconnect();
+  static int WaitForOthers(void* store, int waits);
+  int OpenApart(const StoreOptions& options, bool& is_apart, bool& is_empty,
+                std::optional<std::string>& refusal);
+  int OpenAmongOthers(const StoreOptions& options, bool& is_empty,
+                      std::optional<std::string>& refusal);
   int Inspect(bool& is_empty, std::optional<std::string>& refusal);
+  int CompareSchema(bool& is_empty, bool& is_ours);
   int CheckPages(std::optional<std::string>& refusal);
   Result<void> Create(const StoreOptions& options);
-  int UseWriteAheadLog(std::chrono::milliseconds patience);
+  int UseWriteAheadLog();
   int Run(const char* sql);
   int ReadNumber(const char* sql, std::int64_t& number);
 
@@ -117,17 +124,20 @@ class Store {
   std::string OpeningFailed(int code) const;
 
   bool Doomed();
+  void BeginView();
   void EndView();
+  void Succeeded();
 
   std::string path_;
   sqlite3* database_ = nullptr;
   std::array<sqlite3_stmt*, kSqlCount> statements_{};
   std::optional<std::string> first_failure_;
   std::chrono::milliseconds busy_timeout_{0};
-  int changes_open_ = 0;  ///< nested transactions
-  int reads_open_ = 0;    ///< nested BeginReads
-  int unasked_open_ = 0;  ///< nested BeginUnasked
-  bool doomed_ = false;   ///< the open transaction can only be taken back
+  std::chrono::milliseconds patience_{0};  ///< what is left of it
+  int changes_open_ = 0;                   ///< nested transactions
+  int reads_open_ = 0;                     ///< nested BeginReads
+  int unasked_open_ = 0;                   ///< nested BeginUnasked
+  bool doomed_ = false;                    ///< the open transaction can only be taken back
   bool view_open_ = false;
   KeyId last_found_ = 0;  ///< an open view goes on showing it
   bool is_new_ = false;
