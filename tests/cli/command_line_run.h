@@ -9,6 +9,7 @@
 #include "cli/command_line.h"
 #include "fake_machine.h"
 #include "platform/portable/portable_machine.h"
+#include "platform/temp_folder.h"
 
 namespace kestrune::cli {
 
