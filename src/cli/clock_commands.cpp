@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "cli/script.h"
+#include "platform/plain_text.h"
 
 namespace kestrune::cli {
 
@@ -44,11 +45,12 @@ bool IsMarked(forms::Program& program, std::string_view id) {
 }  // namespace
 
 Status ShowClocks(Run& run, forms::Program& program) {
-  Script script(program, run.out, run.streams);
+  Script script(program, run.out, run.streams, run.has_failed);
   if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }
-  for (const std::string_view id : kLines) run.out.Line(OneLine(program.Find(id)->Caption()));
+  for (const std::string_view id : kLines)
+    run.out.Line(platform::PlainText(program.Find(id)->Caption()));
   run.out.BeginObject();
   for (const auto& [name, value] : program.State()) {
     if (std::find(std::begin(kNumbers), std::end(kNumbers), name) == std::end(kNumbers)) continue;
@@ -58,7 +60,7 @@ Status ShowClocks(Run& run, forms::Program& program) {
 }
 
 Status SetClocks(Run& run, forms::Program& program) {
-  Script script(program, run.out, run.streams);
+  Script script(program, run.out, run.streams, run.has_failed);
   if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }
@@ -73,13 +75,13 @@ Status SetClocks(Run& run, forms::Program& program) {
   const bool refused = IsMarked(program, "overclocking.core-clock") ||
                        IsMarked(program, "overclocking.memory-clock");
   if (!refused) return status;
-  run.streams.Complain("the clocks can't be set to \"" + OneLine(run.arguments.Word("CORE")) +
-                       "\" and \"" + OneLine(memory) + "\".");
+  run.streams.Complain("the clocks can't be set to \"" + run.arguments.Word("CORE") + "\" and \"" +
+                       memory + "\".");
   return Status::kImpossible;
 }
 
 Status ResetClocks(Run& run, forms::Program& program) {
-  Script script(program, run.out, run.streams);
+  Script script(program, run.out, run.streams, run.has_failed);
   if (const Status status = ChoosePair(run, program, script); status != Status::kDone) {
     return status;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <span>
 #include <string>
@@ -35,6 +36,8 @@ struct Run {
   platform::MachineSource& machines;
   Output& out;
   std::vector<Step> steps = {};  ///< those of the command's row, with known ids
+  /// Whether something failed that nobody was told of yet. Then a command goes no further.
+  std::function<bool()> has_failed = [] { return false; };
 };
 
 /// What a command does. What it takes says what has to be open: nothing, the machine, or the

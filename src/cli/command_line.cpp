@@ -11,6 +11,7 @@
 #include "cli/control_text.h"
 #include "cli/suggestion.h"
 #include "core/options.h"
+#include "platform/thrown.h"
 
 namespace kestrune::cli {
 
@@ -240,7 +241,7 @@ std::string CommandLine::Complaint(const CLI::ParseError& fault) const {
 
 std::string CommandLine::Unexpected(const std::string& given) const {
   const CLI::App& word = LastWord();
-  const std::string quoted = '"' + OneLine(given) + '"';
+  const std::string quoted = '"' + given + '"';
   if (given.starts_with('-')) {
     const std::set<std::string> names = OptionsOf(word);
     return "there is no option " + quoted + Suggestion(given, {names.begin(), names.end()});
@@ -248,7 +249,7 @@ std::string CommandLine::Unexpected(const std::string& given) const {
   if (commands_.contains(&word)) return quoted + " is more than \"" + UsageOf(word) + "\" takes.";
   const std::string command = NameBehind(word, given);
   const std::vector<std::string> names = NamesBehind(word);
-  return "there is no command \"" + OneLine(command) + '"' +
+  return "there is no command \"" + command + '"' +
          Suggestion(command, {names.begin(), names.end()});
 }
 
@@ -278,9 +279,12 @@ Status CommandLine::RunChosen() {
   } else {
     const std::unique_ptr<Session> session = Session::Open(machines_, options_, streams_);
     if (!session) return Status::kImpossible;
-    const auto* on_machine = std::get_if<1>(&chosen_->function);
-    status = on_machine != nullptr ? (*on_machine)(run, *session)
-                                   : std::get<2>(chosen_->function)(run, session->Start());
+    run.has_failed = [&session] { return session->HasFailed(); };
+    if (const auto* on_machine = std::get_if<1>(&chosen_->function)) {
+      status = (*on_machine)(run, *session);
+    } else if (forms::Program& program = session->Start(); !session->HasFailed()) {
+      status = std::get<2>(chosen_->function)(run, program);
+    }
     status = session->Finish(status);
   }
   out.Finish();
@@ -310,7 +314,12 @@ bool CommandLine::PrepareSteps(std::vector<Step>& steps) {
 
 int RunCommandLine(const std::vector<std::string>& arguments, platform::MachineSource& machines,
                    const Streams& streams) {
-  return static_cast<int>(CommandLine(machines, streams).Run(arguments));
+  try {
+    return static_cast<int>(CommandLine(machines, streams).Run(arguments));
+  } catch (...) {
+    streams.Complain(platform::ThrownSentence());
+    return static_cast<int>(Status::kImpossible);
+  }
 }
 
 }  // namespace kestrune::cli

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/parse_number.h"
+#include "platform/plain_text.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
@@ -206,20 +207,6 @@ class Presser : public ControlVisitor {
 
 }  // namespace
 
-std::string OneLine(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    if (c == '\n') {
-      line += "\\n";
-    } else if (c == '\t') {
-      line += "\\t";
-    } else if (c != '\r') {
-      line += c;
-    }
-  }
-  return line;
-}
-
 bool IsEnabled(const Control& control) {
   for (const Control* each = &control; each != nullptr; each = each->Parent()) {
     if (!each->Enabled()) return false;
@@ -238,7 +225,7 @@ bool IsVisible(const Control& control) {
 }
 
 std::string ShowLine(const Control& control) {
-  std::string line = control.Id() + "\t" + OneLine(control.ValueText());
+  std::string line = control.Id() + "\t" + platform::PlainText(control.ValueText());
   if (!IsVisible(control)) return line + "\thidden";
   return IsEnabled(control) ? line : line + "\tdisabled";
 }
@@ -281,11 +268,11 @@ Result<std::string> UseValue(controls::Gate& gate, Control& control, const std::
     return user.Taken();
   });
   if (!user.Taken()) {
-    return Fail(control.Id() + " can't be set to \"" + OneLine(value) + "\": " + user.Why() + ".");
+    return Fail(control.Id() + " can't be set to \"" + value + "\": " + user.Why() + ".");
   }
   if (const Result<void> done = ToResult(gate, control, refusal); !done) return Fail(done.Reason());
   if (!user.Typed()) return std::string();
-  return '"' + OneLine(value) + "\" is none of the items of " + control.Id();
+  return '"' + value + "\" is none of the items of " + control.Id();
 }
 
 Result<void> Press(controls::Gate& gate, Control& control) {

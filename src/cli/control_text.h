@@ -9,9 +9,6 @@
 
 namespace kestrune::cli {
 
-/// Text with its line ends and tabs as \n and \t.
-std::string OneLine(std::string_view text);
-
 /// Enabled, and so is everything that it stands in.
 bool IsEnabled(const controls::Control& control);
 /// Visible on its page or in its window, whether or not that page is the one shown.

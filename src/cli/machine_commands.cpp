@@ -1,6 +1,7 @@
 #include "cli/machine_commands.h"
 
 #include "cli/control_text.h"
+#include "platform/plain_text.h"
 
 namespace kestrune::cli {
 
@@ -8,7 +9,7 @@ namespace {
 
 void Print(Output& out, const platform::MachineInfo& machine) {
   out.Item({{"name", machine.name}, {"title", machine.title}, {"file", machine.file}});
-  out.Line(machine.name + '\t' + OneLine(machine.title) + '\t' + machine.file);
+  out.Line(machine.name + '\t' + platform::PlainText(machine.title) + '\t' + machine.file);
 }
 
 }  // namespace

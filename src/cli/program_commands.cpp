@@ -1,6 +1,7 @@
 #include "cli/program_commands.h"
 
 #include "cli/control_text.h"
+#include "platform/plain_text.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
@@ -10,7 +11,8 @@ Status Pages(Run& run, forms::Program& program) {
   for (int page = 0; page < forms::PageCount(); ++page) {
     const controls::Control& frame = program.Main().Page(page);
     run.out.Item({{"index", page}, {"id", frame.Id()}, {"caption", frame.Caption()}});
-    run.out.Line(std::to_string(page) + '\t' + frame.Id() + '\t' + OneLine(frame.Caption()));
+    run.out.Line(std::to_string(page) + '\t' + frame.Id() + '\t' +
+                 platform::PlainText(frame.Caption()));
   }
   return Status::kDone;
 }
@@ -22,7 +24,7 @@ Status State(Run& run, forms::Program& program) {
     const std::string text =
         number != nullptr ? std::to_string(*number) : std::get<std::string>(value);
     run.out.Member(name, number != nullptr ? Json(*number) : Json(text));
-    run.out.Line(std::string(name) + '=' + OneLine(text));
+    run.out.Line(std::string(name) + '=' + platform::PlainText(text));
   }
   return Status::kDone;
 }
@@ -31,7 +33,7 @@ Status Languages(Run& run, forms::Program& program) {
   run.out.BeginList();
   for (const std::string& name : program.Languages()) {
     run.out.Item({{"name", name}});
-    run.out.Line(OneLine(name));
+    run.out.Line(platform::PlainText(name));
   }
   return Status::kDone;
 }

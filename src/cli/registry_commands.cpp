@@ -5,6 +5,7 @@
 #include "platform/open_key.h"
 #include "platform/plain_text.h"
 #include "platform/reg_file.h"
+#include "platform/registry_limits.h"
 #include "platform/value_text.h"
 
 namespace kestrune::cli {
@@ -34,7 +35,19 @@ std::optional<KeyAddress> KeyOf(const Run& run) {
 }
 
 Json ValueJson(RegType type, std::span<const std::byte> data) {
-  return {{"type", platform::TypeText(type, data)}, {"data", platform::DataText(type, data)}};
+  // A text has the escapes of JSON alone.
+  const std::optional<std::string> text = platform::TextOf(type, data);
+  return {{"type", platform::TypeText(type, data)},
+          {"data", text ? *text : platform::DataText(type, data)}};
+}
+
+/// Which of the registry's limits keeps a value from being written.
+std::string LimitBroken(std::string_view path, std::string_view name, std::size_t size) {
+  for (const char* fault :
+       {platform::KeyFault(path), platform::ValueNameFault(name), platform::DataFault(size)}) {
+    if (fault != nullptr) return std::string(": ") + fault;
+  }
+  return {};
 }
 
 }  // namespace
@@ -80,7 +93,11 @@ Status WriteRegistry(Run& run, Session& session) {
   OpenKey opened(registry);
   if (opened.Create(address->root, address->path) != RegStatus::kSuccess ||
       registry.SetValue(opened.Handle(), NameOf(run), *type, *data) != RegStatus::kSuccess) {
-    run.streams.Complain(run.arguments.Word("KEY") + " can't be written.");
+    // What the machine remembers is told at the end.
+    if (!session.HasFailed()) {
+      run.streams.Complain(run.arguments.Word("KEY") + " can't be written" +
+                           LimitBroken(address->path, NameOf(run), data->size()) + ".");
+    }
     return Status::kImpossible;
   }
   return Status::kDone;

@@ -1,5 +1,6 @@
 #include "cli/script.h"
 
+#include "platform/plain_text.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
@@ -15,6 +16,7 @@ Status Script::Run(const std::vector<Step>& steps) {
       streams_.Complain(done.Reason());
       return Status::kImpossible;
     }
+    if (has_failed_()) return Status::kImpossible;
   }
   return Status::kDone;
 }
@@ -62,7 +64,7 @@ Result<void> Script::Use(const Step& step, Control& control) {
 
 void Script::Print(Control& control) {
   out_.Item(ControlJson(control));
-  out_.Line(OneLine(control.ValueText()));
+  out_.Line(platform::PlainText(control.ValueText()));
 }
 
 /// What a person uses to get to a page: its own key, or one of its group, whose scroll bar goes the

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/control_text.h"
@@ -14,10 +16,12 @@ namespace kestrune::cli {
 /// Carries out steps in a program, as a person at its window would. Their ids must be known ones.
 class Script {
  public:
-  Script(forms::Program& program, Output& out, const Streams& streams)
-      : program_(program), out_(out), streams_(streams) {}
+  Script(
+      forms::Program& program, Output& out, const Streams& streams,
+      std::function<bool()> has_failed = [] { return false; })
+      : program_(program), out_(out), streams_(streams), has_failed_(std::move(has_failed)) {}
 
-  /// The steps run in order until one is refused. What was done stays.
+  /// The steps run in order until one is refused, or something has failed. What was done stays.
   Status Run(const std::vector<Step>& steps);
 
  private:
@@ -34,6 +38,7 @@ class Script {
   forms::Program& program_;
   Output& out_;
   Streams streams_;
+  std::function<bool()> has_failed_;
 };
 
 }  // namespace kestrune::cli

@@ -9,6 +9,7 @@
 #include "cli/status.h"
 #include "cli/terminal_dialog.h"
 #include "platform/machine.h"
+#include "platform/plain_text.h"
 #include "platform/tracing.h"
 #include "ui/forms/program.h"
 
@@ -30,11 +31,16 @@ struct Streams {
   std::ostream& err;
 
   /// Says in one sentence why something could not be done.
-  void Complain(const std::string& sentence) const { err << "kestrunectl: " << sentence << '\n'; }
+  void Complain(const std::string& sentence) const {
+    err << "kestrunectl: " << platform::PlainText(sentence) << '\n';
+  }
   /// Says what was odd about something that was done all the same.
-  void Note(const std::string& sentence) const { err << "note: " << sentence << '\n'; }
+  void Note(const std::string& sentence) const {
+    err << "note: " << platform::PlainText(sentence) << '\n';
+  }
   void Warn(const std::vector<std::string>& warnings) const {
-    for (const std::string& warning : warnings) err << "warning: " << warning << '\n';
+    for (const std::string& warning : warnings)
+      err << "warning: " << platform::PlainText(warning) << '\n';
   }
 };
 

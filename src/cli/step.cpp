@@ -95,8 +95,8 @@ bool KnownIds::Knows(Step::Kind kind, std::string_view id) const {
 
 platform::Result<void> KnownIds::Check(const Step& step) const {
   if (Knows(step.kind, step.id)) return {};
-  return platform::Fail("there is no " + std::string(SortOf(step.kind)) + " \"" + OneLine(step.id) +
-                        '"' + Suggestion(step.id, Candidates(step)));
+  return platform::Fail("there is no " + std::string(SortOf(step.kind)) + " \"" + step.id + '"' +
+                        Suggestion(step.id, Candidates(step)));
 }
 
 /// What a step with an unknown id may be meant for.

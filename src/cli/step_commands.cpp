@@ -59,7 +59,7 @@ Result<std::vector<Step>> WrittenSteps(const Arguments& arguments) {
 }
 
 Status DoSteps(Run& run, forms::Program& program) {
-  return Script(program, run.out, run.streams).Run(run.steps);
+  return Script(program, run.out, run.streams, run.has_failed).Run(run.steps);
 }
 
 Status PrintSteps(Run& run, forms::Program& program) {

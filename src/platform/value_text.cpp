@@ -50,10 +50,6 @@ bool IsWellFormed(RegType type, std::span<const std::byte> data) {
   return end != data.end() && end + 1 == data.end();
 }
 
-std::string StringText(std::span<const std::byte> data) {
-  return PlainText({reinterpret_cast<const char*>(data.data()), data.size() - 1});
-}
-
 std::optional<std::vector<std::byte>> ParseDword(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative) text.remove_prefix(1);
@@ -110,9 +106,14 @@ std::optional<RegType> ParseType(std::string_view text) {
   return number ? std::optional(static_cast<RegType>(*number)) : std::nullopt;
 }
 
+std::optional<std::string> TextOf(RegType type, std::span<const std::byte> data) {
+  if (type != RegType::kSz || !IsWellFormed(type, data)) return std::nullopt;
+  return std::string(reinterpret_cast<const char*>(data.data()), data.size() - 1);
+}
+
 std::string DataText(RegType type, std::span<const std::byte> data) {
   if (!IsWellFormed(type, data)) return HexText(data);
-  if (type == RegType::kSz) return StringText(data);
+  if (const auto text = TextOf(type, data)) return PlainText(*text);
   return type == RegType::kDword ? std::to_string(DwordOf(data)) : HexText(data);
 }
 

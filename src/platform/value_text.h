@@ -22,6 +22,9 @@ std::string ValueNameText(std::string_view name);
 std::string TypeText(RegType type, std::span<const std::byte> data);
 std::optional<RegType> ParseType(std::string_view text);
 
+/// The text of a REG_SZ as it is; nothing for any other value.
+std::optional<std::string> TextOf(RegType type, std::span<const std::byte> data);
+
 /// The data of a value, by the name that its type has: REG_DWORD as a signed decimal number, REG_SZ
 /// as its PlainText, anything else as pairs of hexadecimal digits.
 std::string DataText(RegType type, std::span<const std::byte> data);

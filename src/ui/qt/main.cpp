@@ -7,8 +7,10 @@
 #include <memory>
 #include <string>
 
+#include "platform/plain_text.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "platform/thrown.h"
 #include "ui/face/command_line.h"
 #include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
@@ -47,7 +49,7 @@ std::unique_ptr<platform::DialogApi> MakeDialog() {
 }
 
 int Fail(const std::string& sentence) {
-  std::fprintf(stderr, "kestrune: %s\n", sentence.c_str());
+  std::fprintf(stderr, "kestrune: %s\n", platform::PlainText(sentence).c_str());
   if (HasPerson()) {
     QMessageBox::critical(nullptr, "Kestrune", QString::fromStdString(sentence));
   }
@@ -65,13 +67,28 @@ void TakeScreenshotIfAsked(QWidget& window) {
   });
 }
 
+/// What a handler throws ends the program with a sentence.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (...) {
+      exit(Fail(platform::ThrownSentence()));
+      return true;
+    }
+  }
+};
+
 int Run(const std::string& profile_path) {
   platform::portable::PortableMachines machines;
   const auto opened = machines.Open({});
   if (!opened) return Fail(opened.Reason());
   platform::Machine& machine = *opened.Value();
   for (const std::string& warning : machine.Warnings()) {
-    std::fprintf(stderr, "kestrune: %s\n", warning.c_str());
+    std::fprintf(stderr, "kestrune: %s\n", platform::PlainText(warning).c_str());
   }
   const std::unique_ptr<platform::DialogApi> dialog = MakeDialog();
   const platform::Services services = machine.ServicesFor(*dialog);
@@ -96,7 +113,11 @@ int main(int argument_count, char** arguments) {
   // The toolkit would take its own options out of a path that happens to look like one.
   int own_count = 1;
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
-  const QApplication application(own_count, arguments);
+  const Application application(own_count, arguments);
   qInstallMessageHandler(usual);
-  return Run(face::ProfilePath(argument_count, arguments));
+  try {
+    return Run(face::ProfilePath(argument_count, arguments));
+  } catch (...) {
+    return Fail(platform::ThrownSentence());
+  }
 }
