@@ -92,6 +92,10 @@ class ComboBox : public Control {
   /// Replaces the items and keeps the text.
   void SetItems(std::vector<std::string> items);
 
+  /// What a face draws, greyed, and tells as the value while the text is empty.
+  const std::string& Placeholder() const { return placeholder_; }
+  void SetPlaceholder(std::string text) { Assign(placeholder_, std::move(text)); }
+
   std::string ValueText() const override { return text_; }
   void Accept(ControlVisitor& visitor) override;
 
@@ -104,6 +108,7 @@ class ComboBox : public Control {
 
   std::vector<std::string> items_;
   std::string text_;
+  std::string placeholder_;
   int position_ = -1;
   bool takes_typing_ = false;
 };

@@ -60,10 +60,11 @@ std::string Language::Decode(const std::string& bytes) const {
 bool Language::ReadTexts() {
   const std::optional<std::string> bytes =
       files_.ReadBytes(std::string(kFolder) + LanguageName + std::string(kEnding));
+  MissingFile = bytes ? "" : "DATA/LANGUAGE/" + LanguageName + std::string(kEnding);
   if (!bytes) return true;
   const std::string text = Decode(*bytes);
   core::FieldReader fields(text);
-  fields.Next();
+  DisplayName = fields.Next().value_or("");
   HeaderText = fields.Next().value_or("");
   for (int number = 0; number < kTextCount; ++number) {
     if (fields.AtEnd()) return true;

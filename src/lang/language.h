@@ -45,6 +45,10 @@ class Language {
   LangTable LangText;
   /// The chosen language's file name without its ending.
   std::string LanguageName;
+  /// Its own name for itself.
+  std::string DisplayName;
+  /// Its file, as a path with slashes, where that can't be read; else empty.
+  std::string MissingFile;
   /// The text beside the language choice.
   std::string HeaderText;
   /// The display names of the languages that can be chosen.

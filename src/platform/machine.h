@@ -20,6 +20,8 @@ class Machine {
   virtual Services ServicesFor(DialogApi& dialog) = 0;
   /// The first failure that no caller was told of, in one sentence; a face tells it once.
   virtual std::optional<std::string> FirstFailure() const = 0;
+  /// What tells it from the computer that the program runs on; empty for that computer itself.
+  virtual std::string Title() const = 0;
   /// What was odd when the machine was opened, a sentence each.
   virtual const std::vector<std::string>& Warnings() const = 0;
 };

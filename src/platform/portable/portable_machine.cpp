@@ -24,6 +24,8 @@ namespace kestrune::platform::portable {
 namespace {
 
 constexpr const char* kDefaultMachine = "winxp-geforce6800";
+/// The description that leaves everything to the computer that the program runs on.
+constexpr const char* kOwnComputer = "host";
 
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
@@ -105,6 +107,10 @@ class PortableMachine : public Machine {
     return {registry_, display_, version_, shell_, files_, dialog};
   }
   std::optional<std::string> FirstFailure() const override { return store_->FirstFailure(); }
+  std::string Title() const override {
+    const bool is_own = std::filesystem::path(description_.file).stem() == kOwnComputer;
+    return is_own ? "" : description_.title;
+  }
   const std::vector<std::string>& Warnings() const override { return warnings_; }
 
  private:

@@ -79,17 +79,28 @@ const controls::Control& PartOf(const controls::Control& control) {
   return part == &control ? control.Root() : *part;
 }
 
-bool IsPressed(controls::Control& control) {
-  return dynamic_cast<controls::Button*>(&control) != nullptr ||
-         dynamic_cast<controls::ToolKey*>(&control) != nullptr ||
-         dynamic_cast<controls::CheckBox*>(&control) != nullptr ||
-         dynamic_cast<controls::OptionButton*>(&control) != nullptr;
+/// Whether a control of this kind shows a caption, and not one that code alone makes.
+bool HasCaption(const forms::Form& form, const controls::Control& control) {
+  using forms::Kind;
+  constexpr Kind kWithCaption[] = {Kind::kCheck,   Kind::kOption, Kind::kLabel,
+                                   Kind::kHeading, Kind::kLink,   Kind::kEdge,
+                                   Kind::kButton,  Kind::kFrame,  Kind::kKey};
+  const auto& controls = form.Controls();
+  const auto found = std::find_if(controls.begin(), controls.end(),
+                                  [&](const auto& each) { return each.get() == &control; });
+  const forms::ControlRow& row = form.Rows()[static_cast<std::size_t>(found - controls.begin())];
+  return row.text != forms::kFilledText &&
+         std::find(std::begin(kWithCaption), std::end(kWithCaption), row.kind) !=
+             std::end(kWithCaption);
 }
 
 }  // namespace
 
 std::string ReadableName(std::string_view id) {
   std::string name(id.substr(id.rfind('.') + 1));
+  for (const std::string_view ending : {"-label", "-frame"}) {
+    if (name.ends_with(ending)) name.resize(name.size() - ending.size());
+  }
   std::replace(name.begin(), name.end(), '-', ' ');
   if (!name.empty() && name[0] >= 'a' && name[0] <= 'z') name[0] = static_cast<char>(name[0] - 32);
   return name;
@@ -110,12 +121,15 @@ std::string SpokenName(const controls::Control& control, const controls::Label* 
   return control.ToolTip().empty() ? ReadableName(control.Id()) : control.ToolTip();
 }
 
-std::string KeyCaption(const controls::ToolKey& key) { return SpokenName(key, nullptr); }
+std::string DrawnCaption(const forms::Form& form, const controls::Control& control) {
+  if (!control.Caption().empty() || !HasCaption(form, control)) return control.Caption();
+  return ReadableName(control.Id());
+}
 
-std::string TipOf(controls::Control& control, const std::string& spoken_name, bool is_cut) {
-  if (!control.ToolTip().empty()) return control.ToolTip();
-  if (is_cut) return control.Caption().empty() ? control.ValueText() : control.Caption();
-  return control.Caption().empty() && IsPressed(control) ? spoken_name : std::string();
+std::string TipOf(const forms::Form& form, const controls::Control& control, bool is_cut) {
+  if (!control.ToolTip().empty() || !is_cut) return control.ToolTip();
+  const std::string caption = DrawnCaption(form, control);
+  return caption.empty() ? control.ValueText() : caption;
 }
 
 std::string WithoutMnemonic(std::string_view caption) {
@@ -139,13 +153,14 @@ std::string CaptionWithMnemonic(const forms::Form& form, const controls::Control
   for (const controls::Control* part : {&control.Root(), &PartOf(control)}) {
     for (const auto& each : form.Controls()) {
       if (&PartOf(*each) != part || !IsReachedByLetter(form, *each)) continue;
-      const std::string_view name = NamePart(each->Caption());
+      const std::string caption = DrawnCaption(form, *each);
+      const std::string_view name = NamePart(caption);
       const std::size_t at = TakeLetter(name, taken);
       if (each.get() != &control) continue;
-      return Marked(control.Caption(), at < name.size() ? at : kNowhere);
+      return Marked(caption, at < name.size() ? at : kNowhere);
     }
   }
-  return WithoutMnemonic(control.Caption());
+  return WithoutMnemonic(DrawnCaption(form, control));
 }
 
 }  // namespace kestrune::face

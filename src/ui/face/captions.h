@@ -12,7 +12,7 @@ class Form;
 
 namespace kestrune::face {
 
-/// The last part of an id in words: "Core clock" for "overclocking.core-clock".
+/// The last part of an id in words: "Core clock" for "overclocking.core-clock-label".
 std::string ReadableName(std::string_view id);
 
 /// The label that names a control, or null.
@@ -22,12 +22,12 @@ controls::Label* LabelOf(const forms::Form& form, const controls::Control& contr
 /// else that of its label (null for none), else its tip, else its id in words. Never empty.
 std::string SpokenName(const controls::Control& control, const controls::Label* label);
 
-/// What a toolbar key or an item of its menu shows: its caption, else its id in words.
-std::string KeyCaption(const controls::ToolKey& key);
+/// The caption as it is drawn: the control's own, else, where the chosen language lacks the text of
+/// it, its id in words. Empty for what has no caption.
+std::string DrawnCaption(const forms::Form& form, const controls::Control& control);
 
-/// The tip of a control: its own, else all of what is cut off, else the name of something to press
-/// that has lost its caption. Empty for none.
-std::string TipOf(controls::Control& control, const std::string& spoken_name, bool is_cut);
+/// The tip of a control: its own, else all of what is cut off. Empty for none.
+std::string TipOf(const forms::Form& form, const controls::Control& control, bool is_cut);
 
 /// A caption that a toolkit may look for mnemonics in, with nothing in it taken for one.
 std::string WithoutMnemonic(std::string_view caption);

@@ -41,6 +41,11 @@ void Context::Focused(controls::Control& control, bool by_keyboard) {
   if (cares != nullptr) Hover(*cares);
 }
 
+std::string Context::TitleOf(const controls::Window& window) const {
+  if (window.Owner() != nullptr || machine_title_.empty()) return window.Caption();
+  return window.Caption() + " - " + machine_title_;
+}
+
 void Context::AfterAct() const {
   if (after_act_) after_act_();
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "controls/gate.h"
@@ -38,6 +39,10 @@ class Context {
   /// The focus comes to a control. By the keyboard that counts as a mouse over it, or over the
   /// nearest one around it that cares.
   void Focused(controls::Control& control, bool by_keyboard);
+  /// Names the machine, where that is another one than the computer that the program runs on.
+  void SetMachineTitle(std::string title) { machine_title_ = std::move(title); }
+  /// What a window's title says: its caption, that of the main window with the machine's name.
+  std::string TitleOf(const controls::Window& window) const;
   /// Names the edge of the lower panel.
   void SetPanelEdge(controls::Control& edge) { panel_.emplace(edge); }
   /// Whether what happens now comes of hovering; a window that opens then leaves the focus alone.
@@ -52,6 +57,7 @@ class Context {
   std::function<void()> after_act_;
   bool hovering_ = false;
   std::optional<PanelKeeper> panel_;
+  std::string machine_title_;
 };
 
 }  // namespace kestrune::face

@@ -9,6 +9,10 @@ std::optional<std::string> FailureNotice::Next() {
   return sentence;
 }
 
+std::string MissingFileSentence(const std::string& file) {
+  return "The file " + file + " can't be read, so the texts of the window are missing.";
+}
+
 controls::Rect NoticeBounds(const controls::Rect& edge) {
   constexpr int kRoomAbove = 60;
   constexpr int kRoomBelow = 90;

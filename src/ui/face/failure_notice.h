@@ -24,6 +24,10 @@ class FailureNotice {
   StoreFailure store_failure_;  ///< empty once it has been said
 };
 
+/// Says that a file is missing which the texts of the window come from. There are none then, so it
+/// says so in English.
+std::string MissingFileSentence(const std::string& file);
+
 /// Where the sentence stands: over the edge of the lower panel and the blank space around it, which
 /// is room for two lines. In twips, as the edge's own place.
 controls::Rect NoticeBounds(const controls::Rect& edge);

@@ -5,7 +5,8 @@
 
 namespace kestrune::face {
 
-/// Whether a form puts its window right beside its owner, so that the face sees to there being room.
+/// Whether a form puts its window right beside its owner, so that the face sees to there being
+/// room.
 bool StandsBesideOwner(const controls::Window& window);
 
 /// Where a window stands beside its owner: at the right where the work area has room, else at the

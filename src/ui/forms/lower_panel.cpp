@@ -58,6 +58,7 @@ void LowerPanel::ShowLanguageHeader() { language_header_.SetCaption(language_.He
 void LowerPanel::ListLanguages() {
   language_.ListLanguages();
   languages_.SetItems(language_.DisplayNames);
+  languages_.SetPlaceholder(language_.DisplayName);
 }
 
 void LowerPanel::Grow() {

@@ -205,6 +205,7 @@ int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->toolbar.GoToPage(page); }
 bool Program::Ended() const { return parts_->closed; }
 const std::vector<std::string>& Program::Languages() const { return parts_->language.DisplayNames; }
+const std::string& Program::MissingFile() const { return parts_->language.MissingFile; }
 
 controls::Control* Program::Find(std::string_view id) const { return parts_->controls.Find(id); }
 

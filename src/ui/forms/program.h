@@ -58,6 +58,8 @@ class Program {
   std::vector<StateRow> State() const;
   /// The display names of the languages that can be chosen.
   const std::vector<std::string>& Languages() const;
+  /// The chosen language's file, as a path with slashes, where it can't be read; else empty.
+  const std::string& MissingFile() const;
 
  private:
   struct Parts;

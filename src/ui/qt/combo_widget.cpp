@@ -70,7 +70,10 @@ void ComboWidget::Redraw() {
   if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
 }
 
-QString ComboWidget::ShownText() const { return isEditable() ? lineEdit()->text() : drawn_text_; }
+QString ComboWidget::ShownText() const {
+  if (isEditable()) return lineEdit()->text();
+  return drawn_text_.isEmpty() ? ToQt(control_.Placeholder()) : drawn_text_;
+}
 
 bool ComboWidget::ListIsOpen() const {
   const QWidget* popup = QApplication::activePopupWidget();
@@ -103,11 +106,16 @@ void ComboWidget::paintEvent(QPaintEvent* event) {
     return;
   }
   QStylePainter painter(this);
-  painter.setPen(palette().color(QPalette::Text));
   QStyleOptionComboBox option;
   initStyleOption(&option);
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
-  option.currentText = fontMetrics().elidedText(drawn_text_, Qt::ElideRight, TextWidth());
+  if (drawn_text_.isEmpty()) {
+    const QColor grey = option.palette.color(QPalette::PlaceholderText);
+    option.palette.setColor(QPalette::ButtonText, grey);
+    option.palette.setColor(QPalette::Text, grey);
+  }
+  painter.setPen(option.palette.color(QPalette::Text));
+  option.currentText = fontMetrics().elidedText(ShownText(), Qt::ElideRight, TextWidth());
   painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

@@ -19,7 +19,7 @@ class ComboWidget : public QComboBox {
 
   /// Shows what the control holds; an unfinished text is kept while the control's own text stays.
   void Redraw();
-  /// What stands in the box, an unfinished text too.
+  /// What stands in the box: an unfinished text too, or the placeholder.
   QString ShownText() const;
   bool ListIsOpen() const;
   /// Whether some of the text is not shown.

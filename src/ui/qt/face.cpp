@@ -4,11 +4,11 @@
 #include <QFontInfo>
 #include <QIcon>
 #include <QTimer>
+#include <chrono>
 #include <utility>
 
 #include "ui/forms/main_form.h"
 #include "ui/qt/accessible.h"
-#include "ui/qt/store_notice.h"
 #include "ui/qt/to_qt.h"
 
 // Resources of a static library are registered by name, from outside of any namespace.
@@ -19,6 +19,7 @@ namespace kestrune::qt {
 namespace {
 
 constexpr std::string_view kEdge = "main.lower-panel-edge";
+constexpr std::chrono::seconds kChangeIsNew(6);
 
 face::Scale ScaleOfDesktop() {
   return face::Scale::ForFontHeight(QFontInfo(QApplication::font()).pixelSize());
@@ -26,24 +27,33 @@ face::Scale ScaleOfDesktop() {
 
 }  // namespace
 
-Face::Face(forms::Program& program, platform::FilesApi& files, face::StoreFailure store_failure)
+Face::Face(forms::Program& program, platform::FilesApi& files, FaceOptions options)
     : program_(program),
-      failure_(std::move(store_failure)),
+      failure_(std::move(options.store_failure)),
       context_(ScaleOfDesktop(), files, program.Gate(), [this] { AfterAct(); }),
-      timers_(program.Timers(), [this] { AfterAct(); }) {
+      timers_(program.Timers(), [this] { AfterAct(); }),
+      changes_(options.changes) {
+  context_.SetMachineTitle(std::move(options.machine_title));
   RegisterIcons();
   InstallAccessibility();
   // Nothing in the window waits for it.
   QTimer::singleShot(0, qApp, [] { QApplication::setWindowIcon(QIcon(":/icons/kestrune.svg")); });
   QApplication::setQuitOnLastWindowClosed(false);
-  context_.SetPanelEdge(program_.Main().Get<controls::Label>(kEdge));
+  context_.SetPanelEdge(Edge());
   main_view_ = std::make_unique<FormView>(program_.Main(), context_, nullptr);
   views_[&program_.Main()] = main_view_.get();
   main_view_->FollowWindow();
+  change_line_ = new EdgeLine(Edge(), context_, main_view_->Content());
+  change_line_->hide();
   for (forms::Form* form : program_.Forms()) {
     if (form != &program_.Main()) ShowWhenVisible(*form);
   }
   TieFocus();
+  change_is_new_.setSingleShot(true);
+  QObject::connect(&change_is_new_, &QTimer::timeout, change_line_, &QWidget::hide);
+  if (!program_.MissingFile().empty()) Notify(face::MissingFileSentence(program_.MissingFile()));
+  // What start-up changed was no act.
+  if (changes_ != nullptr) (void)changes_->Take();
   AfterAct();
 }
 
@@ -101,10 +111,25 @@ void Face::AfterAct() {
     QCoreApplication::quit();
     return;
   }
-  if (const std::optional<std::string> failure = failure_.Next()) {
-    new StoreNotice(ToQt(*failure), program_.Main().Get<controls::Label>(kEdge), context_,
-                    main_view_->Content());
-  }
+  if (const std::optional<std::string> failure = failure_.Next()) Notify(*failure);
+  if (changes_ == nullptr) return;
+  if (const std::optional<face::ChangeNote> note = changes_->Take()) SayChange(*note);
 }
+
+void Face::Notify(const std::string& sentence) {
+  if (notice_ == nullptr) notice_ = new EdgeNotice(Edge(), context_, main_view_->Content());
+  change_line_->hide();
+  const QString before = notice_->accessibleName();
+  const QString text = before.isEmpty() ? ToQt(sentence) : before + ' ' + ToQt(sentence);
+  notice_->Say(text, text);
+}
+
+void Face::SayChange(const face::ChangeNote& note) {
+  if (notice_ != nullptr) return;
+  change_line_->Say(ToQt(note.line), ToQt(note.trace));
+  change_is_new_.start(kChangeIsNew);
+}
+
+controls::Control& Face::Edge() const { return program_.Main().Get<controls::Label>(kEdge); }
 
 }  // namespace kestrune::qt

@@ -27,7 +27,8 @@ constexpr TextRow kTexts[] = {{QPalette::WindowText, QPalette::Window},
                               {QPalette::ButtonText, QPalette::Window},
                               {QPalette::HighlightedText, QPalette::Highlight},
                               {QPalette::ToolTipText, QPalette::ToolTipBase},
-                              {QPalette::PlaceholderText, QPalette::Base}};
+                              {QPalette::PlaceholderText, QPalette::Base},
+                              {QPalette::PlaceholderText, QPalette::Button}};
 
 face::Colour ToFace(const QColor& colour) {
   return {colour.redF(), colour.greenF(), colour.blueF()};

@@ -114,7 +114,7 @@ void FormView::ConnectShortcuts() {
 }
 
 void FormView::RedrawWindow() {
-  setWindowTitle(ToQt(window_.Caption()));
+  setWindowTitle(ToQt(context_.TitleOf(window_)));
   setWindowOpacity(window_.Opacity() / 255.0);
   // A place that the user is just changing must stay, whatever else is drawn anew.
   if (window_.Bounds() != placed_ || window_.Maximised() != isMaximized()) PlaceWindow();

@@ -11,6 +11,8 @@
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
 #include "platform/thrown.h"
+#include "platform/tracing.h"
+#include "ui/face/change_log.h"
 #include "ui/face/command_line.h"
 #include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
@@ -92,10 +94,17 @@ int Run(const std::string& profile_path) {
   }
   const std::unique_ptr<platform::DialogApi> dialog = MakeDialog();
   const platform::Services services = machine.ServicesFor(*dialog);
-  forms::Program program(services);
+  face::ChangeLog changes;
+  platform::Trace trace(changes.Sink());
+  platform::TracingRegistry registry(services.registry, trace);
+  forms::Program program({registry, services.display, services.version, services.shell,
+                          services.files, services.dialog});
   const bool done = program.Start(profile_path);
   if (program.Ended()) return done ? 0 : kFailed;
-  const qt::Face face(program, services.files, [&machine] { return machine.FirstFailure(); });
+  const qt::Face face(program, services.files,
+                      {.store_failure = [&machine] { return machine.FirstFailure(); },
+                       .machine_title = machine.Title(),
+                       .changes = &changes});
   TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
   return QApplication::exec();
 }

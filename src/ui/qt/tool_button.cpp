@@ -49,7 +49,7 @@ ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, face::Co
 void ToolButton::FillMenu() {
   menu()->clear();
   std::vector<std::string> captions;
-  for (const controls::ToolKey* item : items_) captions.push_back(face::KeyCaption(*item));
+  for (const controls::ToolKey* item : items_) captions.push_back(face::DrawnCaption(form_, *item));
   captions = face::WithMnemonics(captions);
   for (std::size_t i = 0; i < items_.size(); ++i) {
     controls::ToolKey* item = items_[i];
@@ -64,9 +64,7 @@ void ToolButton::FillMenu() {
 void ToolButton::Redraw() {
   setText(ToQt(face::CaptionWithMnemonic(form_, key_)));
   const bool has_room_below = height() >= kIconPixels + fontMetrics().height();
-  setToolButtonStyle(key_.Caption().empty() ? Qt::ToolButtonIconOnly
-                     : has_room_below       ? Qt::ToolButtonTextUnderIcon
-                                            : Qt::ToolButtonTextBesideIcon);
+  setToolButtonStyle(has_room_below ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonTextBesideIcon);
 }
 
 void ToolButton::keyPressEvent(QKeyEvent* event) {

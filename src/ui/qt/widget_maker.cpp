@@ -30,8 +30,6 @@ namespace kestrune::qt {
 
 namespace {
 
-QString CaptionOf(const controls::Control& control) { return ToQt(control.Caption()); }
-
 QString WithoutMnemonic(const QString& caption) {
   return ToQt(face::WithoutMnemonic(caption.toStdString()));
 }
@@ -75,7 +73,7 @@ InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw
   made_ = widget;
   widget->setObjectName(ToQt(control.Id()));
   controls::Label* label = face::LabelOf(form_, control);
-  const auto redraw = [scale = &context_.TheScale(), &control, label, widget,
+  const auto redraw = [scale = &context_.TheScale(), &form = form_, &control, label, widget,
                        draw = std::move(draw)] {
     widget->setGeometry(ToQt(scale->ToPixels(control.Bounds())));
     widget->setEnabled(control.Enabled());
@@ -83,7 +81,7 @@ InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw
     const std::string name = face::SpokenName(control, label);
     widget->setAccessibleName(ToQt(name));
     for (QLineEdit* part : widget->findChildren<QLineEdit*>()) part->setAccessibleName(ToQt(name));
-    widget->setToolTip(ToQt(face::TipOf(control, name, is_cut)));
+    widget->setToolTip(ToQt(face::TipOf(form, control, is_cut)));
     widget->setVisible(control.Visible() && face::InSight(control));
   };
   redraw();
@@ -110,9 +108,9 @@ void WidgetMaker::Visit(controls::CheckBox& box) {
     widget->setTristate(box.State() == 2);
     widget->setCheckState(kStates[box.State()]);
   };
-  Tie(box, widget, [&box, widget, draw_state] {
+  Tie(box, widget, [&form = form_, &box, widget, draw_state] {
     draw_state();
-    return DrawCaption(*widget, CaptionOf(box), QStyle::SE_CheckBoxContents);
+    return DrawCaption(*widget, ToQt(face::DrawnCaption(form, box)), QStyle::SE_CheckBoxContents);
   });
   QObject::connect(widget, &QCheckBox::clicked, widget,
                    [this_context = &context_, &box, draw_state] {
@@ -129,9 +127,10 @@ void WidgetMaker::Visit(controls::OptionButton& option) {
     const QSignalBlocker blocker(widget);
     widget->setChecked(option.Chosen());
   };
-  InputWatcher* watcher = Tie(option, widget, [&option, widget, draw_state] {
+  InputWatcher* watcher = Tie(option, widget, [&form = form_, &option, widget, draw_state] {
     draw_state();
-    return DrawCaption(*widget, CaptionOf(option), QStyle::SE_RadioButtonContents);
+    return DrawCaption(*widget, ToQt(face::DrawnCaption(form, option)),
+                       QStyle::SE_RadioButtonContents);
   });
   QObject::connect(widget, &QRadioButton::clicked, widget,
                    [this_context = &context_, &option, draw_state] {
@@ -219,8 +218,9 @@ void WidgetMaker::Visit(controls::Label& label) {
   auto* widget = new LabelWidget(parent_);
   if (label.Role() == controls::LabelRole::kHeading) widget->SetHeading();
   if (label.Role() == controls::LabelRole::kLink) widget->SetLink();
-  InputWatcher* watcher = Tie(label, widget, [this_form = &form_, &label, widget] {
-    widget->SetCaption(CaptionOf(label), ToQt(face::CaptionWithMnemonic(*this_form, label)));
+  InputWatcher* watcher = Tie(label, widget, [&form = form_, &label, widget] {
+    widget->SetCaption(ToQt(face::DrawnCaption(form, label)),
+                       ToQt(face::CaptionWithMnemonic(form, label)));
     return widget->IsCut();
   });
   if (label.Role() == controls::LabelRole::kLink) {
@@ -233,8 +233,9 @@ void WidgetMaker::Visit(controls::Label& label) {
 void WidgetMaker::Visit(controls::Button& button) {
   auto* widget = new QPushButton(parent_);
   widget->setAutoDefault(true);
-  Tie(button, widget, [&button, widget] {
-    return DrawCaption(*widget, CaptionOf(button), QStyle::SE_PushButtonContents);
+  Tie(button, widget, [&form = form_, &button, widget] {
+    return DrawCaption(*widget, ToQt(face::DrawnCaption(form, button)),
+                       QStyle::SE_PushButtonContents);
   });
   QObject::connect(widget, &QPushButton::clicked, widget,
                    [this_context = &context_, &button] { this_context->Press(button); });
@@ -262,7 +263,9 @@ void WidgetMaker::Visit(controls::Bar& bar) {
 
 void WidgetMaker::Visit(controls::Frame& frame) {
   auto* widget = new QGroupBox(parent_);
-  Tie(frame, widget, [&frame, widget] { return DrawTitle(*widget, CaptionOf(frame)); });
+  Tie(frame, widget, [&form = form_, &frame, widget] {
+    return DrawTitle(*widget, ToQt(face::DrawnCaption(form, frame)));
+  });
 }
 
 void WidgetMaker::Visit(controls::ToolKey& key) {

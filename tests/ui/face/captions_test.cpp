@@ -7,6 +7,9 @@ namespace {
 
 TEST(Captions, IdsBecomeWords) {
   EXPECT_EQ(ReadableName("direct3d.antialiasing.antialiasing-mode"), "Antialiasing mode");
+  EXPECT_EQ(ReadableName("direct3d.antialiasing.antialiasing-mode-label"), "Antialiasing mode");
+  EXPECT_EQ(ReadableName("opengl.filtering.filtering-optimizations-frame"),
+            "Filtering optimizations");
   EXPECT_EQ(ReadableName("main"), "Main");
   EXPECT_EQ(ReadableName(""), "");
 }

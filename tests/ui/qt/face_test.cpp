@@ -18,6 +18,7 @@
 
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "platform/tracing.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::qt {
@@ -40,9 +41,14 @@ class RunningProgram {
                           const std::string& machine = "winxp-geforce7800")
       : machine_(Open(store, program_folder, machine)),
         services_(machine_->ServicesFor(dialog_)),
-        program_(services_) {
+        registry_(services_.registry, trace_),
+        program_({registry_, services_.display, services_.version, services_.shell, services_.files,
+                  services_.dialog}) {
     EXPECT_TRUE(program_.Start(""));
-    face_.emplace(program_, services_.files, [this] { return store_failure_; });
+    face_.emplace(program_, services_.files,
+                  FaceOptions{.store_failure = [this] { return store_failure_; },
+                              .machine_title = machine_->Title(),
+                              .changes = &changes_});
     Window().activateWindow();
     (void)QTest::qWaitForWindowActive(&Window());
   }
@@ -111,6 +117,9 @@ class RunningProgram {
   std::unique_ptr<platform::Machine> machine_;
   SilentDialog dialog_;
   platform::Services services_;
+  face::ChangeLog changes_;
+  platform::Trace trace_{changes_.Sink()};
+  platform::TracingRegistry registry_;
   forms::Program program_;
   std::optional<std::string> store_failure_;
   std::optional<Face> face_;
@@ -393,6 +402,44 @@ TEST_F(FaceTest, AFailureOfTheStoreIsSaidOnceAndTheLowerPanelStillOpens) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
 }
 
+TEST_F(FaceTest, WhatAnActChangedIsSaidOverTheEdgeOfTheLowerPanel) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(1);
+  const auto said = [&running] {
+    for (const QLabel* label : running.Window().findChildren<QLabel*>()) {
+      if (label->isVisible() && label->text().contains(" = ")) return label;
+    }
+    return static_cast<const QLabel*>(nullptr);
+  };
+  EXPECT_EQ(said(), nullptr) << "start-up is no act";
+  running.Pick("direct3d.antialiasing.antialiasing-mode", "4x");
+  ASSERT_NE(said(), nullptr);
+  EXPECT_EQ(said()->text(), "D3DOGL_70835937 = 10 00 00 10");
+  EXPECT_TRUE(said()->toolTip().startsWith("write\tHKLM\\"));
+  EXPECT_EQ(running.TheProgram().Find("main.lower-panel-edge")->Caption(), "Options");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return said() == nullptr; }, 8000));
+  running.FailStore("The store is full.");
+  running.Pick("direct3d.antialiasing.antialiasing-mode", "2x");
+  EXPECT_EQ(said(), nullptr) << "a notice stays";
+}
+
+TEST_F(FaceTest, TheTitleNamesTheMachineUnlessItIsThisComputer) {
+  RunningProgram running(NewStore());
+  const QString caption = QString::fromStdString(running.TheProgram().Main().TheWindow().Caption());
+  EXPECT_EQ(running.Window().windowTitle(),
+            caption + " - Windows XP SP2, GeForce 7800 GTX, driver 81.95");
+  RunningProgram host(folder_.filePath("host.store"), {}, "host");
+  EXPECT_EQ(host.Window().windowTitle(), caption);
+}
+
+TEST_F(FaceTest, TheLanguageBoxTellsTheLanguageThatIsInUse) {
+  RunningProgram running(NewStore());
+  QAccessibleInterface& heard =
+      *QAccessible::queryAccessibleInterface(&running.Widget<QWidget>("main.language"));
+  EXPECT_EQ(heard.text(QAccessible::Value), "English");
+  EXPECT_EQ(running.TheProgram().Find("main.language")->ValueText(), "");
+}
+
 TEST_F(FaceTest, WithoutALanguageFileEverythingStillHasANameAndCanBeUsed) {
   RunningProgram running(NewStore(), folder_.path());
   for (int page = 0; page < forms::PageCount(); ++page) {
@@ -412,7 +459,13 @@ TEST_F(FaceTest, WithoutALanguageFileEverythingStillHasANameAndCanBeUsed) {
   QTest::keyClick(&button, Qt::Key_Down);
   running.TheProgram().GoToPage(8);
   auto& box = running.Widget<QCheckBox>("direct3d.misc.enable-fog-table-emulation");
-  EXPECT_EQ(box.toolTip(), "Enable fog table emulation");
+  EXPECT_EQ(box.text(), "Enable fog table emulation");
+  EXPECT_TRUE(
+      running.TheProgram().Find("direct3d.misc.enable-fog-table-emulation")->Caption().empty());
+  const auto labels = running.Window().findChildren<QLabel*>();
+  EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+    return label->isVisible() && label->accessibleName().contains("DATA/LANGUAGE/en.dat");
+  }));
 }
 
 }  // namespace

@@ -359,7 +359,7 @@ TEST_F(FormViewTest, MenusCarryMnemonicsAndDisabledItems) {
 TEST_F(FormViewTest, EverythingHasANameAlsoWithoutItsCaption) {
   EXPECT_EQ(window_.Widget<QWidget>("page.mode").accessibleName(), "Mode");
   EXPECT_EQ(window_.Widget<QWidget>("main.help").accessibleName(), "Help");
-  EXPECT_EQ(window_.Widget<QWidget>("main.help").toolTip(), "Help");
+  EXPECT_EQ(window_.Widget<QCheckBox>("main.help").text(), "Help");
   window_.Control<controls::Label>("page.mode-label").SetCaption("Modus:");
   EXPECT_EQ(window_.Widget<QWidget>("page.mode").accessibleName(), "Modus");
 }
