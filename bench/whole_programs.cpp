@@ -20,7 +20,7 @@ constexpr Limit kStateLimit{3.0, 3.0};
 constexpr Limit kPaintLimit{1.5, 1.25};
 constexpr Limit kManyValuesLimit{1.2, 1.2};
 constexpr Limit kQueryLimit{1.6, 1.3};
-constexpr Limit kGetMemoryLimit{1.6, 1.3};
+constexpr Limit kGetMemoryLimit{2.0, 1.7};
 constexpr Limit kWindowMemoryLimit{1.3, 1.3};
 
 constexpr const char* kControl = "direct3d.antialiasing.antialiasing-mode";
