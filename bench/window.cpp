@@ -25,7 +25,8 @@ int main(int argument_count, char** arguments) {
   const platform::Services services = machine.ServicesFor(dialog);
   forms::Program program(services);
   if (!program.Start("")) return 3;
-  const qt::Face face(program, services.files, {.store_failure = [&machine] { return machine.FirstFailure(); }});
+  const qt::Face face(program, services.files,
+                      {.store_failure = [&machine] { return machine.FirstFailure(); }});
   const bench::EndAfterFirstPaint end(*face.ViewOf(program.Main())->Content());
   return QApplication::exec();
 }

@@ -280,7 +280,7 @@ void ListFlags(Listing& listing) {
       machines[sli].StoreDirect3D("D3DOGL_70835937", number);
       driven.ReadAgain();
       const auto twins = [&driven](const std::string& name) {
-        const std::string direct3d = driven.Text("direct3d.antialiasing." + name);
+        std::string direct3d = driven.Text("direct3d.antialiasing." + name);
         EXPECT_EQ(driven.Text("opengl.antialiasing." + name), direct3d) << name;
         return direct3d;
       };

@@ -11,7 +11,6 @@ namespace {
 using platform::portable::DescribedClocks;
 using test::Driven;
 using test::FakeMachine;
-using test::Joined;
 using test::MachineKind;
 
 const std::string kPage = "overclocking.";
@@ -77,7 +76,7 @@ TEST(ClocksTest, EachStepIsDoneInOrderOnEverySystem) {
   std::string transcript;
   for (const auto& [title, kind] : kinds) {
     ClocksShown shown(kind);
-    const auto tell = [&](const std::string& what) {
+    const auto tell = [&, title = title](const std::string& what) {
       transcript += "== " + std::string(title) + ": " + what + "\n" + Told(shown);
     };
     tell("read");

@@ -113,7 +113,7 @@ TEST(WholeFileTest, OnlyOrdinaryFilesUpToTheirLimitAreRead) {
   EXPECT_EQ(told("/dev/zero", PipesToo::kYes), "it is no ordinary file");
   EXPECT_EQ(told(pipe), "it is no ordinary file");
   EXPECT_EQ(told("/proc"), "Is a directory");
-  for (const std::size_t size : {0, 10000, 10001}) {
+  for (const std::size_t size : {0U, 10000U, 10001U}) {
     std::thread writer([&] { std::ofstream(pipe) << std::string(size, 'x'); });
     const std::string expected =
         size > 10000 ? "it has more than the 10000 bytes that are read" : std::to_string(size);

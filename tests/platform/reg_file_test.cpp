@@ -142,7 +142,7 @@ TEST(RegFileTest, TheRegistrysLimitsAreFaultsOfTheirLine) {
   const auto data = [](std::size_t length) {
     return "\n[HKEY_CURRENT_USER\\K]\n@=\"" + std::string(length - 1, 'x') + "\"";
   };
-  const auto long_key = [](std::string name, int count) {
+  const auto long_key = [](const std::string& name, int count) {
     std::string key = "\n[HKEY_CURRENT_USER\\a\\";
     for (int i = 0; i < count; ++i) key += name;
     return key + "]";

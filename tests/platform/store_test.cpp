@@ -350,8 +350,8 @@ TEST(StoreFaultTest, DamageIsToldWhenItIsComeAcross) {
   const std::string path = folder / "a.store";
   SetMany(*OpenStore(path));
   std::string bytes = ReadAll(path);
-  // The roots of the tables stand on the pages behind the first.
-  folder.Write("a.store", bytes.replace(4096, 5 * 4096, std::string(5 * 4096, '\x55')));
+  // The roots of the tables stand on the five pages of 4,096 bytes behind the first.
+  folder.Write("a.store", bytes.replace(4096, 20480, std::string(20480, '\x55')));
   const auto store = OpenStore(path);
   EXPECT_EQ(Get(*store, "K\\399", "v"), "(no key)");
   EXPECT_EQ(store->FirstFailure(), "The store " + path + " can't be read: it is damaged.");

@@ -116,7 +116,7 @@ controls::Label* LabelOf(const forms::Form& form, const controls::Control& contr
 
 std::string SpokenName(const controls::Control& control, const controls::Label* label) {
   if (!control.Caption().empty()) return control.Caption();
-  const std::string name = label == nullptr ? std::string() : Trimmed(NamePart(label->Caption()));
+  std::string name = label == nullptr ? std::string() : Trimmed(NamePart(label->Caption()));
   if (!name.empty()) return name;
   return control.ToolTip().empty() ? ReadableName(control.Id()) : control.ToolTip();
 }
@@ -141,6 +141,7 @@ std::string WithoutMnemonic(std::string_view caption) {
 std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions) {
   std::set<std::string> taken;
   std::vector<std::string> result;
+  result.reserve(captions.size());
   for (const std::string& caption : captions) {
     result.push_back(Marked(caption, TakeLetter(caption, taken)));
   }
