@@ -5,6 +5,7 @@
 
 #include "cli/script.h"
 #include "platform/plain_text.h"
+#include "ui/forms/overclocking_page.h"
 
 namespace kestrune::cli {
 
@@ -36,10 +37,10 @@ Status ChoosePair(Run& run, forms::Program& program, Script& script) {
   return Status::kImpossible;
 }
 
-/// Whether a box holds text that was refused.
-bool IsMarked(forms::Program& program, std::string_view id) {
-  const auto* box = dynamic_cast<const controls::TextBox*>(program.Find(id));
-  return box != nullptr && box->Marked();
+/// Whether a box holds text that the page refuses. A clock beyond the card's range is marked and
+/// set all the same.
+bool IsRefused(forms::Program& program, std::string_view id) {
+  return !forms::TypedClock(program.Find(id)->ValueText());
 }
 
 }  // namespace
@@ -72,8 +73,8 @@ Status SetClocks(Run& run, forms::Program& program) {
   }
   steps.push_back({.kind = Step::Kind::kPress, .id = "overclocking.apply"});
   const Status status = script.Run(steps);
-  const bool refused = IsMarked(program, "overclocking.core-clock") ||
-                       IsMarked(program, "overclocking.memory-clock");
+  const bool refused = IsRefused(program, "overclocking.core-clock") ||
+                       IsRefused(program, "overclocking.memory-clock");
   if (!refused) return status;
   run.streams.Complain("the clocks can't be set to \"" + run.arguments.Word("CORE") + "\" and \"" +
                        memory + "\".");

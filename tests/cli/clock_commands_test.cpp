@@ -56,8 +56,13 @@ TEST_F(ClockCommandsTest, ACardWithOnePairNeedsNoChoiceAndHasNo3DPair) {
                 kOnePair);
 }
 
-TEST_F(ClockCommandsTest, BothPairsAtOnceAndWhatIsNoNumberAreRefused) {
+TEST_F(ClockCommandsTest, BothPairsAtOnceAndWhatIsNoNumberAreRefusedButNoOddClock) {
   ExpectRefused(2, "excludes", {"clocks", "show", "--2d", "--3d"}, kTwoPairs);
+  const Outcome beyond = Run({"clocks", "set", "5000", "0"}, kTwoPairs);
+  EXPECT_EQ(beyond.status, 0);
+  EXPECT_EQ(beyond.err, "");
+  const std::string set = Run({"clocks", "show"}, kTwoPairs).out;
+  EXPECT_NE(set.find("5000 MHz\nCurrent Memory speed: 0 MHz"), std::string::npos) << set;
   const Outcome outcome = Run({"clocks", "set", "fast", "700"}, kTwoPairs);
   EXPECT_EQ(outcome.status, 3);
   EXPECT_NE(outcome.err.find("kestrunectl: the clocks can't be set to \"fast\""), std::string::npos)

@@ -188,11 +188,7 @@ void OverclockingPage::PairChosen(bool is_3d) {
 }
 
 std::optional<std::int16_t> OverclockingPage::ReadBox(TextBox& box, int name_text) {
-  std::string_view text = core::TrimBlanks(box.Text());
-  if (text.starts_with('+')) text.remove_prefix(1);
-  std::int16_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error == std::errc() && end == text.data() + text.size()) return number;
+  if (const std::optional<std::int16_t> mhz = TypedClock(box.Text())) return mhz;
   box.SetMarked(true);
   core::Ignore(dialog_.ShowMessage(
       core::kProgramTitle,
@@ -213,6 +209,15 @@ void OverclockingPage::Apply() {
   clocks_.RefreshClocks();
   MarkOdd(controls_.core_box, controls_.core_slider, *core);
   MarkOdd(controls_.memory_box, controls_.memory_slider, *memory);
+}
+
+std::optional<std::int16_t> TypedClock(std::string_view text) {
+  text = core::TrimBlanks(text);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int16_t mhz = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), mhz);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return mhz;
 }
 
 void OverclockingPage::MarkOdd(TextBox& box, const Slider& slider, std::int16_t mhz) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
 #include "clocks/clocks.h"
 #include "ui/forms/control_row.h"
 #include "ui/forms/shared.h"
@@ -7,6 +11,10 @@
 namespace kestrune::forms {
 
 extern const std::span<const ControlRow> kOverclockingControls;
+
+/// The clock in MHz that a text of the page means, or nothing for what is no whole number of 16
+/// bits.
+std::optional<std::int16_t> TypedClock(std::string_view text);
 
 /// The overclocking page: switches clock control, chooses the pair, edits and applies the clocks.
 class OverclockingPage {
