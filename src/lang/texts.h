@@ -18,6 +18,11 @@ inline constexpr int kCoreClock = 226;
 inline constexpr int kMemoryClock = 227;
 inline constexpr int kRefusedClock = 269;
 
+// Reasons why something is disabled; the first is followed by the release.
+inline constexpr int kFromDriver = 278;
+inline constexpr int kNotOnThisCard = 279;
+inline constexpr int kNotOnThisSystem = 280;
+
 // The beginnings of the information lines.
 inline constexpr int kVgaDevice = 101;
 inline constexpr int kDriverVersion = 104;

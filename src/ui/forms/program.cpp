@@ -7,6 +7,7 @@
 #include "lang/texts.h"
 #include "ui/forms/lower_panel.h"
 #include "ui/forms/page_groups.h"
+#include "ui/forms/reasons.h"
 #include "ui/forms/toolbar.h"
 #include "ui/forms/window_table.h"
 #include "ui/forms/windows.h"
@@ -125,6 +126,7 @@ void Program::Parts::FillSettings() {
   // Once more, now that the readers know whether SLI antialiasing is on.
   pages.driver.Lists().FillCapabilityLists();
   pages.direct3d.InitOverrides();
+  ExplainDisabled(controls, hardware, LangText);
 }
 
 void Program::Parts::ShowVersion() {

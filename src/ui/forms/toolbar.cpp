@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "core/outcome.h"
+#include "lang/texts.h"
+#include "ui/forms/reasons.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::forms {
@@ -34,7 +36,9 @@ void Toolbar::Connect(const Form& form) {
 
 void Toolbar::DisableForVista() {
   for (const std::string_view key : {"main.oc", "main.basicdx"}) {
-    controls_.Get<controls::ToolKey>(key).SetEnabled(false);
+    auto& tool_key = controls_.Get<controls::ToolKey>(key);
+    tool_key.SetEnabled(false);
+    ExplainDisabled(tool_key, LangText[lang::texts::kNotOnThisSystem]);
   }
 }
 

@@ -16,6 +16,7 @@ class Toolbar {
         windows_(shared.windows),
         navigation_(navigation),
         focus_(shared.focus),
+        LangText(shared.LangText()),
         help_(help) {}
   Toolbar(const Toolbar&) = delete;
   Toolbar& operator=(const Toolbar&) = delete;
@@ -40,6 +41,7 @@ class Toolbar {
   Windows& windows_;
   Navigation& navigation_;
   const controls::Focus& focus_;
+  const lang::LangTable& LangText;
   HelpWindow& help_;
 };
 

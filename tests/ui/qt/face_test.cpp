@@ -423,6 +423,33 @@ TEST_F(FaceTest, WhatAnActChangedIsSaidOverTheEdgeOfTheLowerPanel) {
   EXPECT_EQ(said(), nullptr) << "a notice stays";
 }
 
+TEST_F(FaceTest, WhatIsDisabledSaysWhyWhereTheCardTheDriverOrTheSystemIsTheReason) {
+  struct Case {
+    const char* machine;
+    const char* id;
+    const char* tip;
+  };
+  const Case cases[] = {
+      {"winxp-geforce6800", "opengl.antialiasing.transparency-antialiasing", "Not on this card"},
+      {"winxp-geforce6800", "direct3d.antialiasing.gamma-correct-antialiasing", "Not on this card"},
+      {"winxp-geforcefx5900", "direct3d.misc.enable-fog-table-emulation", ""},
+      {"win98-geforce4ti", "control-panel.settings.enable-application-profile-page",
+       "From driver release 55.00"},
+      {"winxp-geforce6800", "control-panel.settings.enable-thermal-settings-page", ""},
+      {"winxp-geforce6800", "main.oc", ""},
+      {"vista-geforce7900", "main.oc", "Not on this system"}};
+  for (const Case& each : cases) {
+    RunningProgram running(folder_.filePath(each.machine), {}, each.machine);
+    const controls::Control& control = *running.TheProgram().Find(each.id);
+    if (running.TheProgram().PageOf(control) >= 0) {
+      running.TheProgram().GoToPage(running.TheProgram().PageOf(control));
+    }
+    EXPECT_EQ(control.ToolTip(), each.tip) << each.machine << ' ' << each.id;
+    const std::string drawn = running.Widget<QWidget>(each.id).toolTip().toStdString();
+    EXPECT_TRUE(drawn == each.tip || control.ToolTip().empty()) << each.id;
+  }
+}
+
 TEST_F(FaceTest, TheTitleNamesTheMachineUnlessItIsThisComputer) {
   RunningProgram running(NewStore());
   const QString caption = QString::fromStdString(running.TheProgram().Main().TheWindow().Caption());
