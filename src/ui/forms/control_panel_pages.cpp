@@ -9,19 +9,19 @@ constexpr std::string_view kResolution = "control-panel.resolution";
 
 constexpr ControlRow kSettingsRows[] = {
     Row(Kind::kCheck, "control-panel.settings.enable-coolbits-overclocking", kSettings,
-        {150, 300, 4275, 315}, 60),
+        {150, 300, 4500, 315}, 60),
     Row(Kind::kCheck, "control-panel.settings.enable-agp-settings-page", kSettings,
-        {150, 615, 4275, 315}, 61),
+        {150, 615, 4500, 315}, 61),
     Row(Kind::kCheck, "control-panel.settings.enable-additional-info-page", kSettings,
-        {150, 930, 4275, 315}, 62),
+        {150, 930, 4500, 315}, 62),
     Row(Kind::kCheck, "control-panel.settings.enable-troubleshooting-page", kSettings,
-        {150, 1245, 4275, 315}, 63),
+        {150, 1245, 4500, 315}, 63),
     Row(Kind::kCheck, "control-panel.settings.enable-application-profile-page", kSettings,
-        {150, 1560, 4275, 315}, 64),
+        {150, 1560, 4500, 315}, 64),
     Row(Kind::kCheck, "control-panel.settings.override-nview-capable", kSettings,
-        {150, 1875, 4275, 315}, 66),
+        {150, 1875, 4500, 315}, 66),
     Row(Kind::kCheck, "control-panel.settings.enable-overlay-control-in-span-mode", kSettings,
-        {150, 2190, 4275, 315}, 67),
+        {150, 2190, 7260, 315}, 67),
     Row(Kind::kCheck, "control-panel.settings.enable-thermal-settings-page", kSettings,
         {150, 2505, 7260, 315})
         .Design("Enable Thermal settings page")
@@ -36,7 +36,7 @@ constexpr ControlRow kSettingsRows[] = {
         .Disabled(),
     Row(Kind::kCheck, "control-panel.settings.enable-direct3d-refreh-rate-page", kSettings,
         {150, 3450, 7260, 315}, 65),
-    Row(Kind::kPicture, "control-panel.settings.picture", kSettings, {4470, 420, 2940, 1911})
+    Row(Kind::kPicture, "control-panel.settings.picture", kSettings, {4740, 420, 2670, 1736})
         .Tip(69)
         .Hidden()
         .Does(Action::Kind::kOpenControlPanelItem, "desk.cpl"),

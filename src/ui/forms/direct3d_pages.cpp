@@ -22,19 +22,19 @@ constexpr ControlRow kAaRows[] = {
     Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 570, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "direct3d.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 315, 3510, 255}, 139)
+        {3810, 315, 3600, 255}, 139)
         .Names("direct3d.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "direct3d.antialiasing.transparency-antialiasing", kAa,
         {3810, 570, 3510, 390})
         .Initial("Disabled"),
-    Row(Kind::kCheck, "direct3d.antialiasing.enable-sli-antialiasing", kAa, {150, 1020, 3510, 330},
+    Row(Kind::kCheck, "direct3d.antialiasing.enable-sli-antialiasing", kAa, {150, 1005, 3510, 330},
         140),
     Row(Kind::kCheck, "direct3d.antialiasing.gamma-correct-antialiasing", kAa,
-        {3810, 1020, 3600, 330}, 141),
-    Row(Kind::kHeading, "direct3d.antialiasing.compare-pictures", kAa, {150, 1410, 2700, 270}, 142),
-    Row(Kind::kOption, "direct3d.antialiasing.normal-size", kAa, {2900, 1380, 2200, 330}, 143)
+        {3810, 960, 3600, 420}, 141),
+    Row(Kind::kHeading, "direct3d.antialiasing.compare-pictures", kAa, {150, 1410, 2790, 270}, 142),
+    Row(Kind::kOption, "direct3d.antialiasing.normal-size", kAa, {3030, 1380, 2130, 330}, 143)
         .Chosen(),
-    Row(Kind::kOption, "direct3d.antialiasing.zoom", kAa, {5160, 1380, 2250, 330}, 144),
+    Row(Kind::kOption, "direct3d.antialiasing.zoom", kAa, {5250, 1380, 2190, 330}, 144),
     Row(Kind::kPicture, "direct3d.antialiasing.no-antialiasing", kAa, {150, 1755, 3510, 2070}),
     Row(Kind::kLabel, "direct3d.antialiasing.no-antialiasing-label", kAa, {150, 3855, 3510, 270},
         147)
@@ -48,51 +48,51 @@ constexpr ControlRow kAaRows[] = {
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "direct3d.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 375, 3000, 255}, 114)
+        {150, 375, 3915, 255}, 114)
         .Names("direct3d.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "direct3d.filtering.anisotropic-filtering", kFiltering,
-        {150, 630, 3000, 390})
+        {150, 630, 3600, 390})
         .Initial("Auto")
         .Help(0),
     Row(Kind::kLabel, "direct3d.filtering.intellisample-image-settings-label", kFiltering,
-        {150, 1155, 3000, 255}, 115)
+        {150, 1155, 3915, 255}, 115)
         .Names("direct3d.filtering.intellisample-image-settings"),
     Row(Kind::kCombo, "direct3d.filtering.intellisample-image-settings", kFiltering,
-        {150, 1410, 3000, 390})
+        {150, 1410, 3600, 390})
         .Initial("Quality")
         .Help(3),
-    Row(Kind::kLabel, "direct3d.filtering.force-mipmaps-label", kFiltering, {150, 1935, 3000, 255},
+    Row(Kind::kLabel, "direct3d.filtering.force-mipmaps-label", kFiltering, {150, 1935, 3915, 255},
         117)
         .Names("direct3d.filtering.force-mipmaps"),
-    Row(Kind::kCombo, "direct3d.filtering.force-mipmaps", kFiltering, {150, 2190, 3000, 390})
+    Row(Kind::kCombo, "direct3d.filtering.force-mipmaps", kFiltering, {150, 2190, 3600, 390})
         .Initial("None")
         .Help(2),
     Row(Kind::kLabel, "direct3d.filtering.texture-lod-bias-label", kFiltering,
-        {150, 2745, 3000, 255}, 118)
+        {150, 2745, 3915, 255}, 118)
         .Names("direct3d.filtering.texture-lod-bias"),
-    Row(Kind::kSlider, "direct3d.filtering.texture-lod-bias", kFiltering, {150, 3015, 3000, 390})
+    Row(Kind::kSlider, "direct3d.filtering.texture-lod-bias", kFiltering, {150, 3015, 3600, 390})
         .Help(1)
         .Range(-24, 24, 0),
     Row(Kind::kCheck, "direct3d.filtering.force-textures-to-low-mip-level", kFiltering,
-        {3450, 600, 3960, 330}, 119),
+        {4200, 555, 3240, 420}, 119),
     Row(Kind::kCheck, "direct3d.filtering.trilinear-optimization", kFiltering,
-        {3450, 1035, 3960, 330}, 120)
+        {4200, 990, 3240, 420}, 120)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-mip-filter-optimization", kFiltering,
-        {3450, 1470, 3960, 330}, 121)
+        {4200, 1425, 3240, 420}, 121)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-sample-optimization", kFiltering,
-        {3450, 1905, 3960, 330}, 122)
+        {4200, 1860, 3240, 420}, 122)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.disable-mipmap-filtering", kFiltering,
-        {3450, 2340, 3960, 330}, 124)
+        {4200, 2295, 3240, 420}, 124)
         .Help(4),
     Row(Kind::kCheck, "direct3d.filtering.allow-negative-lod-bias", kFiltering,
-        {3450, 2775, 3960, 330}, 125),
+        {4200, 2730, 3240, 420}, 125),
 };
 
 constexpr ControlRow kMiscRows[] = {
-    Row(Kind::kHeading, "direct3d.misc.vertical-synchronization", kMisc, {150, 375, 3300, 270},
+    Row(Kind::kHeading, "direct3d.misc.vertical-synchronization", kMisc, {150, 375, 3690, 270},
         154),
     Row(Kind::kLabel, "direct3d.misc.synchronization-mode-label", kMisc, {150, 750, 3300, 255}, 155)
         .Names("direct3d.misc.synchronization-mode"),
@@ -104,10 +104,10 @@ constexpr ControlRow kMiscRows[] = {
     Row(Kind::kCombo, "direct3d.misc.prerender-limit", kMisc, {150, 1785, 3300, 390})
         .Initial("0")
         .Help(8),
-    Row(Kind::kCheck, "direct3d.misc.enable-z-buffer-compression", kMisc, {3750, 1035, 3660, 330},
+    Row(Kind::kCheck, "direct3d.misc.enable-z-buffer-compression", kMisc, {3750, 990, 3660, 420},
         157)
         .Help(9),
-    Row(Kind::kCheck, "direct3d.misc.enable-fog-table-emulation", kMisc, {3750, 1470, 3660, 330},
+    Row(Kind::kCheck, "direct3d.misc.enable-fog-table-emulation", kMisc, {3750, 1425, 3660, 420},
         158)
         .Help(10),
 };

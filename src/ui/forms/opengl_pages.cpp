@@ -22,54 +22,54 @@ constexpr ControlRow kAaRows[] = {
     Row(Kind::kEditableCombo, "opengl.antialiasing.antialiasing-mode", kAa, {150, 630, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "opengl.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 375, 3510, 255}, 139)
+        {3810, 375, 3600, 255}, 139)
         .Names("opengl.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "opengl.antialiasing.transparency-antialiasing", kAa, {3810, 630, 3510, 390})
         .Initial("Disabled"),
     Row(Kind::kCheck, "opengl.antialiasing.enable-sli-antialiasing", kAa, {150, 1185, 3510, 330},
         140),
     Row(Kind::kCheck, "opengl.antialiasing.gamma-correct-antialiasing", kAa,
-        {3810, 1185, 3600, 330}, 141),
+        {3810, 1140, 3600, 420}, 141),
     Row(Kind::kCheck, "opengl.antialiasing.texture-sharpening", kAa, {150, 1620, 3510, 330}, 149),
 };
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "opengl.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 315, 2550, 255}, 114)
+        {150, 315, 2730, 255}, 114)
         .Names("opengl.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "opengl.filtering.anisotropic-filtering", kFiltering,
-        {150, 570, 2550, 390})
+        {150, 570, 2730, 390})
         .Initial("Auto")
         .Help(6),
-    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2550, 255},
+    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2730, 255},
         116)
         .Names("opengl.filtering.image-settings"),
-    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2550, 390})
+    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2730, 390})
         .Initial("Quality")
         .Help(3),
-    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2550, 255},
+    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2730, 255},
         117)
         .Names("opengl.filtering.force-mipmaps"),
-    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2550, 390})
+    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2730, 390})
         .Initial("None")
         .Help(2),
-    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2550, 255},
+    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2730, 255},
         118)
         .Names("opengl.filtering.texture-lod-bias"),
-    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2550, 390})
+    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2730, 390})
         .Help(1)
         .Range(-48, 48, 0),
     Row(Kind::kHeading, "opengl.filtering.intellisample-settings", kFiltering,
-        {2940, 315, 4500, 270}, 126),
+        {3000, 315, 4440, 270}, 126),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-trilinear-configuration", kFiltering,
-        {2940, 600, 4560, 330}, 150)
+        {3000, 555, 4500, 420}, 150)
         .Help(14),
     Row(Kind::kLabel, "opengl.filtering.trilinear-quality-label", kFiltering,
-        {3210, 945, 4200, 255}, 123)
+        {3270, 975, 4170, 255}, 123)
         .Names("opengl.filtering.trilinear-quality"),
-    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3210, 1200, 4200, 345})
+    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3270, 1230, 4170, 345})
         .Range(1, 31, 1),
-    Row(Kind::kFrame, kOptimizations, kFiltering, {2940, 1650, 4500, 1545}, 153).Help(5),
+    Row(Kind::kFrame, kOptimizations, kFiltering, {3000, 1650, 4500, 1545}, 153).Help(5),
     Row(Kind::kCheck, "opengl.filtering.trilinear-optimization", kOptimizations,
         {150, 345, 4200, 330}, 120),
     Row(Kind::kCheck, "opengl.filtering.aniso-mip-filter-optimization", kOptimizations,
@@ -77,26 +77,26 @@ constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kCheck, "opengl.filtering.aniso-sample-optimization", kOptimizations,
         {150, 1065, 4200, 330}, 122),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-texture-compression-configuration",
-        kFiltering, {150, 3330, 7260, 330}, 151)
+        kFiltering, {150, 3270, 7260, 420}, 151)
         .Help(14),
     Row(Kind::kOption, "opengl.filtering.texture-compression-by-application", kFiltering,
         {420, 3690, 2490, 330}, 152),
     Row(Kind::kOption, "opengl.filtering.texture-compression-enabled", kFiltering,
-        {2940, 3690, 2400, 330}, 146),
+        {3000, 3690, 2400, 330}, 146),
 };
 
 constexpr ControlRow kMiscRows[] = {
     Row(Kind::kHeading, "opengl.misc.s3tc-settings", kMisc, {150, 375, 3450, 270}, 162),
-    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 705, 3510, 330},
+    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 660, 3510, 420},
         163)
         .Help(11),
     Row(Kind::kCheck, "opengl.misc.disable-dithering-for-dxt1-textures", kMisc,
-        {150, 1095, 3510, 330}, 164)
+        {150, 1095, 3510, 420}, 164)
         .Help(12),
     Row(Kind::kLabel, "opengl.misc.textures-color-depth-label", kMisc, {150, 1665, 3300, 255}, 174)
         .Names("opengl.misc.textures-color-depth"),
     Row(Kind::kCombo, "opengl.misc.textures-color-depth", kMisc, {150, 1920, 3300, 390}).Help(13),
-    Row(Kind::kHeading, "opengl.misc.vertical-synchronization", kMisc, {3810, 375, 3600, 270}, 154),
+    Row(Kind::kHeading, "opengl.misc.vertical-synchronization", kMisc, {3810, 375, 3690, 270}, 154),
     Row(Kind::kLabel, "opengl.misc.synchronization-mode-label", kMisc, {3810, 705, 3300, 255}, 155)
         .Names("opengl.misc.synchronization-mode"),
     Row(Kind::kCombo, "opengl.misc.synchronization-mode", kMisc, {3810, 960, 3300, 390}).Help(7),
@@ -115,7 +115,7 @@ constexpr ControlRow kCompatibilityRows[] = {
         {150, 630, 4200, 390})
         .Initial("No override"),
     Row(Kind::kLabel, "opengl.compatibility.compatibility-emulation-mode-label", kCompatibility,
-        {150, 1155, 4200, 255}, 178)
+        {150, 1155, 4380, 255}, 178)
         .Names("opengl.compatibility.compatibility-emulation-mode"),
     Row(Kind::kCombo, "opengl.compatibility.compatibility-emulation-mode", kCompatibility,
         {150, 1410, 4200, 390}),

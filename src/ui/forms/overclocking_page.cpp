@@ -28,10 +28,10 @@ constexpr std::string_view kPage = "overclocking";
 constexpr ControlRow kRows[] = {
     Row(Kind::kCheck, "overclocking.enable-overclocking", kPage, {150, 345, 3510, 330}, 85)
         .Chosen(),
-    Row(Kind::kCheck, "overclocking.apply-settings-at-startup", kPage, {3810, 345, 3600, 330}, 86)
+    Row(Kind::kCheck, "overclocking.apply-settings-at-startup", kPage, {3810, 345, 3690, 330}, 86)
         .Disabled(),
     Row(Kind::kHeading, "overclocking.settings", kPage, {150, 780, 2400, 270}, 89).Disabled(),
-    Row(Kind::kOption, "overclocking.2d-speed", kPage, {2700, 750, 2250, 330}, 90).Disabled(),
+    Row(Kind::kOption, "overclocking.2d-speed", kPage, {2700, 750, 2220, 330}, 90).Disabled(),
     Row(Kind::kOption, "overclocking.3d-speed", kPage, {5010, 750, 2400, 330}, 91).Disabled(),
     Row(Kind::kLabel, "overclocking.default-core-speed", kPage, {150, 1230, 3510, 255}, 92)
         .Disabled(),

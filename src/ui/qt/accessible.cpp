@@ -106,6 +106,13 @@ class AccessibleKey : public Pressed {
     const bool repeats = kind == QAccessible::Description && text == widget()->accessibleName();
     return repeats ? QString() : text;
   }
+  QAccessible::State state() const override {
+    QAccessible::State state = Pressed::state();
+    state.hasPopup = key_.menu() != nullptr;
+    state.selectable = true;
+    state.selected = key_.LeadsToShownPage();
+    return state;
+  }
   QStringList actionNames() const override {
     QStringList names = Pressed::actionNames();
     if (key_.menu() != nullptr && key_.isEnabled()) names += Interface::showMenuAction();

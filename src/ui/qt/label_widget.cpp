@@ -1,40 +1,12 @@
 #include "ui/qt/label_widget.h"
 
+#include <QEvent>
 #include <QPainter>
-#include <QTextLayout>
 
 #include "ui/qt/focus_mark.h"
+#include "ui/qt/wrapped.h"
 
 namespace kestrune::qt {
-
-namespace {
-
-/// The text broken into the lines that fit, the last of them cut short where more would follow.
-QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
-  const QFontMetrics metrics(font);
-  const int fitting = std::max(1, room.height() / metrics.lineSpacing());
-  QTextLayout layout(text, font);
-  QTextOption option;
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  layout.setTextOption(option);
-  QString result;
-  layout.beginLayout();
-  for (int count = 1;; ++count) {
-    QTextLine line = layout.createLine();
-    if (!line.isValid()) break;
-    line.setLineWidth(room.width());
-    const int start = line.textStart();
-    if (count == fitting) {
-      result += metrics.elidedText(text.mid(start).simplified(), Qt::ElideRight, room.width());
-      break;
-    }
-    result += text.mid(start, line.textLength()).trimmed() + '\n';
-  }
-  layout.endLayout();
-  return result;
-}
-
-}  // namespace
 
 void LabelWidget::SetCaption(const QString& caption, const QString& marked) {
   caption_ = caption;
@@ -57,7 +29,7 @@ void LabelWidget::SetLink() {
   setFont(underlined);
 }
 
-bool LabelWidget::HasLines() const { return height() >= 2 * fontMetrics().lineSpacing(); }
+bool LabelWidget::HasLines() const { return HasRoomForLines(font(), size()); }
 
 void LabelWidget::Fit() {
   fitted_size_ = size();

@@ -2,10 +2,14 @@
 
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
+#include <algorithm>
 
 #include "ui/face/captions.h"
 #include "ui/face/context.h"
 #include "ui/forms/form.h"
+#include "ui/forms/pages.h"
+#include "ui/qt/face_style.h"
 #include "ui/qt/to_qt.h"
 
 namespace kestrune::qt {
@@ -39,11 +43,35 @@ ToolButton::ToolButton(controls::ToolKey& key, const forms::Form& form, face::Co
   setIcon(IconOf(key));
   setIconSize(QSize(kIconPixels, kIconPixels));
   connect(this, &QToolButton::clicked, this, [this] { context_.Press(key_); });
+  FollowPages();
   if (items_.empty()) return;
   auto* menu = new QMenu(this);
   connect(menu, &QMenu::aboutToShow, this, [this] { FillMenu(); });
   setMenu(menu);
   setPopupMode(MenuButtonPopup);
+}
+
+void ToolButton::FollowPages() {
+  for (const forms::PageRow& row : forms::kPages) {
+    const controls::Control* key = form_.Find(row.key);
+    controls::Control* page = form_.Find(row.id);
+    if (page == nullptr || key == nullptr || (key != &key_ && key->Parent() != &key_)) continue;
+    pages_.push_back(page);
+    subscriptions_.push_back(page->Observe([this] { update(); }));
+  }
+}
+
+bool ToolButton::LeadsToShownPage() const {
+  return std::any_of(pages_.begin(), pages_.end(),
+                     [](const controls::Control* page) { return page->Visible(); });
+}
+
+void ToolButton::paintEvent(QPaintEvent* event) {
+  QToolButton::paintEvent(event);
+  if (!LeadsToShownPage()) return;
+  constexpr int kBarHeight = 3;
+  QPainter(this).fillRect(rect().adjusted(0, height() - kBarHeight, 0, 0),
+                          FaceStyle::FocusColour(palette()));
 }
 
 void ToolButton::FillMenu() {

@@ -25,6 +25,7 @@
 #include "ui/qt/scroll_bar_widget.h"
 #include "ui/qt/to_qt.h"
 #include "ui/qt/tool_button.h"
+#include "ui/qt/wrapped.h"
 
 namespace kestrune::qt {
 
@@ -34,15 +35,20 @@ QString WithoutMnemonic(const QString& caption) {
   return ToQt(face::WithoutMnemonic(caption.toStdString()));
 }
 
-/// Puts a caption on a button, cut to what fits; true when something was cut off.
+/// Puts a caption on a button, over the lines that it has room for and cut to what fits; true when
+/// something was cut off.
 bool DrawCaption(QAbstractButton& button, const QString& caption, QStyle::SubElement contents) {
   QStyleOptionButton option;
   option.initFrom(&button);
   option.text = caption;
-  const int room = button.style()->subElementRect(contents, &option, &button).width();
-  const QString shown = button.fontMetrics().elidedText(caption, Qt::ElideRight, room);
+  const QSize room(button.style()->subElementRect(contents, &option, &button).width(),
+                   button.height());
+  const QString shown =
+      HasRoomForLines(button.font(), room)
+          ? Wrapped(caption, button.font(), room)
+          : button.fontMetrics().elidedText(caption, Qt::ElideRight, room.width());
   button.setText(WithoutMnemonic(shown));
-  return shown != caption;
+  return shown.simplified() != caption.simplified();
 }
 
 bool DrawTitle(QGroupBox& box, const QString& caption) {

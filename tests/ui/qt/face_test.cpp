@@ -20,6 +20,7 @@
 #include "platform/services.h"
 #include "platform/tracing.h"
 #include "ui/forms/main_form.h"
+#include "ui/qt/face_style.h"
 
 namespace kestrune::qt {
 namespace {
@@ -447,6 +448,25 @@ TEST_F(FaceTest, WhatIsDisabledSaysWhyWhereTheCardTheDriverOrTheSystemIsTheReaso
     EXPECT_EQ(control.ToolTip(), each.tip) << each.machine << ' ' << each.id;
     const std::string drawn = running.Widget<QWidget>(each.id).toolTip().toStdString();
     EXPECT_TRUE(drawn == each.tip || control.ToolTip().empty()) << each.id;
+  }
+}
+
+TEST_F(FaceTest, TheToolbarMarksTheGroupThatIsShown) {
+  RunningProgram running(NewStore());
+  const std::pair<int, const char*> cases[] = {
+      {8, "main.dx"}, {13, "main.ogl"}, {3, "main.oc"}, {10, "main.nvcpl"}, {4, "main.info"}};
+  for (const auto& [page, marked] : cases) {
+    running.TheProgram().GoToPage(page);
+    for (const char* key : {"main.nvcpl", "main.dx", "main.ogl", "main.oc", "main.info"}) {
+      auto& widget = running.Widget<QToolButton>(key);
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->state().selected,
+                key == std::string_view(marked))
+          << page << key;
+      const QImage seen = widget.grab().toImage();
+      const bool has_bar =
+          seen.pixel(2, seen.height() - 2) == FaceStyle::FocusColour(widget.palette()).rgb();
+      EXPECT_EQ(has_bar, key == std::string_view(marked)) << page << key;
+    }
   }
 }
 

@@ -1,0 +1,37 @@
+#include "ui/qt/wrapped.h"
+
+#include <QFontMetrics>
+#include <QTextLayout>
+
+namespace kestrune::qt {
+
+bool HasRoomForLines(const QFont& font, const QSize& room) {
+  return room.height() >= 2 * QFontMetrics(font).lineSpacing();
+}
+
+QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
+  const QFontMetrics metrics(font);
+  const int fitting = std::max(1, room.height() / metrics.lineSpacing());
+  QTextLayout layout(text, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QString result;
+  layout.beginLayout();
+  for (int count = 1;; ++count) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    line.setLineWidth(room.width());
+    const int start = line.textStart();
+    if (count == fitting) {
+      result += metrics.elidedText(text.mid(start).simplified(), Qt::ElideRight, room.width());
+      break;
+    }
+    result += text.mid(start, line.textLength()).trimmed() + '\n';
+  }
+  layout.endLayout();
+  if (result.endsWith('\n')) result.chop(1);
+  return result;
+}
+
+}  // namespace kestrune::qt
