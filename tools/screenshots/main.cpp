@@ -1,12 +1,16 @@
+#include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QToolButton>
+#include <QToolTip>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -15,6 +19,8 @@
 #include "core/outcome.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
+#include "platform/tracing.h"
+#include "ui/face/change_log.h"
 #include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
@@ -87,6 +93,8 @@ class Photographer {
     TakeMenu();
     TakeLowerPanel();
     TakeHelp();
+    TakeReason();
+    TakeChange();
     return all_saved_;
   }
 
@@ -118,8 +126,31 @@ class Photographer {
       const std::string_view id = forms::kPages[static_cast<std::size_t>(page)].id;
       GoTo(id);
       const QString name = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));
-      Save(Window().grab(), QString("page-%1-%2").arg(page, 2, 10, QChar('0')).arg(name));
+      const QString file = QString("page-%1-%2").arg(page, 2, 10, QChar('0')).arg(name);
+      Save(Window().grab(), file);
+      SaveText(TreeOf(*QAccessible::queryAccessibleInterface(&Window()), ""), file);
     }
+  }
+
+  /// What assistive technology hears of a widget and of all in it: role, name, value, description.
+  QString TreeOf(const QAccessibleInterface& heard, const QString& indent) {
+    if (heard.state().invisible) return {};
+    QString text = indent + QVariant::fromValue(heard.role()).toString();
+    for (const QAccessible::Text kind :
+         {QAccessible::Name, QAccessible::Value, QAccessible::Description}) {
+      if (!heard.text(kind).isEmpty()) text += " \"" + heard.text(kind) + '"';
+    }
+    if (heard.state().disabled) text += " disabled";
+    if (heard.state().checked) text += " checked";
+    if (heard.state().selected) text += " selected";
+    text += '\n';
+    for (int i = 0; i < heard.childCount(); ++i) text += TreeOf(*heard.child(i), indent + "  ");
+    return text;
+  }
+
+  void SaveText(const QString& text, const QString& name) {
+    QFile file(folder_.filePath(name + ".txt"));
+    all_saved_ = file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && all_saved_;
   }
 
   /// Both widgets as they stand on the screen, `second` over or beside `first`.
@@ -170,14 +201,55 @@ class Photographer {
 
   void TakeHelp() {
     GoTo("direct3d.filtering");
-    program_.Find("direct3d.filtering.texture-lod-bias")->Hover();
-    program_.Timers().Advance(5000);
-    QCoreApplication::processEvents();
-    for (const forms::Form* form : program_.Forms()) {
-      qt::FormView* view = face_.ViewOf(*form);
-      if (view == nullptr || view == &Window() || !view->isVisible()) continue;
-      Save(Together(Window(), *view), "help");
+    const std::pair<int, const char*> places[] = {
+        {10, "help-right"}, {470, "help-left"}, {240, "help-corner"}};
+    for (const auto& [left, name] : places) {
+      Window().move(left, 40);
+      QCoreApplication::processEvents();
+      program_.Find("direct3d.filtering.texture-lod-bias")->Hover();
+      program_.Timers().Advance(5000);
+      QCoreApplication::processEvents();
+      QWidget& help = *face_.ViewOf(program_.FormOf("help"));
+      Save(OnScreen({&Window(), &help}), name);
+      program_.FormOf("help").TheWindow().UseClose();
     }
+  }
+
+  /// The screen with these windows, the last in front.
+  QPixmap OnScreen(std::initializer_list<QWidget*> windows) {
+    const qreal ratio = Window().devicePixelRatioF();
+    QPixmap picture(Window().screen()->size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::darkCyan);
+    QPainter painter(&picture);
+    for (QWidget* each : windows) painter.drawPixmap(each->mapToGlobal(QPoint()), each->grab());
+    return picture;
+  }
+
+  /// A control that the card, the driver or the system disables, with the tip that says so.
+  void TakeReason() {
+    GoTo("direct3d.antialiasing");
+    const controls::Control& control =
+        *program_.Find("direct3d.antialiasing.transparency-antialiasing");
+    QWidget* widget = face_.ViewOf(program_.Main())->WidgetOf(control);
+    if (control.ToolTip().empty()) return;
+    QToolTip::showText(widget->mapToGlobal(QPoint(30, 12)), widget->toolTip(), widget);
+    QCoreApplication::processEvents();
+    for (QWidget* each : QApplication::topLevelWidgets()) {
+      if (each->inherits("QTipLabel")) Save(Together(Window(), *each), "reason");
+    }
+    QToolTip::hideText();
+  }
+
+  void TakeChange() {
+    GoTo("direct3d.filtering");
+    auto* box = dynamic_cast<QAbstractButton*>(
+        face_.ViewOf(program_.Main())
+            ->WidgetOf(*program_.Find("direct3d.filtering.trilinear-optimization")));
+    if (box == nullptr) return;
+    box->click();
+    QCoreApplication::processEvents();
+    Save(Window().grab(), "change");
   }
 
   forms::Program& program_;
@@ -185,6 +257,19 @@ class Photographer {
   QDir folder_;
   bool all_saved_ = true;
 };
+
+/// A screen of the usual size of the driver's years, on which nothing is seen.
+QByteArray OffscreenPlatform(const QTemporaryDir& folder, int scale) {
+  QFile file(folder.filePath("screen.json"));
+  if (file.open(QIODevice::WriteOnly)) {
+    file.write(QString(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1,
+                           "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                   .arg(1024 * scale)
+                   .arg(768 * scale)
+                   .toUtf8());
+  }
+  return "offscreen:configfile=" + file.fileName().toLocal8Bit();
+}
 
 int Run(const Arguments& arguments) {
   const QTemporaryDir user_folder;
@@ -198,11 +283,15 @@ int Run(const Arguments& arguments) {
   }
   face::PrintedDialog dialog;
   const platform::Services services = opened.Value()->ServicesFor(dialog);
-  forms::Program program(services);
+  face::ChangeLog changes;
+  platform::Trace trace(changes.Sink());
+  platform::TracingRegistry registry(services.registry, trace);
+  forms::Program program({registry, services.display, services.version, services.shell,
+                          services.files, services.dialog});
   if (!program.Start("")) return 3;
   // No button may look as if the mouse were over it.
   QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
-  qt::Face face(program, services.files);
+  qt::Face face(program, services.files, {.changes = &changes});
   QCoreApplication::processEvents();
   QDir().mkpath(arguments.folder);
   return Photographer(program, face, QDir(arguments.folder)).TakeAll() ? 0 : 3;
@@ -218,7 +307,8 @@ int main(int argument_count, char** values) {
                  "[--scheme light|dark|contrast]\n");
     return 2;
   }
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QTemporaryDir folder;
+  qputenv("QT_QPA_PLATFORM", OffscreenPlatform(folder, arguments->scale.toInt()));
   qputenv("QT_SCALE_FACTOR", arguments->scale);
   QApplication::setStyle(new qt::FaceStyle);
   int own_count = 1;
