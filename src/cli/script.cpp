@@ -67,27 +67,12 @@ void Script::Print(Control& control) {
   out_.Line(platform::PlainText(control.ValueText()));
 }
 
-/// What a person uses to get to a page: its own key, or one of its group, whose scroll bar goes the
-/// rest of the way. Null for a page that the window can't reach.
-const Control* Script::WayTo(int page) const {
-  const forms::PageRow& wanted = forms::kPages[static_cast<std::size_t>(page)];
-  const Control* way = nullptr;
-  for (const forms::PageRow& row : forms::kPages) {
-    const bool is_beside = row.group == wanted.group && row.group != forms::Group::kNone;
-    const Control* key = program_.Find(row.key);
-    if (!key->Usable()) continue;
-    if (row.id == wanted.id) return key;
-    if (is_beside && way == nullptr) way = key;
-  }
-  return way;
-}
-
 /// Shows the page on which a control stands.
 Result<void> Script::GoTo(const Control& control) {
   const int page = program_.PageOf(control);
   if (page < 0) return {};
   const bool is_there = page == program_.ActivePage();
-  const Control* way = is_there ? &control.Root() : WayTo(page);
+  const Control* way = is_there ? &control.Root() : program_.Main().WayTo(page);
   if (way == nullptr) {
     return Fail("the window can't reach " + program_.Main().Page(page).Id() +
                 ": no key that is enabled leads there.");

@@ -30,7 +30,6 @@ class Script {
   platform::Result<void> Open(const std::string& window);
   platform::Result<void> OpenFor(const controls::Control& control);
   platform::Result<void> Close(const std::string& window);
-  const controls::Control* WayTo(int page) const;
   platform::Result<void> GoTo(const controls::Control& control);
   void Print(controls::Control& control);
   void Show(const std::string& id);
