@@ -1,5 +1,6 @@
 #include "cli/clock_commands.h"
 #include "cli/command.h"
+#include "cli/database_commands.h"
 #include "cli/machine_commands.h"
 #include "cli/program_commands.h"
 #include "cli/registry_commands.h"
@@ -47,6 +48,8 @@ constexpr Command kCommands[] = {
     {"registry delete", "Delete one value", "KEY NAME", DeleteRegistry},
     {"registry list", "Print the keys below a key and its values", "KEY", ListRegistry},
     {"registry import", "Make the changes of a registry file", "FILE", ImportRegistry},
+    {"database", "Print what the driver's database files say: file, then name, text and numbers",
+     "[d3d|ogl|sys]", PrintDatabase, CheckTag},
     {"machine", "Print the machine descriptions, or one of them", "[NAME]", Machines, nullptr,
      &MachineSource::HasDescriptions},
 };

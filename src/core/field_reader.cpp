@@ -8,7 +8,7 @@ namespace kestrune::core {
 
 namespace {
 constexpr std::string_view kSeparators = ",\r\n";
-constexpr std::string_view kQuoteOrLineEnd = "\"\r\n";
+constexpr std::string_view kLineEnds = "\r\n";
 }  // namespace
 
 std::optional<std::string> FieldReader::Next() {
@@ -16,8 +16,7 @@ std::optional<std::string> FieldReader::Next() {
   SkipBlanks();
   std::string field;
   if (!AtEnd() && text_[position_] == '"') {
-    ++position_;
-    field = TakeUntil(kQuoteOrLineEnd);
+    field = TakeQuoted();
     TakeUntil(kSeparators);
   } else {
     field = TrimBlanks(TakeUntil(kSeparators));
@@ -37,11 +36,24 @@ std::string_view FieldReader::TakeUntil(std::string_view ends) {
   return taken;
 }
 
+std::string_view FieldReader::TakeQuoted() {
+  const std::size_t begin = position_ + 1;
+  const std::size_t quote = text_.find('"', begin);
+  position_ = std::min(quote, text_.size());
+  std::string_view field = text_.substr(begin, position_ - begin);
+  for (std::size_t at = 0; at < field.size(); ++at) {
+    const bool is_pair = field[at] == '\r' && field.substr(at + 1).starts_with('\n');
+    if (kLineEnds.find(field[at]) != kLineEnds.npos && !is_pair) ++line_;
+  }
+  if (quote == text_.npos) field = field.substr(0, field.find_last_not_of(kLineEnds) + 1);
+  return field;
+}
+
 void FieldReader::SkipSeparator() {
-  if (AtEnd()) return;
+  if (position_ >= text_.size()) return;
   const char separator = text_[position_++];
   if (separator == ',') return;
-  if (separator == '\r' && !AtEnd() && text_[position_] == '\n') ++position_;
+  if (separator == '\r' && position_ < text_.size() && text_[position_] == '\n') ++position_;
   ++line_;
 }
 

@@ -90,4 +90,11 @@ std::optional<std::int32_t> ParseInt32(std::string_view text) {
   return number ? RoundToInt32(*number) : std::nullopt;
 }
 
+std::optional<std::int32_t> ParseWholeNumber(std::string_view text) {
+  std::string_view digits = TrimBlanks(text);
+  if (digits.starts_with("&")) return ParseInt32(digits);
+  if (digits.starts_with('-') || digits.starts_with('+')) digits.remove_prefix(1);
+  return CountDigits(digits) == digits.size() ? ParseInt32(text) : std::nullopt;
+}
+
 }  // namespace kestrune::core

@@ -23,4 +23,8 @@ std::optional<std::int32_t> RoundToInt32(double number);
 /// Reads a text as a whole 32-bit number by the two rules above.
 std::optional<std::int32_t> ParseInt32(std::string_view text);
 
+/// The whole 32-bit number that a text spells: blanks around it, an optional sign and decimal
+/// digits alone, or "&H" as above. Nothing for any other text, also one with a fraction.
+std::optional<std::int32_t> ParseWholeNumber(std::string_view text);
+
 }  // namespace kestrune::core

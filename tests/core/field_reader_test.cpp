@@ -26,16 +26,18 @@ TEST(FieldReaderTest, SplitsAtCommasAndEveryKindOfLineEnd) {
       {R"(" a"tail,b)", " a|b|"},
       {R"(a"b,c)", R"(a"b|c|)"},
       {R"("","x")", "|x|"},
-      {"\"open\nnext", "open|next|"},
-      {"\"open, still\r\nnext", "open, still|next|"},
+      {"\"two\r\nlines\"x\nnext", "two\r\nlines|next|"},
+      {"a,\"open, still\nopen \r\n\r\n", "a|open, still\nopen |"},
       {"\"", "|"},
-      {"  ", "|"}};
+      {"  ", ""},
+      {"a,\r\n \n\r  ", "a|"},
+      {"a\n\t\n", "a|\t|"}};
   for (const auto& [text, fields] : cases) EXPECT_EQ(Fields(text), fields) << text;
 }
 
 TEST(FieldReaderTest, CountsLinesForTheFieldThatComes) {
-  FieldReader reader("a,b\r\n\"c\"\nd");
-  const int lines[] = {1, 1, 2, 3};
+  FieldReader reader("a,b\r\n\"c\r\nc\n\"\nd\n\n");
+  const int lines[] = {1, 1, 2, 5};
   for (const int line : lines) {
     EXPECT_EQ(reader.Line(), line);
     EXPECT_TRUE(reader.Next());

@@ -91,12 +91,10 @@ TEST_F(LanguageTest, AMissingOrEmptyFileLeavesEmptyTextsWithoutAMessage) {
   EXPECT_TRUE(machine.messages.empty());
 }
 
-TEST_F(LanguageTest, UnbalancedQuotesSpoilTheirLineAlone) {
+TEST_F(LanguageTest, AnOpenQuoteRunsToTheNextOne) {
   Load("x", "N,H\n\"open\nnext, \"a\"b\",c\"d");
-  EXPECT_EQ(language.LangText[0], "open");
-  EXPECT_EQ(language.LangText[1], "next");
-  EXPECT_EQ(language.LangText[2], "a");
-  EXPECT_EQ(language.LangText[3], "c\"d");
+  EXPECT_EQ(language.LangText[0], "open\nnext, ");
+  EXPECT_EQ(language.LangText[1], "c\"d");
 }
 
 TEST_F(LanguageTest, ReadsTheCodePageNamedRightAfterTheHeader) {

@@ -47,6 +47,7 @@ constexpr Layer kLayers[] = {
     {"ui/win32", {"ui/face"}},
     {"cli", {"ui/forms"}},
     {"tools/pictures"},
+    {"tools/databases", {"regedit"}},
     {"tools/screenshots", {"ui/qt"}},
 };
 

@@ -209,6 +209,11 @@ bool Program::Ended() const { return parts_->closed; }
 const std::vector<std::string>& Program::Languages() const { return parts_->language.DisplayNames; }
 const std::string& Program::MissingFile() const { return parts_->language.MissingFile; }
 
+regedit::Database Program::DatabaseOf(regedit::Category category) const {
+  return regedit::OpenDatabase(parts_->services.files, category, parts_->versions.state.DrvVer,
+                               regedit::kMostEditorEntries);
+}
+
 controls::Control* Program::Find(std::string_view id) const { return parts_->controls.Find(id); }
 
 int Program::PageOf(const controls::Control& control) const {

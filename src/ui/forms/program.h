@@ -11,6 +11,7 @@
 #include "controls/gate.h"
 #include "controls/timer.h"
 #include "platform/services.h"
+#include "regedit/database.h"
 #include "ui/forms/form.h"
 
 namespace kestrune::forms {
@@ -60,6 +61,8 @@ class Program {
   const std::vector<std::string>& Languages() const;
   /// The chosen language's file, as a path with slashes, where it can't be read; else empty.
   const std::string& MissingFile() const;
+  /// What the registry editor lists of a category for the driver.
+  regedit::Database DatabaseOf(regedit::Category category) const;
 
  private:
   struct Parts;
