@@ -31,6 +31,12 @@ inline constexpr int kDirectXVersion = 110;
 inline constexpr int kProgramVersion = 246;
 inline constexpr int kLastUpdate = 247;
 
+// What the registry editor says.
+inline constexpr int kRegistryEditor = 196;  ///< the database's name follows
+inline constexpr int kRegistryEditorEnd = 197;
+inline constexpr int kNoDescription = 205;
+inline constexpr int kNotSet = 206;
+
 // Choices, and the beginnings of captions that a number or a choice follows.
 inline constexpr int kLodBias = 118;
 inline constexpr int kTrilinearQuality = 123;

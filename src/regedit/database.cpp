@@ -17,12 +17,6 @@ constexpr std::string_view kFallBack = "0000";
 constexpr std::string_view kTerminator = "x";
 constexpr std::size_t kMostFiles = 65;
 
-std::string_view TagOf(Category category) {
-  return std::find_if(std::begin(kCategories), std::end(kCategories),
-                      [category](const CategoryRow& row) { return row.category == category; })
-      ->tag;
-}
-
 /// The release that a base name begins with; four digits alone are one.
 std::optional<int> ReleaseOf(std::string_view name) {
   const std::string_view digits = name.substr(0, kFallBack.size());
@@ -54,8 +48,13 @@ std::vector<std::int32_t> ReadValues(core::FieldReader& reader) {
 
 }  // namespace
 
+const CategoryRow& RowOf(Category category) {
+  return *std::find_if(std::begin(kCategories), std::end(kCategories),
+                       [category](const CategoryRow& row) { return row.category == category; });
+}
+
 std::string FindDatabaseFile(platform::FilesApi& files, Category category, int driver) {
-  const std::string_view tag = TagOf(category);
+  const std::string_view tag = RowOf(category).tag;
   int nearest = 0;
   for (const std::string& name : BaseNames(files, tag)) {
     const std::optional<int> release = ReleaseOf(name);

@@ -14,18 +14,24 @@ namespace kestrune::regedit {
 
 enum class Category { kDirect3D, kOpenGL, kSystem };
 
-/// A category, by the tag that ends its files' names and by the name that is the same in every
-/// language.
+/// Where the first four characters of a file's name are none of the value's.
+enum class Drops { kNever, kOnWindows9x, kAlways };
+
 struct CategoryRow {
   Category category;
-  std::string_view tag;
-  std::string_view name;
+  std::string_view tag;     ///< ends the names of its files
+  std::string_view name;    ///< in every language
+  std::string_view subkey;  ///< of the driver's key on Windows 9x; empty: the tweak key everywhere
+  Drops drops;
 };
 
 /// In the order of the editor's list.
-inline constexpr CategoryRow kCategories[] = {{Category::kDirect3D, "d3d", "Direct3D"},
-                                              {Category::kOpenGL, "ogl", "OpenGL"},
-                                              {Category::kSystem, "sys", "System / Control panel"}};
+inline constexpr CategoryRow kCategories[] = {
+    {Category::kDirect3D, "d3d", "Direct3D", "\\NVidia\\Direct3D", Drops::kAlways},
+    {Category::kOpenGL, "ogl", "OpenGL", "\\NVidia\\OpenGL", Drops::kOnWindows9x},
+    {Category::kSystem, "sys", "System / Control panel", "", Drops::kNever}};
+
+const CategoryRow& RowOf(Category category);
 
 inline constexpr std::size_t kMostValues = 9;
 inline constexpr std::size_t kMostEditorEntries = 201;

@@ -95,6 +95,7 @@ class Photographer {
     TakeHelp();
     TakeReason();
     TakeChange();
+    TakeRegistryEditor();
     return all_saved_;
   }
 
@@ -177,6 +178,17 @@ class Photographer {
     QCoreApplication::processEvents();
     Save(Together(Window(), *button->menu()), "menu");
     button->menu()->close();
+  }
+
+  void TakeRegistryEditor() {
+    controls::ToolKey& key = program_.Main().Get<controls::ToolKey>("main.regedit");
+    Act(key, [&key] { key.Click(); });
+    const forms::Form& form = program_.FormOf("registry-editor");
+    auto& values = form.Get<controls::ListBox>("registry-editor.values");
+    Act(values, [&values] { (void)values.Choose(1); });
+    QCoreApplication::processEvents();
+    Save(face_.ViewOf(form)->grab(), "registry-editor");
+    form.TheWindow().UseClose();
   }
 
   void TakeOverclocking() {

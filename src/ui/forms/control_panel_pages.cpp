@@ -40,8 +40,9 @@ constexpr ControlRow kSettingsRows[] = {
         .Tip(69)
         .Hidden()
         .Does(Action::Kind::kOpenControlPanelItem, "desk.cpl"),
-    Row(Kind::kLabel, "control-panel.settings.registry-editor-note", kSettings,
-        {150, 3840, 7260, 270}, 68),
+    Row(Kind::kLink, "control-panel.settings.registry-editor-note", kSettings,
+        {150, 3840, 7260, 270}, 68)
+        .Does(Action::Kind::kOpenWindow, "registry-editor"),
 };
 
 constexpr ControlRow kResolutionRows[] = {

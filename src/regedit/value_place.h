@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "detect/adapter.h"
+#include "detect/versions.h"
+#include "regedit/database.h"
+
+/// Where the values that a database names stand in the registry, below HKEY_LOCAL_MACHINE.
+namespace kestrune::regedit {
+
+struct ValuePlace {
+  std::string key;
+  std::string name;
+};
+
+/// The place of an entry's value on this system. Nothing for a name of which nothing is left when
+/// its file's own beginning is dropped.
+std::optional<ValuePlace> PlaceOf(Category category, std::string_view name,
+                                  const detect::VersionState& versions,
+                                  const detect::AdapterState& adapter);
+
+}  // namespace kestrune::regedit
