@@ -49,7 +49,8 @@ using Function =
 struct Command {
   std::string_view name;  ///< with its group: "registry read"
   std::string_view help;
-  std::string_view arguments;  ///< their names: "KEY [NAME] DATA..."; in brackets may be left out
+  /// Their names: "[--flag] KEY [NAME] DATA..."; what stands in brackets may be left out.
+  std::string_view arguments;
   Function function;
   /// The steps that it carries out: their ids are checked before anything is opened.
   platform::Result<std::vector<Step>> (*steps)(const Arguments& arguments) = nullptr;

@@ -175,11 +175,15 @@ void CommandLine::AddText(const std::string& name, std::string& text, const std:
       ->type_name(type);
 }
 
-/// An argument of a row, such as "[DATA...]".
+/// An argument of a row, such as "[DATA...]" or "[--flag]".
 void CommandLine::AddArgument(CLI::App& command, std::string_view argument) {
   constexpr std::string_view kMany = "...";
   const bool is_required = !argument.starts_with('[');
   if (!is_required) argument = argument.substr(1, argument.size() - 2);
+  if (argument.starts_with("--")) {
+    command.add_flag(std::string(argument), arguments_.flags[argument]);
+    return;
+  }
   const bool is_list = argument.ends_with(kMany);
   if (is_list) argument.remove_suffix(kMany.size());
   const auto take = [this, argument, is_list](const CLI::results_t& words) {

@@ -47,6 +47,8 @@ constexpr Command kCommands[] = {
      nullptr, true},
     {"registry delete", "Delete one value", "KEY NAME", DeleteRegistry},
     {"registry list", "Print the keys below a key and its values", "KEY", ListRegistry},
+    {"registry export", "Write a key with all below it as registry text", "[--regedit4] KEY [FILE]",
+     ExportRegistry},
     {"registry import", "Make the changes of a registry file", "FILE", ImportRegistry},
     {"database", "Print what the driver's database files say: file, then name, text and numbers",
      "[d3d|ogl|sys]", PrintDatabase, CheckTag},

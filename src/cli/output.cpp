@@ -5,6 +5,10 @@
 
 namespace kestrune::cli {
 
+void Output::Text(std::string_view text) {
+  if (!is_json_) out_ << text;
+}
+
 void Output::Line(std::string_view text) {
   if (!is_json_) out_ << text << '\n';
 }

@@ -15,6 +15,8 @@ class Output {
  public:
   Output(std::ostream& out, bool is_json) : out_(out), is_json_(is_json) {}
 
+  /// The text form, as it is.
+  void Text(std::string_view text);
   /// A line of the text form.
   void Line(std::string_view text);
 

@@ -1,11 +1,16 @@
 #include "cli/registry_commands.h"
 
+#include <filesystem>
+#include <fstream>
 #include <optional>
 
 #include "platform/open_key.h"
 #include "platform/plain_text.h"
 #include "platform/reg_file.h"
+#include "platform/reg_text.h"
+#include "platform/reg_writer.h"
 #include "platform/registry_limits.h"
+#include "platform/utf16.h"
 #include "platform/value_text.h"
 
 namespace kestrune::cli {
@@ -18,6 +23,8 @@ using platform::RegistryApi;
 using platform::RegStatus;
 using platform::RegType;
 using platform::StoredValue;
+
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 /// The name of the value that is meant.
 std::string NameOf(const Run& run) {
@@ -34,6 +41,14 @@ std::optional<KeyAddress> KeyOf(const Run& run) {
   return address;
 }
 
+/// The machine makes its description itself. False, after a sentence, for a key of it.
+bool MayChange(const Run& run, const KeyAddress& address) {
+  if (!platform::IsHardwareDescription(address.root, address.path)) return true;
+  run.streams.Complain(run.arguments.Word("KEY") +
+                       " describes the machine's hardware, which nobody changes.");
+  return false;
+}
+
 Json ValueJson(RegType type, std::span<const std::byte> data) {
   // A text has the escapes of JSON alone.
   const std::optional<std::string> text = platform::TextOf(type, data);
@@ -48,6 +63,43 @@ std::string LimitBroken(std::string_view path, std::string_view name, std::size_
     if (fault != nullptr) return std::string(": ") + fault;
   }
   return {};
+}
+
+bool Exists(RegistryApi& registry, const KeyAddress& address) {
+  OpenKey key(registry);
+  return key.Open(address.root, address.path) == RegStatus::kSuccess;
+}
+
+/// Writes a file that takes the place of the old one when it is whole.
+bool WriteWhole(const std::string& file, const std::string& bytes) {
+  std::error_code error;
+  // What is no ordinary file, such as a pipe, is written as it is.
+  const bool is_special =
+      std::filesystem::exists(file, error) && !std::filesystem::is_regular_file(file, error);
+  const std::string written = is_special ? file : file + ".kestrune-new";
+  std::ofstream stream(written, std::ios::binary);
+  stream << bytes;
+  stream.close();
+  if (!stream.fail() && !is_special) std::filesystem::rename(written, file, error);
+  const bool failed = stream.fail() || error;
+  if (failed && !is_special) std::filesystem::remove(written, error);
+  return !failed;
+}
+
+/// Puts exported text where it is asked for: on standard output, or into a file, where version 5 is
+/// UTF-16.
+Status PutExport(Run& run, platform::RegTextForm form, const std::string& text) {
+  const std::string& file = run.arguments.Word("FILE");
+  if (file.empty()) {
+    run.out.Text(text);
+    run.out.Document(text);
+    return Status::kDone;
+  }
+  const bool is_utf16 = form == platform::RegTextForm::kVersion5;
+  const std::string bytes = is_utf16 ? std::string(kUtf16Mark) + platform::ToUtf16(text) : text;
+  if (run.options.machine.dry_run || WriteWhole(file, bytes)) return Status::kDone;
+  run.streams.Complain(file + " can't be written.");
+  return Status::kImpossible;
 }
 
 }  // namespace
@@ -89,6 +141,7 @@ Status WriteRegistry(Run& run, Session& session) {
     run.streams.Complain("the data is no " + type_text + ".");
     return Status::kWrongUsage;
   }
+  if (!MayChange(run, *address)) return Status::kImpossible;
   RegistryApi& registry = session.Registry();
   OpenKey opened(registry);
   if (opened.Create(address->root, address->path) != RegStatus::kSuccess ||
@@ -106,6 +159,7 @@ Status WriteRegistry(Run& run, Session& session) {
 Status DeleteRegistry(Run& run, Session& session) {
   const std::optional<KeyAddress> address = KeyOf(run);
   if (!address) return Status::kWrongUsage;
+  if (!MayChange(run, *address)) return Status::kImpossible;
   RegistryApi& registry = session.Registry();
   OpenKey opened(registry);
   if (opened.Open(address->root, address->path) != RegStatus::kSuccess) return Status::kNo;
@@ -141,6 +195,20 @@ Status ListRegistry(Run& run, Session& session) {
   return Status::kDone;
 }
 
+Status ExportRegistry(Run& run, Session& session) {
+  const std::optional<KeyAddress> address = KeyOf(run);
+  if (!address) return Status::kWrongUsage;
+  RegistryApi& registry = session.Registry();
+  if (!Exists(registry, *address)) return Status::kNo;
+  const auto form = run.arguments.Flag("--regedit4") ? platform::RegTextForm::kVersion4
+                                                     : platform::RegTextForm::kVersion5;
+  const auto text =
+      platform::WriteRegText(registry, address->root, address->path, form, session.Files());
+  if (text) return PutExport(run, form, text.Value());
+  run.streams.Complain(text.Reason());
+  return Status::kImpossible;
+}
+
 Status ImportRegistry(Run& run, Session& session) {
   const std::string& file = run.arguments.Word("FILE");
   const auto bytes = session.Files().ReadAnyFile(file);
@@ -150,7 +218,12 @@ Status ImportRegistry(Run& run, Session& session) {
   }
   const auto applied =
       platform::ImportRegFile(bytes.Value(), file, session.Files(), session.Registry());
-  if (applied) return Status::kDone;
+  if (applied) {
+    const auto [keys, values] = applied.Value();
+    run.out.Document({{"keys", keys}, {"values", values}});
+    run.out.Line(std::to_string(keys) + " keys, " + std::to_string(values) + " values");
+    return Status::kDone;
+  }
   // What the machine remembers is told at the end.
   if (!session.HasFailed()) run.streams.Complain(applied.Reason());
   return Status::kImpossible;

@@ -11,7 +11,9 @@ Status WriteRegistry(Run& run, Session& session);
 Status DeleteRegistry(Run& run, Session& session);
 /// Prints the keys below a key, then its values.
 Status ListRegistry(Run& run, Session& session);
-/// Makes all changes of a registry file, or none.
+/// Writes a key and all below it as registry text.
+Status ExportRegistry(Run& run, Session& session);
+/// Makes all changes of a registry file, or none, and counts its lines.
 Status ImportRegistry(Run& run, Session& session);
 
 }  // namespace kestrune::cli

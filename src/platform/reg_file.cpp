@@ -10,15 +10,18 @@
 #include "platform/dword.h"
 #include "platform/key_address.h"
 #include "platform/open_key.h"
+#include "platform/reg_text.h"
 #include "platform/registry_limits.h"
+#include "platform/utf16.h"
 #include "platform/utf8.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
 namespace {
 
-constexpr std::string_view kVersion4 = "REGEDIT4";
-constexpr std::string_view kVersion5 = "Windows Registry Editor Version 5.00";
+constexpr const char* kBeforeFirstKey = "a value stands before the first key";
+constexpr const char* kBehindDeletedKey = "a value stands behind a key that is deleted";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 constexpr std::string_view kBlanks = " \t";
 
 std::string_view TrimStart(std::string_view text) {
@@ -51,28 +54,6 @@ bool TakeHex(std::string_view& text, std::size_t most_digits, std::uint32_t& num
   return true;
 }
 
-/// An odd byte at the end, and half a pair of surrogates, stay as they are.
-std::string FromUtf16(std::string_view bytes) {
-  std::string text;
-  const auto unit = [bytes](std::size_t at) {
-    return static_cast<char32_t>(static_cast<unsigned char>(bytes[at]) |
-                                 static_cast<unsigned char>(bytes[at + 1]) << 8);
-  };
-  std::size_t at = 0;
-  for (; at + 1 < bytes.size(); at += 2) {
-    const char32_t first = unit(at);
-    const bool is_high = first >= 0xD800 && first < 0xDC00 && at + 3 < bytes.size();
-    const char32_t second = is_high ? unit(at + 2) : 0;
-    if (second >= 0xDC00 && second < 0xE000) {
-      AppendCharacter(text, 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00));
-      at += 2;
-    } else {
-      AppendCharacter(text, first);
-    }
-  }
-  return text.append(bytes.substr(at));
-}
-
 bool IsUtf8(std::string_view text) {
   const auto is_ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   if (std::all_of(text.begin(), text.end(), is_ascii)) return true;
@@ -94,7 +75,7 @@ std::vector<std::byte> ToBytes(std::string_view text) {
   return {bytes, bytes + text.size()};
 }
 
-std::string_view TakeLine(std::string_view& text) {
+std::string_view TakeLineOf(std::string_view& text) {
   const std::size_t end = text.find('\n');
   std::string_view line = text.substr(0, end);
   text.remove_prefix(end == text.npos ? text.size() : end + 1);
@@ -102,22 +83,9 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-/// Takes a text in quotes, which `line` begins with.
-Result<void> TakeQuoted(std::string_view& line, std::string& text) {
-  for (std::size_t at = 1; at < line.size(); ++at) {
-    if (line[at] == '"') {
-      line.remove_prefix(at + 1);
-      return {};
-    }
-    if (line[at] == '\\') {
-      ++at;
-      if (at == line.size() || (line[at] != '\\' && line[at] != '"')) {
-        return Fail("\"\\\" is followed by neither \"\\\" nor a quote");
-      }
-    }
-    text.push_back(line[at]);
-  }
-  return Fail("the closing quote is missing");
+/// Whether text without a mark is UTF-16: its first character is one byte and a NUL.
+bool LooksLikeUtf16(std::string_view bytes) {
+  return bytes.size() >= 2 && bytes[0] != '\0' && bytes[1] == '\0';
 }
 
 Result<void> ExpectEnd(std::string_view rest) {
@@ -127,7 +95,8 @@ Result<void> ExpectEnd(std::string_view rest) {
 
 }  // namespace
 
-RegFileReader::RegFileReader(std::string_view bytes, FilesApi& files) : files_(files) {
+RegFileReader::RegFileReader(std::string_view bytes, FilesApi& files)
+    : files_(files), no_key_(kBeforeFirstKey) {
   if (const auto header = ReadHeader(bytes); !header) {
     fault_ = RegFileFault{line_number_, header.Reason()};
   }
@@ -135,46 +104,88 @@ RegFileReader::RegFileReader(std::string_view bytes, FilesApi& files) : files_(f
 
 const RegFileChange* RegFileReader::Next() {
   while (!fault_ && !rest_.empty()) {
-    const std::string_view line = NextLine();
-    if (IsBlankOrComment(line)) continue;
-    const auto read = ReadLine(Trim(line));
+    first_line_ = 0;
+    std::string_view ahead = rest_;
+    if (IsBlankOrComment(TakeLineOf(ahead))) {
+      TakeLine();
+      continue;
+    }
+    const auto read = ReadLine();
     if (read) return &change_;
-    fault_ = RegFileFault{line_number_, read.Reason()};
+    fault_ = RegFileFault{first_line_ > 0 ? first_line_ : line_number_, read.Reason()};
   }
   return nullptr;
 }
 
 Result<void> RegFileReader::ReadHeader(std::string_view bytes) {
-  if (bytes.starts_with("\xFF\xFE")) {
-    text_ = FromUtf16(bytes.substr(2));
+  const bool has_utf16_mark = bytes.starts_with(kUtf16Mark);
+  if (has_utf16_mark || LooksLikeUtf16(bytes)) {
+    text_ = FromUtf16(bytes.substr(has_utf16_mark ? kUtf16Mark.size() : 0));
     encoding_ = Encoding::kUtf16;
     rest_ = text_;
   } else {
     has_mark_ = bytes.starts_with("\xEF\xBB\xBF");
     if (has_mark_) bytes.remove_prefix(3);
     std::string_view rest = bytes;
-    const bool is_utf8 = has_mark_ || Trim(TakeLine(rest)) == kVersion5;
+    const bool is_utf8 = has_mark_ || Trim(TakeLineOf(rest)) == kRegVersion5;
     if (is_utf8) encoding_ = Encoding::kUtf8;
     if (!is_utf8) text_ = files_.DecodeText(bytes, 0);
     rest_ = is_utf8 ? bytes : text_;
   }
-  const std::string_view header = Trim(NextLine());
-  is_version5_ = header == kVersion5;
-  if (is_version5_ || header == kVersion4) return {};
+  const std::string_view header = Trim(TakeLine());
+  is_version5_ = header == kRegVersion5;
+  if (is_version5_ || header == kRegVersion4) return {};
   return Fail("the first line is that of no registry file");
 }
 
-std::string_view RegFileReader::NextLine() {
+std::string_view RegFileReader::TakeLine() {
   ++line_number_;
-  return TakeLine(rest_);
+  return TakeLineOf(rest_);
 }
 
-Result<void> RegFileReader::ReadLine(std::string_view line) {
-  if (encoding_ == Encoding::kUtf8 && !IsUtf8(line)) {
-    if (has_mark_) return Fail("this isn't valid UTF-8");
-    line_ = FromLatin1(line);
-    line = line_;
+/// The next line in UTF-8, good until the one after it.
+Result<std::string_view> RegFileReader::NextLine() {
+  const std::string_view line = TakeLine();
+  if (encoding_ != Encoding::kUtf8 || IsUtf8(line)) return line;
+  if (has_mark_) return Fail("this isn't valid UTF-8");
+  line_ = FromLatin1(line);
+  return std::string_view(line_);
+}
+
+/// Takes a text in quotes, which `line` begins with; behind it is what is left of its last line.
+Result<void> RegFileReader::TakeQuoted(std::string_view& line, std::string& text) {
+  text.clear();
+  line.remove_prefix(1);
+  while (true) {
+    const std::size_t end = std::min(line.find_first_of("\"\\"), line.size());
+    text.append(line.substr(0, end));
+    line.remove_prefix(end);
+    if (line.starts_with('"')) {
+      line.remove_prefix(1);
+      return {};
+    }
+    if (line.empty()) {
+      if (first_line_ == 0) first_line_ = line_number_;
+      if (rest_.empty()) return Fail("the closing quote is missing");
+      text.append(rest_.data()[-2] == '\r' ? "\r\n" : "\n");
+      const auto next = NextLine();
+      if (!next) return Fail(next.Reason());
+      line = next.Value();
+      continue;
+    }
+    const std::string_view escaped = line.substr(1, 1);
+    if (escaped != "\\" && escaped != "\"") {
+      return Fail("\"\\\" is followed by neither \"\\\" nor a quote");
+    }
+    text.append(escaped);
+    line.remove_prefix(2);
   }
+}
+
+Result<void> RegFileReader::ReadLine() {
+  const auto next = NextLine();
+  if (!next) return Fail(next.Reason());
+  const std::string_view line = TrimStart(next.Value());
   return line.front() == '[' ? ReadKey(line) : ReadValue(line);
 }
 
@@ -182,7 +193,8 @@ Result<void> RegFileReader::ReadKey(std::string_view line) {
   std::size_t end = line.rfind(']');
   if (end == line.npos || !IsBlankOrComment(line.substr(end + 1))) return Fail("\"]\" is missing");
   line = line.substr(1, end - 1);
-  if (line.starts_with('-')) return Fail("keys can't be deleted");
+  const bool is_deleted = line.starts_with('-');
+  if (is_deleted) line.remove_prefix(1);
   const std::size_t root_end = std::min(line.find('\\'), line.size());
   const std::optional<RegRoot> root = RootNamed(line.substr(0, root_end));
   if (!root) return Fail(std::string(line.substr(0, root_end)) + " is no root");
@@ -192,15 +204,16 @@ Result<void> RegFileReader::ReadKey(std::string_view line) {
     return Fail("a part of the key's path is empty");
   }
   if (const char* fault = KeyFault(line)) return Fail(fault);
-  change_.kind = RegFileChange::Kind::kCreateKey;
+  if (is_deleted && line.empty()) return Fail("a root can't be deleted");
+  change_.kind = is_deleted ? RegFileChange::Kind::kDeleteKey : RegFileChange::Kind::kCreateKey;
   change_.root = *root;
   change_.key = line;
-  has_key_ = true;
+  no_key_ = is_deleted ? kBehindDeletedKey : nullptr;
   return {};
 }
 
 Result<void> RegFileReader::ReadValue(std::string_view line) {
-  if (!has_key_) return Fail("a value stands before the first key");
+  if (no_key_ != nullptr) return Fail(no_key_);
   change_.kind = RegFileChange::Kind::kSetValue;
   change_.name.clear();
   if (line.front() == '@') {
@@ -256,7 +269,7 @@ Result<void> RegFileReader::ReadHex(std::string_view data) {
   std::string bytes;
   if (auto read = ReadHexBytes(data, bytes); !read) return read;
   change_.type = static_cast<RegType>(type);
-  if (change_.type == RegType::kSz) {
+  if (IsText(change_.type)) {
     if (is_version5_ && bytes.size() % 2 != 0) return Fail("half a character ends the text");
     bytes = is_version5_ ? FromUtf16(bytes) : files_.DecodeText(bytes, 0);
   }
@@ -270,7 +283,7 @@ Result<void> RegFileReader::ReadHexBytes(std::string_view data, std::string& byt
     if (data.front() == '\\') {
       if (!IsBlankOrComment(data.substr(1))) return Fail("something follows the \"\\\"");
       if (rest_.empty()) return Fail("the line that \"\\\" announces is missing");
-      data = NextLine();
+      data = TakeLine();
       continue;
     }
     std::uint32_t byte = 0;
@@ -285,38 +298,78 @@ Result<void> RegFileReader::ReadHexBytes(std::string_view data, std::string& byt
 
 namespace {
 
+RegStatus PassOver(RegStatus status) {
+  return status == RegStatus::kNotFound ? RegStatus::kSuccess : status;
+}
+
+/// Deletes what may be deleted of the key above the hardware's description.
+RegStatus DeleteAround(RegistryApi& registry, RegRoot root, const std::string& path) {
+  OpenKey key(registry);
+  std::vector<StoredValue> values;
+  std::vector<std::string> below;
+  RegStatus status = key.Open(root, path);
+  if (status == RegStatus::kSuccess) status = registry.ListValues(key.Handle(), values);
+  if (status == RegStatus::kSuccess) status = registry.ListKeys(key.Handle(), below);
+  for (const StoredValue& value : values) {
+    if (status != RegStatus::kSuccess) break;
+    status = registry.DeleteValue(key.Handle(), value.name);
+  }
+  for (const std::string& name : below) {
+    if (status != RegStatus::kSuccess) break;
+    const std::string each = path + "\\" + name;
+    if (!IsHardwareDescription(root, each)) status = registry.DeleteKey(root, each);
+  }
+  return PassOver(status);
+}
+
+RegStatus DeleteKey(RegistryApi& registry, RegRoot root, const std::string& path) {
+  if (root == RegRoot::kLocalMachine && SameWithoutCase(path, "HARDWARE")) {
+    return DeleteAround(registry, root, path);
+  }
+  return PassOver(registry.DeleteKey(root, path));
+}
+
 RegStatus Apply(const RegFileChange& change, RegistryApi& registry, OpenKey& key) {
   switch (change.kind) {
     case RegFileChange::Kind::kCreateKey:
       return key.Create(change.root, change.key);
+    case RegFileChange::Kind::kDeleteKey:
+      return DeleteKey(registry, change.root, change.key);
     case RegFileChange::Kind::kSetValue:
       return registry.SetValue(key.Handle(), change.name, change.type, change.data);
     case RegFileChange::Kind::kDeleteValue:
       break;
   }
-  const RegStatus status = registry.DeleteValue(key.Handle(), change.name);
-  return status == RegStatus::kNotFound ? RegStatus::kSuccess : status;
+  return PassOver(registry.DeleteValue(key.Handle(), change.name));
+}
+
+bool IsKeyLine(const RegFileChange& change) {
+  return change.kind == RegFileChange::Kind::kCreateKey ||
+         change.kind == RegFileChange::Kind::kDeleteKey;
 }
 
 }  // namespace
 
-Result<void> ImportRegFile(std::string_view bytes, const std::string& file, FilesApi& files,
-                           RegistryApi& registry) {
+Result<ImportedLines> ImportRegFile(std::string_view bytes, const std::string& file,
+                                    FilesApi& files, RegistryApi& registry) {
   if (bytes.empty()) return Fail(file + " is empty.");
   RegFileReader reader(bytes, files);
   ChangeScope import(registry);
   if (import.Status() != RegStatus::kSuccess) return Fail("The registry can't be written.");
   OpenKey key(registry);
+  ImportedLines done;
   while (const RegFileChange* change = reader.Next()) {
+    if (IsHardwareDescription(change->root, change->key)) continue;
     if (Apply(*change, registry, key) != RegStatus::kSuccess) {
       return Fail(KeyText(change->root, change->key) + " can't be written.");
     }
+    ++(IsKeyLine(*change) ? done.keys : done.values);
   }
   if (const auto& fault = reader.Fault()) {
     return Fail(file + ":" + std::to_string(fault->line) + ": " + fault->reason);
   }
   if (import.Commit() != RegStatus::kSuccess) return Fail("The registry can't be written.");
-  return {};
+  return done;
 }
 
 }  // namespace kestrune::platform

@@ -352,7 +352,7 @@ TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {
       "good.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:0000000a\n");
   const std::string bad = folder.Write(
       "bad.reg", "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=dword:00000001\nnonsense\n");
-  EXPECT_EQ(Out({"registry", "import", good}), "");
+  EXPECT_EQ(Out({"registry", "import", good}), "1 keys, 1 values\n");
   const Outcome outcome = Run({"registry", "import", bad});
   EXPECT_EQ(outcome.status, 3);
   EXPECT_NE(outcome.err.find("bad.reg:5:"), std::string::npos) << outcome.err;
@@ -361,17 +361,72 @@ TEST_F(CommandLineTest, AnImportIsWholeOrNotAtAll) {
 }
 
 TEST_F(CommandLineTest, AnImportIsTracedWhenItIsKeptAndFailsInOneSentence) {
-  const std::string denied =
-      folder.Write("denied.reg",
-                   "REGEDIT4\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=\"1\"\n"
-                   "[HKEY_LOCAL_MACHINE\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0]\n"
-                   "\"a\"=\"1\"\n");
-  const Outcome outcome = Run({"--trace", "registry", "import", denied});
+  const std::string text = "REGEDIT4\n[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=\"1\"\n";
+  const std::string cut = folder.Write("cut.reg", text + "@=\"");
+  const Outcome outcome = Run({"--trace", "registry", "import", cut});
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.err,
-            "kestrunectl: HKLM\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0 can't be "
-            "written.\n");
+  EXPECT_EQ(outcome.err, "kestrunectl: " + cut + ":4: the closing quote is missing\n");
   EXPECT_EQ(Run({"registry", "list", R"(HKCU\Software\T)"}).status, 1);
+  const Outcome kept = Run({"--trace", "registry", "import", folder.Write("kept.reg", text)});
+  EXPECT_EQ(kept.err, "write\tHKCU\\Software\\T\ta\tREG_SZ 1\n");
+}
+
+TEST_F(CommandLineTest, ADeletedKeyIsTracedValueByValue) {
+  const std::string key = "[HKEY_CURRENT_USER\\Software\\T";
+  const std::string made = folder.Write(
+      "made.reg", "REGEDIT4\n" + key + "\\b]\n\"z\"=\"\"\n@=\"\"\n" + key + "]\n\"a\"=\"\"\n");
+  EXPECT_EQ(Out({"registry", "import", made}), "2 keys, 3 values\n");
+  const std::string deleted = folder.Write("deleted.reg", "REGEDIT4\n[-" + key.substr(1) + "]\n");
+  const Outcome outcome = Run({"--trace", "registry", "import", deleted});
+  EXPECT_EQ(outcome.out, "1 keys, 0 values\n");
+  EXPECT_EQ(outcome.err,
+            "delete\tHKCU\\Software\\T\ta\ndelete\tHKCU\\Software\\T\\b\t@\n"
+            "delete\tHKCU\\Software\\T\\b\tz\n");
+  EXPECT_EQ(Run({"registry", "list", R"(HKCU\Software\T)"}).status, 1);
+}
+
+TEST_F(CommandLineTest, WhatDescribesTheHardwareIsNeverChanged) {
+  const std::string key = R"(HKLM\HARDWARE\DESCRIPTION\System\CentralProcessor\0)";
+  ExpectRefused(3, "describes the machine's hardware",
+                {"registry", "write", key, "a", "REG_SZ", "b"});
+  ExpectRefused(3, "describes the machine's hardware",
+                {"registry", "write", R"(HKLM\hardware\description\x)", "a", "REG_SZ", "b"});
+  ExpectRefused(3, "describes the machine's hardware", {"registry", "delete", key, "~MHz"});
+  const std::string file =
+      folder.Write("a.reg", "REGEDIT4\n[HKEY_LOCAL_MACHINE" + key.substr(4) +
+                                "]\n\"~MHz\"=-\n\"a\"=\"b\"\n"
+                                "[HKEY_CURRENT_USER\\Software\\T]\n\"a\"=\"1\"\n");
+  const std::string before = Out({"registry", "list", key});
+  EXPECT_EQ(Out({"--json", "registry", "import", file}), "{\n  \"keys\": 1,\n  \"values\": 1\n}\n");
+  EXPECT_EQ(Out({"registry", "list", key}), before);
+  EXPECT_EQ(Out({"registry", "export", "--regedit4", key}), "REGEDIT4\r\n\r\n");
+}
+
+TEST_F(CommandLineTest, AnExportReadsBackWhereverItIsPut) {
+  const std::string key = R"(HKCU\Software\T)";
+  Out({"registry", "write", key, "\u00E4", "REG_SZ", "\u20AC"});
+  Out({"registry", "write", key + "\\b", "@", "TYPE_7", "61 00 00"});
+  const std::string text =
+      "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\T]\r\n"
+      "\"\u00E4\"=\"\u20AC\"\r\n\r\n[HKEY_CURRENT_USER\\Software\\T\\b]\r\n"
+      "@=hex(7):61,00,00,00,00,00\r\n\r\n";
+  EXPECT_EQ(Out({"registry", "export", key}), text);
+  const std::string wide = folder / "wide.reg";
+  const std::string narrow = folder / "narrow.reg";
+  EXPECT_EQ(Out({"registry", "export", key, wide}), "");
+  EXPECT_EQ(Out({"registry", "export", key, "--regedit4", narrow}), "");
+  EXPECT_TRUE(platform::ReadAll(wide).starts_with(std::string_view("\xFF\xFEW\0i\0", 6)));
+  EXPECT_NE(platform::ReadAll(narrow).find("\"\xE4\"=\"\x80\"\r\n"), std::string::npos);
+  const std::string erase = folder.Write("x.reg", "REGEDIT4\n[-HKEY_CURRENT_USER\\Software\\T]\n");
+  for (const std::string& file : {wide, narrow, folder.Write("utf8.reg", text)}) {
+    Out({"registry", "import", erase});
+    EXPECT_EQ(Out({"registry", "import", file}), "2 keys, 2 values\n");
+    EXPECT_EQ(Out({"registry", "export", key}), text);
+  }
+  EXPECT_EQ(Run({"registry", "export", R"(HKCU\Software\None)", wide}).status, 1);
+  ExpectRefused(3, "can't be written", {"registry", "export", key, folder / "none/a.reg"});
+  EXPECT_EQ(Out({"--dry-run", "registry", "export", key, folder / "dry.reg"}), "");
+  EXPECT_FALSE(std::filesystem::exists(folder / "dry.reg"));
 }
 
 TEST_F(CommandLineTest, TheProcessorsAreListedWithTheLevelsAboveThem) {

@@ -79,7 +79,8 @@ TEST(HardwareKeysTest, ProcessorsCanBeReadAndNotWritten) {
            Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0\\x", RegStatus::kNotFound,
                 RegStatus::kAccessDenied},
            Case{"HARDWARE\\DESCRIPTION\\System\\CentralProcessors", RegStatus::kNotFound,
-                RegStatus::kSuccess},
+                RegStatus::kAccessDenied},
+           Case{"HARDWARE\\DESCRIPTIONS", RegStatus::kNotFound, RegStatus::kSuccess},
            Case{"HARDWARE2", RegStatus::kNotFound, RegStatus::kSuccess},
        }) {
     RegHandle key = 0;
@@ -107,6 +108,14 @@ TEST(HardwareKeysTest, ProcessorsCanBeReadAndNotWritten) {
   EXPECT_EQ(registry.DeleteKey(kMachine, processors + "\\0"), RegStatus::kAccessDenied);
   EXPECT_EQ(registry.DeleteKey(kMachine, processors + "\\2"), RegStatus::kNotFound);
   EXPECT_EQ(registry.DeleteKey(kMachine, "Hardware"), RegStatus::kAccessDenied);
+  RegHandle description = 0;
+  ASSERT_EQ(behind.CreateKey(kMachine, "HARDWARE\\DESCRIPTION\\System", description),
+            RegStatus::kSuccess);
+  ASSERT_EQ(registry.OpenKey(kMachine, "HARDWARE\\DESCRIPTION\\System", description),
+            RegStatus::kSuccess);
+  EXPECT_EQ(registry.SetValue(description, "x", RegType::kSz, {}), RegStatus::kAccessDenied);
+  EXPECT_EQ(registry.DeleteKey(kMachine, "HARDWARE\\DESCRIPTION\\System"),
+            RegStatus::kAccessDenied);
   EXPECT_EQ(behind.OpenKey(kMachine, processors, key), RegStatus::kNotFound);
 }
 

@@ -16,9 +16,10 @@ std::string Told(std::string_view bytes, int code_page = 1252) {
   std::string told;
   while (const RegFileChange* step = reader.Next()) {
     const RegFileChange& change = *step;
-    if (change.kind == RegFileChange::Kind::kCreateKey) {
+    const bool is_deleted = change.kind == RegFileChange::Kind::kDeleteKey;
+    if (is_deleted || change.kind == RegFileChange::Kind::kCreateKey) {
       const char root = "CUM"[static_cast<std::uint32_t>(change.root) & 3];
-      told += std::string("+") + root + ":" + change.key;
+      told += std::string(is_deleted ? "-" : "+") + root + ":" + change.key;
     } else if (change.kind == RegFileChange::Kind::kDeleteValue) {
       told += "-" + change.name;
     } else {
@@ -62,7 +63,12 @@ TEST(RegFileTest, EveryFormOfDataIsTaken) {
            Case{"\"n\"=hex:10,00, 10,5", "n:3=10001005\n"},
            Case{"\"n\"=hex:", "n:3=\n"},
            Case{"\"n\"=hex:01,\\\r\n  02,03,\\\r\n04 ; comment", "n:3=01020304\n"},
-           Case{"\"n\"=hex(2):25,00", "n:2=2500\n"},
+           Case{"\"n\"=hex(0):25,00", "n:0=2500\n"},
+           Case{"\"n\"=hex(1):\n\"m\"=hex(7):", "n:1=\nm:7=\n"},
+           Case{"\"two\nlines\"=\"and\r\n two \n\" ; x\n@=-",
+                "two\nlines:1=616e640d0a2074776f200a00\n-\n"},
+           Case{"[-HKEY_LOCAL_MACHINE\\K\\L] ; x\n[HKEY_LOCAL_MACHINE\\A]\n@=-",
+                "-M:K\\L\n+M:A\n-\n"},
            Case{"\"n\"=hex(b):01\r\n@=-\r\n\"x\"=-", "n:11=01\n-\n-x\n"},
            Case{"\"a;b]=\"=\"[;\"", "a;b]=:1=5b3b00\n"},
        }) {
@@ -100,7 +106,10 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
            Case{"\nREGEDIT4", "1: the first line is that of no registry file"},
            Case{"REGEDIT5\n", "1: the first line is that of no registry file"},
            Case{"REGEDIT4\n@=-", "2: a value stands before the first key"},
-           Case{"REGEDIT4\n[-HKEY_CURRENT_USER\\K]", "2: keys can't be deleted"},
+           Case{"REGEDIT4\n[-HKEY_CURRENT_USER]", "2: a root can't be deleted"},
+           Case{"REGEDIT4\n[-HKEY_USERS\\K]", "2: HKEY_USERS is no root"},
+           Case{"REGEDIT4\n[HKEY_CURRENT_USER\\K]\n[-HKEY_CURRENT_USER\\L]\n\"a\"=\"b\"",
+                "4: a value stands behind a key that is deleted"},
            Case{"REGEDIT4\n[HKEY_CURRENT_USER\\K", "2: \"]\" is missing"},
            Case{"REGEDIT4\n[HKEY_USERS\\K]", "2: HKEY_USERS is no root"},
            Case{"REGEDIT4\n[HKEY_CURRENT_USER\\\\K]", "2: a part of the key's path is empty"},
@@ -112,6 +121,10 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
            Case{"word", "4: this is neither a key nor a value"},
            Case{"\"n\"", "4: \"=\" is missing after the value's name"},
            Case{"\"n=1", "4: the closing quote is missing"},
+           Case{"\"n=1\n\n\"m\"=dword:2", "4: \"=\" is missing after the value's name"},
+           Case{"@=\"n\n\"m\"=\"o\"", "4: something follows the data"},
+           Case{"@=hex(2):01", "4: half a character ends the text"},
+           Case{"@=hex(7):01,00,02", "4: half a character ends the text"},
            Case{"@=\"C:\\dir\"", "4: \"\\\" is followed by neither \"\\\" nor a quote"},
            Case{"@=\"a\" b", "4: something follows the data"},
            Case{"@=text", "4: the data is of no known form"},
@@ -167,6 +180,25 @@ TEST(RegFileTest, TheRegistrysLimitsAreFaultsOfTheirLine) {
     const std::string told = Told("Windows Registry Editor Version 5.00" + c.lines);
     EXPECT_EQ(told.starts_with('+') ? "" : told, c.fault);
   }
+}
+
+TEST(RegFileTest, TextGivenAsBytesIsThatOfTheForm) {
+  for (const char* type : {"1", "2", "7"}) {
+    const std::string lines = std::string("[HKEY_CURRENT_USER\\K]\n\"t\"=hex(") + type + "):e4,00";
+    EXPECT_EQ(Told("REGEDIT4\n" + lines), "+U:K\nt:" + std::string(type) + "=c3a400\n");
+    EXPECT_EQ(Told(kV5 + lines + ",00,00"), "+U:K\nt:" + std::string(type) + "=c3a400\n");
+  }
+  const std::string marked = Utf16(u"REGEDIT4\n[HKEY_CURRENT_USER\\\u00C4]");
+  EXPECT_EQ(Told(marked), "+U:\u00C4\n");
+  EXPECT_EQ(Told(marked.substr(2)), "+U:\u00C4\n");
+}
+
+TEST(RegFileTest, AFaultDeepInALongFileIsToldWithItsLine) {
+  std::string text = "REGEDIT4\n[HKEY_CURRENT_USER\\K]\n";
+  for (int line = 3; line <= 60000; ++line) {
+    text += "\"v" + std::to_string(line) + (line == 30000 ? "=dword:1\n" : "\"=dword:1\n");
+  }
+  EXPECT_TRUE(Told(text).starts_with("30000: ")) << Told(text).substr(0, 100);
 }
 
 }  // namespace

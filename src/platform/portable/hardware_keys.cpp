@@ -4,6 +4,7 @@
 
 #include "platform/case_fold.h"
 #include "platform/dword.h"
+#include "platform/reg_text.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform::portable {
@@ -47,13 +48,9 @@ RegStatus HardwareKeys::OpenKey(RegRoot root, std::string_view path, RegHandle& 
 }
 
 RegStatus HardwareKeys::CreateKey(RegRoot root, std::string_view path, RegHandle& key) {
-  const Place place = PlaceOf(root, path);
-  if (place == Place::kNowhere) return RegStatus::kAccessDenied;
-  if (place == Place::kElsewhere || place == Place::kAbove) {
-    return RegistryWrapper::CreateKey(root, path, key);
-  }
-  key = Keep(root, path, 0);
-  return RegStatus::kSuccess;
+  if (!IsHardwareDescription(root, path)) return RegistryWrapper::CreateKey(root, path, key);
+  const RegStatus status = OpenKey(root, path, key);
+  return status == RegStatus::kNotFound ? RegStatus::kAccessDenied : status;
 }
 
 RegStatus HardwareKeys::QueryValue(RegHandle key, std::string_view name, RegType& type,
@@ -73,26 +70,26 @@ RegStatus HardwareKeys::QueryValue(RegHandle key, std::string_view name, RegType
 
 RegStatus HardwareKeys::SetValue(RegHandle key, std::string_view name, RegType type,
                                  std::span<const std::byte> data) {
-  if (IsOwn(key)) return RegStatus::kAccessDenied;
+  if (IsHeld(key)) return RegStatus::kAccessDenied;
   return RegistryWrapper::SetValue(key, name, type, data);
 }
 
 RegStatus HardwareKeys::DeleteValue(RegHandle key, std::string_view name) {
-  return IsOwn(key) ? RegStatus::kAccessDenied : RegistryWrapper::DeleteValue(key, name);
+  return IsHeld(key) ? RegStatus::kAccessDenied : RegistryWrapper::DeleteValue(key, name);
 }
 
 RegStatus HardwareKeys::SetDefaultValue(RegRoot root, std::string_view path,
                                         std::string_view text) {
-  const Place place = PlaceOf(root, path);
-  if (place != Place::kElsewhere && place != Place::kAbove) return RegStatus::kAccessDenied;
+  if (IsHardwareDescription(root, path)) return RegStatus::kAccessDenied;
   return RegistryWrapper::SetDefaultValue(root, path, text);
 }
 
 RegStatus HardwareKeys::DeleteKey(RegRoot root, std::string_view path) {
   const Place place = PlaceOf(root, path);
   if (place == Place::kNowhere) return RegStatus::kNotFound;
-  return place == Place::kElsewhere ? RegistryWrapper::DeleteKey(root, path)
-                                    : RegStatus::kAccessDenied;
+  return place == Place::kElsewhere && !IsHardwareDescription(root, path)
+             ? RegistryWrapper::DeleteKey(root, path)
+             : RegStatus::kAccessDenied;
 }
 
 RegStatus HardwareKeys::ListKeys(RegHandle key, std::vector<std::string>& names) {
@@ -125,6 +122,12 @@ RegStatus HardwareKeys::ListValues(RegHandle key, std::vector<StoredValue>& valu
 bool HardwareKeys::IsOwn(RegHandle key) {
   const OpenedKey* opened = Opened(key);
   return opened != nullptr && opened->inner == 0;
+}
+
+bool HardwareKeys::IsHeld(RegHandle key) {
+  const OpenedKey* opened = Opened(key);
+  return IsOwn(key) ||
+         (opened != nullptr && IsHardwareDescription(opened->address.root, opened->address.path));
 }
 
 std::vector<StoredValue> HardwareKeys::OwnValues(RegHandle key) {

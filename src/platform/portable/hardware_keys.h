@@ -13,7 +13,8 @@ namespace kestrune::platform::portable {
 
 /// A registry in which the machine's processors stand under
 /// HKEY_LOCAL_MACHINE\HARDWARE\DESCRIPTION\System\CentralProcessor, as the system puts them there
-/// at its start. They can be read and listed, and never written or deleted (kAccessDenied).
+/// at its start. They can be read and listed. Nothing from DESCRIPTION on is ever written or
+/// deleted (kAccessDenied).
 class HardwareKeys : public RegistryWrapper {
  public:
   /// `processor` is asked when a key of the processors is first opened or listed.
@@ -36,7 +37,10 @@ class HardwareKeys : public RegistryWrapper {
   enum class Place { kElsewhere, kAbove, kProcessors, kProcessor, kNowhere };
 
   Place PlaceOf(RegRoot root, std::string_view path);
+  /// Whether it is a key that no registry behind needs to have.
   bool IsOwn(RegHandle key);
+  /// Whether nothing in it is changed.
+  bool IsHeld(RegHandle key);
   std::vector<StoredValue> OwnValues(RegHandle key);
   std::vector<std::string> OwnKeys(const KeyAddress& address);
   void LoadValues();

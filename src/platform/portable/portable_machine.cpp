@@ -72,9 +72,9 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
     return Fail("The registry file " + file + " can't be read: " + bytes.Reason() + ".");
   }
   StoreRegistry registry(store);
-  Result<void> applied = ImportRegFile(bytes.Value(), file, files, registry);
-  if (!applied && store.FirstFailure()) return Fail(*store.FirstFailure());
-  return applied;
+  const auto applied = ImportRegFile(bytes.Value(), file, files, registry);
+  if (applied) return {};
+  return Fail(store.FirstFailure().value_or(applied.Reason()));
 }
 
 DescribedProcessor ProcessorOf(const MachineDescription& machine) {

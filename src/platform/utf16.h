@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// UTF-16 with the lower byte first, from UTF-8 and back.
+namespace kestrune::platform {
+
+/// An odd byte at the end, and half a pair of surrogates, stay as they are.
+std::string FromUtf16(std::string_view bytes);
+/// A byte that starts no character becomes U+FFFD.
+std::string ToUtf16(std::string_view text);
+
+}  // namespace kestrune::platform
