@@ -28,7 +28,7 @@ struct CommandLineTest : testing::Test {
               const std::string& machine = "winxp-geforce7800") {
     std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
                                     "--machine",        machine,
-                                    "--program-folder", KESTRUNE_DATA_FOLDER};
+                                    "--program-folder", program_folder};
     all.insert(all.end(), arguments.begin(), arguments.end());
     std::ostringstream out;
     std::ostringstream err;
@@ -56,6 +56,7 @@ struct CommandLineTest : testing::Test {
   }
 
   platform::TempFolder folder;
+  std::string program_folder = KESTRUNE_DATA_FOLDER;
   platform::portable::PortableMachines machines;
 };
 

@@ -1,6 +1,7 @@
 // The driver's databases in the terminal.
 
 #include "cli/command_line_run.h"
+#include "cli/output.h"
 
 namespace kestrune::cli {
 namespace {
@@ -8,7 +9,7 @@ namespace {
 TEST_F(CommandLineTest, DatabasesAreTheDriversOwn) {
   const std::string system = Out({"database", "sys"});
   EXPECT_TRUE(system.starts_with("4523sys\nCoolBits\tShows the clock page")) << system;
-  EXPECT_NE(system.find("newer drivers.\t0 -1 3\n"), std::string::npos) << system;
+  EXPECT_NE(system.find("older drivers.\t0 -1 3\n"), std::string::npos) << system;
   const std::string all = Run({"database"}, "win2000-geforce2").out;
   std::size_t last = 0;
   for (const char* file : {"0000d3d\n", "\n0000ogl\n", "\n0000sys\n"}) {
@@ -23,10 +24,9 @@ TEST_F(CommandLineTest, DatabasesAreTheDriversOwn) {
 }
 
 TEST_F(CommandLineTest, ADatabaseThatIsNotThereHasItsNameAlone) {
-  const std::string file = folder.Write("data/DATA/Database/7000ogl.dat", "A,\"b\tc\",1,x\n");
-  const auto run = [this](const std::string& tag) {
-    return Run({"--program-folder", folder / "data", "database", tag});
-  };
+  program_folder = folder / "data";
+  folder.Write("data/DATA/Database/7000ogl.dat", "A,\"b\tc\",1,x\n");
+  const auto run = [this](const std::string& tag) { return Run({"database", tag}); };
   EXPECT_EQ(run("ogl").out, "7000ogl\nA\tb\\tc\t1\n");
   EXPECT_EQ(run("d3d").out, "0000d3d\n");
   EXPECT_EQ(run("d3d").status, 1);

@@ -230,7 +230,7 @@ TEST(RegistryEditorTest, ACategoryIsReadAnewWhenItChanges) {
 }
 
 TEST(RegistryEditorTest, WithoutAFileTheListIsEmptyAndNobodyIsTold) {
-  FakeMachine machine({.driver = 500});
+  FakeMachine machine({.family = 0, .driver = 500});
   machine.Lay("DATA/Database/0453d3d.dat", "a,?,x");
   Driven driven(machine);
   driven.program.TheWindows().Open("registry-editor");

@@ -38,16 +38,14 @@ TEST(DatabaseTest, TheNearestReleaseBelowTheDriverIsChosen) {
       {{" 617d3d", "+617d3d", "61.7d3d", "&H10d3d", "617d3d", "d3d", "61e1d3d"}, 9999, "0000d3d"},
   };
   for (const auto& [files, driver, chosen] : cases) {
-    FakeMachine machine;
-    machine.HideShippedFiles();
+    FakeMachine machine({.ships_files = false});
     LayAll(machine, files);
     EXPECT_EQ(FindDatabaseFile(machine.Files(), Category::kDirect3D, driver), chosen) << driver;
   }
 }
 
 TEST(DatabaseTest, NoMoreThanSixtyFiveNamesOfACategoryCount) {
-  FakeMachine machine;
-  machine.HideShippedFiles();
+  FakeMachine machine({.ships_files = false});
   for (int i = 0; i < 67; ++i) LayAll(machine, {std::to_string(1000 + i) + "sys"});
   LayAll(machine, {"0000ogl"});
   EXPECT_EQ(FindDatabaseFile(machine.Files(), Category::kSystem, 1064), "1064sys");

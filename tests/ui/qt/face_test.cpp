@@ -164,8 +164,9 @@ TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
     std::set<QString> usable;
     for (const auto& control : running.TheProgram().Main().Controls()) {
       const QWidget* widget = running.Window().WidgetOf(*control);
-      const bool takes_use = dynamic_cast<controls::Label*>(control.get()) == nullptr &&
-                             dynamic_cast<controls::Frame*>(control.get()) == nullptr &&
+      const auto* label = dynamic_cast<controls::Label*>(control.get());
+      const bool is_text = label != nullptr && label->Role() != controls::LabelRole::kLink;
+      const bool takes_use = !is_text && dynamic_cast<controls::Frame*>(control.get()) == nullptr &&
                              dynamic_cast<controls::Window*>(control.get()) == nullptr;
       const bool is_picture = dynamic_cast<controls::PictureBox*>(control.get()) != nullptr;
       if (widget == nullptr || !takes_use || !control->Usable()) continue;
