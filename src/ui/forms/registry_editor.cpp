@@ -230,8 +230,8 @@ std::optional<std::int32_t> RegistryEditor::NumberToWrite() const {
 void RegistryEditor::WriteKey() {
   const auto place = ChosenPlace();
   if (!place) return;
+  registry_.WriteAsBinary = shown_ == Category::kSystem ? 0 : 1;
   if (const std::optional<std::int32_t> number = NumberToWrite()) {
-    registry_.WriteAsBinary = shown_ == Category::kSystem ? 0 : 1;
     core::Ignore(registry_.WriteRegValue(RegRoot::kLocalMachine, place->key, place->name, *number));
   }
   ShowActualValue();
