@@ -128,8 +128,7 @@ class Photographer {
       GoTo(id);
       const QString name = QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size()));
       const QString file = QString("page-%1-%2").arg(page, 2, 10, QChar('0')).arg(name);
-      Save(Window().grab(), file);
-      SaveText(TreeOf(*QAccessible::queryAccessibleInterface(&Window()), ""), file);
+      SaveWithTree(Window(), file);
     }
   }
 
@@ -147,6 +146,11 @@ class Photographer {
     text += '\n';
     for (int i = 0; i < heard.childCount(); ++i) text += TreeOf(*heard.child(i), indent + "  ");
     return text;
+  }
+
+  void SaveWithTree(QWidget& window, const QString& name) {
+    Save(window.grab(), name);
+    SaveText(TreeOf(*QAccessible::queryAccessibleInterface(&window), ""), name);
   }
 
   void SaveText(const QString& text, const QString& name) {
@@ -187,7 +191,7 @@ class Photographer {
     auto& values = form.Get<controls::ListBox>("registry-editor.values");
     Act(values, [&values] { (void)values.Choose(1); });
     QCoreApplication::processEvents();
-    Save(face_.ViewOf(form)->grab(), "registry-editor");
+    SaveWithTree(*face_.ViewOf(form), "registry-editor");
     form.TheWindow().UseClose();
   }
 
