@@ -1,9 +1,8 @@
 #include "cli/registry_commands.h"
 
-#include <filesystem>
-#include <fstream>
 #include <optional>
 
+#include "cli/replace_file.h"
 #include "platform/open_key.h"
 #include "platform/plain_text.h"
 #include "platform/reg_file.h"
@@ -70,35 +69,22 @@ bool Exists(RegistryApi& registry, const KeyAddress& address) {
   return key.Open(address.root, address.path) == RegStatus::kSuccess;
 }
 
-/// Writes a file that takes the place of the old one when it is whole.
-bool WriteWhole(const std::string& file, const std::string& bytes) {
-  std::error_code error;
-  // What is no ordinary file, such as a pipe, is written as it is.
-  const bool is_special =
-      std::filesystem::exists(file, error) && !std::filesystem::is_regular_file(file, error);
-  const std::string written = is_special ? file : file + ".kestrune-new";
-  std::ofstream stream(written, std::ios::binary);
-  stream << bytes;
-  stream.close();
-  if (!stream.fail() && !is_special) std::filesystem::rename(written, file, error);
-  const bool failed = stream.fail() || error;
-  if (failed && !is_special) std::filesystem::remove(written, error);
-  return !failed;
-}
-
 /// Puts exported text where it is asked for: on standard output, or into a file, where version 5 is
 /// UTF-16.
-Status PutExport(Run& run, platform::RegTextForm form, const std::string& text) {
+Status PutExport(Run& run, platform::FilesApi& files, platform::RegTextForm form,
+                 const std::string& text) {
   const std::string& file = run.arguments.Word("FILE");
+  const bool is_version5 = form == platform::RegTextForm::kVersion5;
   if (file.empty()) {
     run.out.Text(text);
-    run.out.Document(text);
+    run.out.Document(is_version5 ? text : files.DecodeText(text, 0));
     return Status::kDone;
   }
-  const bool is_utf16 = form == platform::RegTextForm::kVersion5;
-  const std::string bytes = is_utf16 ? std::string(kUtf16Mark) + platform::ToUtf16(text) : text;
-  if (run.options.machine.dry_run || WriteWhole(file, bytes)) return Status::kDone;
-  run.streams.Complain(file + " can't be written.");
+  if (run.options.machine.dry_run) return Status::kDone;
+  const auto written =
+      ReplaceFile(file, is_version5 ? std::string(kUtf16Mark) + platform::ToUtf16(text) : text);
+  if (written) return Status::kDone;
+  run.streams.Complain(file + " can't be written: " + written.Reason() + ".");
   return Status::kImpossible;
 }
 
@@ -204,7 +190,7 @@ Status ExportRegistry(Run& run, Session& session) {
                                                      : platform::RegTextForm::kVersion5;
   const auto text =
       platform::WriteRegText(registry, address->root, address->path, form, session.Files());
-  if (text) return PutExport(run, form, text.Value());
+  if (text) return PutExport(run, session.Files(), form, text.Value());
   run.streams.Complain(text.Reason());
   return Status::kImpossible;
 }

@@ -123,6 +123,10 @@ Result<void> RegFileReader::ReadHeader(std::string_view bytes) {
     text_ = FromUtf16(bytes.substr(has_utf16_mark ? kUtf16Mark.size() : 0));
     encoding_ = Encoding::kUtf16;
     rest_ = text_;
+    if (bytes.size() % 2 != 0) {
+      line_number_ = static_cast<int>(std::count(text_.begin(), text_.end(), '\n')) + 1;
+      return Fail("half a character ends the file");
+    }
   } else {
     has_mark_ = bytes.starts_with("\xEF\xBB\xBF");
     if (has_mark_) bytes.remove_prefix(3);
@@ -197,6 +201,7 @@ Result<void> RegFileReader::ReadKey(std::string_view line) {
   if (is_deleted) line.remove_prefix(1);
   const std::size_t root_end = std::min(line.find('\\'), line.size());
   const std::optional<RegRoot> root = RootNamed(line.substr(0, root_end));
+  if (!root && root_end == 0) return Fail("the key has no root");
   if (!root) return Fail(std::string(line.substr(0, root_end)) + " is no root");
   line.remove_prefix(std::min(root_end + 1, line.size()));
   if (line.ends_with('\\')) line.remove_suffix(1);

@@ -10,6 +10,7 @@
 #include "platform/open_key.h"
 #include "platform/reg_text.h"
 #include "platform/utf16.h"
+#include "platform/utf8.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
@@ -46,10 +47,14 @@ std::string WithBytes(std::string line, std::string_view bytes) {
   return line;
 }
 
-/// One text with its closing NUL that stands on a line.
+/// One text with its closing NUL that stands on a line, in whole characters.
 bool IsPlain(std::string_view data) {
-  return data.ends_with('\0') &&
-         data.find_first_of(std::string_view("\0\r\n", 3)) + 1 == data.size();
+  if (data.find_first_of(std::string_view("\0\r\n", 3)) + 1 != data.size()) return false;
+  for (std::size_t position = 0; position < data.size();) {
+    const char32_t character = NextCharacter(data, position);
+    if (character >= 0xD800 && character < 0xE000) return false;
+  }
+  return data.ends_with('\0');
 }
 
 class Writer {

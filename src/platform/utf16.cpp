@@ -10,8 +10,7 @@ std::string FromUtf16(std::string_view bytes) {
     return static_cast<char32_t>(static_cast<unsigned char>(bytes[at]) |
                                  static_cast<unsigned char>(bytes[at + 1]) << 8);
   };
-  std::size_t at = 0;
-  for (; at + 1 < bytes.size(); at += 2) {
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
     const char32_t first = unit(at);
     const bool is_high = first >= 0xD800 && first < 0xDC00 && at + 3 < bytes.size();
     const char32_t second = is_high ? unit(at + 2) : 0;
@@ -22,7 +21,7 @@ std::string FromUtf16(std::string_view bytes) {
       AppendCharacter(text, first);
     }
   }
-  return text.append(bytes.substr(at));
+  return text;
 }
 
 std::string ToUtf16(std::string_view text) {

@@ -6,7 +6,7 @@
 /// UTF-16 with the lower byte first, from UTF-8 and back.
 namespace kestrune::platform {
 
-/// An odd byte at the end, and half a pair of surrogates, stay as they are.
+/// Half a pair of surrogates stays as it is; an odd byte at the end is dropped.
 std::string FromUtf16(std::string_view bytes);
 /// A byte that starts no character becomes U+FFFD.
 std::string ToUtf16(std::string_view text);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "cli/command.h"
 #include "cli/command_line_run.h"
@@ -424,9 +425,47 @@ TEST_F(CommandLineTest, AnExportReadsBackWhereverItIsPut) {
     EXPECT_EQ(Out({"registry", "export", key}), text);
   }
   EXPECT_EQ(Run({"registry", "export", R"(HKCU\Software\None)", wide}).status, 1);
-  ExpectRefused(3, "can't be written", {"registry", "export", key, folder / "none/a.reg"});
   EXPECT_EQ(Out({"--dry-run", "registry", "export", key, folder / "dry.reg"}), "");
   EXPECT_FALSE(std::filesystem::exists(folder / "dry.reg"));
+  const Json document = Json::parse(Out({"--json", "registry", "export", "--regedit4", key}));
+  EXPECT_NE(document.get<std::string>().find("\"\u00E4\"=\"\u20AC\"\r\n"), std::string::npos);
+}
+
+TEST_F(CommandLineTest, AnExportTakesThePlaceOfAFileWhenItIsWhole) {
+  namespace fs = std::filesystem;
+  const std::string key = R"(HKCU\Software\T)";
+  Out({"registry", "write", key, "a", "REG_SZ", "b"});
+  const std::string file = folder.Write("out/real.reg", "old");
+  const auto rights = fs::perms::owner_read | fs::perms::owner_write;
+  fs::permissions(file, rights);
+  fs::create_symlink("real.reg", folder / "out/link.reg");
+  fs::create_symlink("new.reg", folder / "out/dangling.reg");
+  Out({"registry", "export", key, folder / "out/link.reg"});
+  Out({"registry", "export", key, folder / "out/dangling.reg"});
+  Out({"registry", "export", key, folder / ("out/" + std::string(255, 'x'))});
+  EXPECT_EQ(fs::status(file).permissions(), rights);
+  const std::string text = platform::ReadAll(file);
+  EXPECT_TRUE(text.starts_with("\xFF\xFE"));
+  EXPECT_EQ(platform::ReadAll(folder / "out/new.reg"), text);
+  EXPECT_TRUE(fs::is_symlink(folder / "out/link.reg"));
+  EXPECT_TRUE(fs::is_symlink(folder / "out/dangling.reg"));
+
+  fs::create_symlink("loop.reg", folder / "out/loop.reg");
+  const std::pair<std::string, std::string> refused[] = {
+      {folder / "out", "Is a directory"},
+      {folder / "none/a.reg", "No such file or directory"},
+      {folder / "out/loop.reg", "Too many levels of symbolic links"},
+      {"/dev/full", "No space left on device"}};
+  for (const auto& [path, reason] : refused) {
+    ExpectRefused(3, path + " can't be written: " + reason + ".",
+                  {"registry", "export", key, path});
+  }
+  std::set<std::string> left;
+  for (const auto& entry : fs::directory_iterator(folder / "out")) {
+    left.insert(entry.path().filename().string());
+  }
+  EXPECT_EQ(left, (std::set<std::string>{"real.reg", "link.reg", "new.reg", "dangling.reg",
+                                         "loop.reg", std::string(255, 'x')}));
 }
 
 TEST_F(CommandLineTest, TheProcessorsAreListedWithTheLevelsAboveThem) {

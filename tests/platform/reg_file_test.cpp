@@ -108,6 +108,10 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
            Case{"REGEDIT4\n@=-", "2: a value stands before the first key"},
            Case{"REGEDIT4\n[-HKEY_CURRENT_USER]", "2: a root can't be deleted"},
            Case{"REGEDIT4\n[-HKEY_USERS\\K]", "2: HKEY_USERS is no root"},
+           Case{"REGEDIT4\n[]", "2: the key has no root"},
+           Case{"REGEDIT4\n[-\\K]", "2: the key has no root"},
+           Case{"REGEDIT4\r[HKEY_CURRENT_USER\\K]\r",
+                "1: the first line is that of no registry file"},
            Case{"REGEDIT4\n[HKEY_CURRENT_USER\\K]\n[-HKEY_CURRENT_USER\\L]\n\"a\"=\"b\"",
                 "4: a value stands behind a key that is deleted"},
            Case{"REGEDIT4\n[HKEY_CURRENT_USER\\K", "2: \"]\" is missing"},
@@ -134,6 +138,10 @@ TEST(RegFileTest, TheFirstFaultIsToldWithItsLine) {
            Case{"@=hex:1g", "4: \",\" is missing between two bytes"},
            Case{"@=hex:01,\\\n02 03", "5: \",\" is missing between two bytes"},
            Case{"@=hex:01,\\", "4: the line that \"\\\" announces is missing"},
+           Case{"@=hex:01,\\\n\n02", "6: this is neither a key nor a value"},
+           Case{"@=hex:01\\\n,02", "5: a byte is one or two hexadecimal digits"},
+           Case{"@=hex(100000000):01", "4: the type in \"hex(...)\" is a hexadecimal number"},
+           Case{"@=-1", "4: something follows the data"},
            Case{"@=hex:,01", "4: a byte is one or two hexadecimal digits"},
            Case{"@=hex(x):01", "4: the type in \"hex(...)\" is a hexadecimal number"},
            Case{"@=hex01", "4: \":\" is missing after \"hex\""},
@@ -191,6 +199,9 @@ TEST(RegFileTest, TextGivenAsBytesIsThatOfTheForm) {
   const std::string marked = Utf16(u"REGEDIT4\n[HKEY_CURRENT_USER\\\u00C4]");
   EXPECT_EQ(Told(marked), "+U:\u00C4\n");
   EXPECT_EQ(Told(marked.substr(2)), "+U:\u00C4\n");
+  for (const std::string& text : {marked, marked.substr(2)}) {
+    EXPECT_EQ(Told(text.substr(0, text.size() - 1)), "2: half a character ends the file");
+  }
 }
 
 TEST(RegFileTest, AFaultDeepInALongFileIsToldWithItsLine) {

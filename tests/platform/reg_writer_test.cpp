@@ -87,6 +87,14 @@ TEST_F(RegWriterTest, WhatIsWrittenReadsBackTheSame) {
   }
 }
 
+TEST_F(RegWriterTest, HalfACharacterIsGivenAsBytes) {
+  Set("T", "n", 1, std::string_view("a\xED\xA0\xBD\0", 5));
+  const std::string text = Written(RegTextForm::kVersion5);
+  EXPECT_NE(text.find("\"n\"=hex(1):61,00,3d,d8,00,00\r\n"), std::string::npos) << text;
+  ImportAnew(text);
+  EXPECT_EQ(Written(RegTextForm::kVersion5), text);
+}
+
 TEST_F(RegWriterTest, WhatAFormCannotSayIsNamed) {
   Set("T\\a", "n", 1, std::string_view("\xD0\x94\0", 3));
   const std::string version5 = Written(RegTextForm::kVersion5);
