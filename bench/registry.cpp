@@ -28,12 +28,14 @@ constexpr Limit kReadLimit{1.3, 1.3};
 constexpr Limit kWriteLimit{1.4, 1.4};
 constexpr Limit kCatalogueLimit{2.0, 2.0};
 constexpr Limit kImportLimit{2.2, 1.5};
+constexpr Limit kGrowthLimit{1.3, 1.0};
 
 constexpr int kReadsARound = 200;
 constexpr int kWritesARound = 5;
 constexpr int kCataloguesARound = 5;
 constexpr int kImportedValues = 57000;  // with their keys 60,000 lines
 constexpr int kValuesAKey = 19;
+constexpr int kParts = 10;  // of an import, each a text of its own
 
 /// A value by the key and the name that say where it is.
 struct Address {
@@ -149,9 +151,9 @@ struct ImportedKey {
   std::vector<std::string> names;
 };
 
-std::vector<ImportedKey> KeysOfRound(const std::string& round) {
+std::vector<ImportedKey> KeysOfRound(const std::string& round, int values) {
   std::vector<ImportedKey> keys;
-  for (int i = 0; i < kImportedValues; ++i) {
+  for (int i = 0; i < values; ++i) {
     if (i % kValuesAKey == 0) {
       ImportedKey& key = keys.emplace_back();
       key.path = "Imported " + round + " device " + std::to_string(i / kValuesAKey);
@@ -190,23 +192,32 @@ std::vector<Row> CompareImport(const std::string& folder, int rounds) {
   const platform::Services services = machine->ServicesFor(dialog);
   BareStore bare(store);
   int round = 0;
-  const auto ours = [&] {
-    const std::string text = RegText(KeysOfRound(std::to_string(++round)));
+  const auto import_in = [&](int parts) {
+    std::vector<std::string> texts;
+    for (int i = 0; i < parts; ++i) {
+      texts.push_back(RegText(KeysOfRound(std::to_string(++round), kImportedValues / parts)));
+    }
     return ProcessorTimeOf(1, [&] {
-      const auto imported =
-          platform::ImportRegFile(text, "text", services.files, services.registry);
-      if (!imported) GiveUp(imported.Reason());
+      for (const std::string& text : texts) {
+        const auto imported =
+            platform::ImportRegFile(text, "text", services.files, services.registry);
+        if (!imported) GiveUp(imported.Reason());
+      }
     });
   };
+  const auto ours = [&] { return import_in(1); };
+  const auto in_parts = [&] { return import_in(kParts); };
   const auto plain = [&] {
-    std::vector<ImportedKey> keys = KeysOfRound(std::to_string(++round));
+    std::vector<ImportedKey> keys = KeysOfRound(std::to_string(++round), kImportedValues);
     for (ImportedKey& key : keys) {
       for (std::string& name : key.names) name = FoldCase(name);
     }
     return ProcessorTimeOf(1, [&] { ImportBare(bare, keys); });
   };
   return {Compare("import of 60,000 lines : their prepared INSERTs in one transaction",
-                  kImportLimit, rounds, ours, plain)};
+                  kImportLimit, rounds, ours, plain),
+          Compare("import of 60,000 lines : ten imports of 6,000", kGrowthLimit, rounds, ours,
+                  in_parts)};
 }
 
 std::vector<Row> CompareRegistry(const std::string& folder, int rounds) {
