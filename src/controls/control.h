@@ -58,6 +58,8 @@ class Control {
   const Control& Root() const;
   const std::string& Caption() const { return caption_; }
   const std::string& ToolTip() const { return tool_tip_; }
+  /// The control whose name this one's caption is, said before either is drawn; null for none.
+  const Control* Names() const { return names_; }
   const Rect& Bounds() const { return bounds_; }
   bool Enabled() const { return enabled_; }
   bool Visible() const { return visible_; }
@@ -66,6 +68,7 @@ class Control {
 
   void SetCaption(std::string caption) { Assign(caption_, std::move(caption)); }
   void SetToolTip(std::string tip) { Assign(tool_tip_, std::move(tip)); }
+  void SetNames(const Control* control) { names_ = control; }
   void SetBounds(const Rect& bounds) { Assign(bounds_, bounds); }
   void SetEnabled(bool enabled) { Assign(enabled_, enabled); }
   void SetVisible(bool visible) { Assign(visible_, visible); }
@@ -111,6 +114,7 @@ class Control {
   std::string caption_;
   std::string tool_tip_;
   Rect bounds_;
+  const Control* names_ = nullptr;
   bool enabled_ = true;
   bool visible_ = true;
   std::vector<Observer> observers_;

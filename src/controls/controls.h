@@ -216,7 +216,7 @@ enum class LabelRole {
   kEdge,     ///< reacts to the mouse over it; a keyboard reaches it
 };
 
-/// Text on a page. Its role and the control that it names are said before it is drawn.
+/// Text on a page. Its role is said before it is drawn.
 class Label : public Control {
  public:
   Label(std::string id, Control* parent, LabelRole role = LabelRole::kText)
@@ -224,15 +224,11 @@ class Label : public Control {
 
   LabelRole Role() const { return role_; }
   void SetRole(LabelRole role) { role_ = role; }
-  /// The control whose name the caption is; null for none.
-  const Control* Names() const { return names_; }
-  void SetNames(const Control* control) { names_ = control; }
 
   void Accept(ControlVisitor& visitor) override;
 
  private:
   LabelRole role_;
-  const Control* names_ = nullptr;
 };
 
 /// A button; Click() presses it.

@@ -106,15 +106,14 @@ std::string ReadableName(std::string_view id) {
   return name;
 }
 
-controls::Label* LabelOf(const forms::Form& form, const controls::Control& control) {
+controls::Control* LabelOf(const forms::Form& form, const controls::Control& control) {
   for (const auto& each : form.Controls()) {
-    auto* label = dynamic_cast<controls::Label*>(each.get());
-    if (label != nullptr && label->Names() == &control) return label;
+    if (each->Names() == &control) return each.get();
   }
   return nullptr;
 }
 
-std::string SpokenName(const controls::Control& control, const controls::Label* label) {
+std::string SpokenName(const controls::Control& control, const controls::Control* label) {
   if (!control.Caption().empty()) return control.Caption();
   std::string name = label == nullptr ? std::string() : Trimmed(NamePart(label->Caption()));
   if (!name.empty()) return name;

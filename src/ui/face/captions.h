@@ -15,12 +15,12 @@ namespace kestrune::face {
 /// The last part of an id in words: "Core clock" for "overclocking.core-clock-label".
 std::string ReadableName(std::string_view id);
 
-/// The label that names a control, or null.
-controls::Label* LabelOf(const forms::Form& form, const controls::Control& control);
+/// The label, frame or box that names a control, or null.
+controls::Control* LabelOf(const forms::Form& form, const controls::Control& control);
 
 /// What a control is called where nothing but words will do, as for a screen reader: its caption,
 /// else that of its label (null for none), else its tip, else its id in words. Never empty.
-std::string SpokenName(const controls::Control& control, const controls::Label* label);
+std::string SpokenName(const controls::Control& control, const controls::Control* label);
 
 /// The caption as it is drawn: the control's own, else, where the chosen language lacks the text of
 /// it, its id in words. Empty for what has no caption.

@@ -68,7 +68,7 @@ struct ControlRow {
   int text = kNoText;
   std::string_view design = {};
   std::string_view initial = {};  ///< text of a combo or a text box
-  std::string_view names = {};    ///< of a label: id of the control whose name it is
+  std::string_view names = {};    ///< id of the control whose name its caption is
   int tip = kNoText;              ///< interface text that is its tool tip
   int help = kNoTopic;            ///< topic that a mouse over it shows
   int minimum = 0;                ///< of a slider

@@ -137,7 +137,7 @@ void Form::Add(std::span<const ControlRow> rows) {
     rows_.push_back(row);
   }
   for (const ControlRow& row : rows) {
-    if (!row.names.empty()) Get<controls::Label>(row.id).SetNames(Find(row.names));
+    if (!row.names.empty()) Find(row.id)->SetNames(Find(row.names));
     if (!row.default_key.empty()) {
       Get<controls::TextBox>(row.id).SetDefaultKey(Find(row.default_key));
     }

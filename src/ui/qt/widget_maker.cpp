@@ -78,7 +78,7 @@ QWidget* WidgetMaker::Make(controls::Control& control, QWidget* parent) {
 InputWatcher* WidgetMaker::Tie(controls::Control& control, QWidget* widget, Draw draw) {
   made_ = widget;
   widget->setObjectName(ToQt(control.Id()));
-  controls::Label* label = face::LabelOf(form_, control);
+  controls::Control* label = face::LabelOf(form_, control);
   const auto redraw = [scale = &context_.TheScale(), &form = form_, &control, label, widget,
                        draw = std::move(draw)] {
     widget->setGeometry(ToQt(scale->ToPixels(control.Bounds())));

@@ -20,6 +20,7 @@
 #include "platform/services.h"
 #include "platform/tracing.h"
 #include "ui/forms/main_form.h"
+#include "ui/forms/windows.h"
 #include "ui/qt/face_style.h"
 
 namespace kestrune::qt {
@@ -56,7 +57,7 @@ class RunningProgram {
 
   forms::Program& TheProgram() { return program_; }
   FormView& Window() { return *face_->ViewOf(program_.Main()); }
-  FormView* HelpWindow() { return face_->ViewOf(program_.FormOf("help")); }
+  FormView* ViewOf(std::string_view window) { return face_->ViewOf(program_.FormOf(window)); }
   void FailStore(const std::string& sentence) { store_failure_ = sentence; }
 
   template <typename T>
@@ -242,25 +243,25 @@ TEST_F(FaceTest, HelpStandsBesideTheWindowWhereThereIsRoomAndTheFormIsNotTold) {
     ASSERT_TRUE(QTest::qWaitFor([&, x = place] { return main.left == x * 15; }));
     QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(9, 9));
     QTest::qWait(20);
-    EXPECT_EQ(running.HelpWindow()->x(),
-              expected(running.Window().frameGeometry(), running.HelpWindow()->frameGeometry()));
+    EXPECT_EQ(running.ViewOf("help")->x(),
+              expected(running.Window().frameGeometry(), running.ViewOf("help")->frameGeometry()));
     EXPECT_EQ(running.TheProgram().Find("help")->Bounds().left, main.left + main.width);
-    running.HelpWindow()->close();
+    running.ViewOf("help")->close();
   }
 }
 
 TEST_F(FaceTest, HoveringOpensHelpAndLeavesTheFocusAlone) {
   RunningProgram running(NewStore());
   running.TheProgram().GoToPage(6);
-  EXPECT_EQ(running.HelpWindow(), nullptr);
+  EXPECT_EQ(running.ViewOf("help"), nullptr);
   QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(9, 9));
-  ASSERT_NE(running.HelpWindow(), nullptr);
-  EXPECT_TRUE(running.HelpWindow()->isVisible());
-  EXPECT_TRUE(running.HelpWindow()->testAttribute(Qt::WA_ShowWithoutActivating));
-  running.HelpWindow()->close();
-  EXPECT_FALSE(running.HelpWindow()->isVisible());
+  ASSERT_NE(running.ViewOf("help"), nullptr);
+  EXPECT_TRUE(running.ViewOf("help")->isVisible());
+  EXPECT_TRUE(running.ViewOf("help")->testAttribute(Qt::WA_ShowWithoutActivating));
+  running.ViewOf("help")->close();
+  EXPECT_FALSE(running.ViewOf("help")->isVisible());
   QTest::mouseMove(&running.Widget<QWidget>("direct3d.filtering.force-mipmaps"), QPoint(11, 9));
-  EXPECT_TRUE(running.HelpWindow()->isVisible());
+  EXPECT_TRUE(running.ViewOf("help")->isVisible());
 }
 
 TEST_F(FaceTest, PageKeysGoThroughThePagesAndPassOverWhatCannotBeReached) {
@@ -284,12 +285,12 @@ TEST_F(FaceTest, F1ExplainsTheFocusedControlAndEscapeClosesHelp) {
   running.Widget<QWidget>("opengl.filtering.aniso-sample-optimization").setFocus();
   for (const bool by_help : {false, true}) {
     press(Qt::Key_F1);
-    ASSERT_NE(running.HelpWindow(), nullptr);
-    EXPECT_TRUE(running.HelpWindow()->isVisible());
+    ASSERT_NE(running.ViewOf("help"), nullptr);
+    EXPECT_TRUE(running.ViewOf("help")->isVisible());
     EXPECT_EQ(running.State("LastHelpTopic"), 5);
-    QWidget& window = by_help ? *running.HelpWindow() : running.Window();
+    QWidget& window = by_help ? *running.ViewOf("help") : running.Window();
     QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_FALSE(running.HelpWindow()->isVisible());
+    EXPECT_FALSE(running.ViewOf("help")->isVisible());
     running.Window().activateWindow();
   }
   press(Qt::Key_Escape);
@@ -298,7 +299,7 @@ TEST_F(FaceTest, F1ExplainsTheFocusedControlAndEscapeClosesHelp) {
   (void)running.TheProgram().Main().Get<controls::CheckBox>("main.enable-help-system").Use(0);
   running.Widget<QWidget>("opengl.filtering.aniso-sample-optimization").setFocus();
   press(Qt::Key_F1);
-  EXPECT_FALSE(running.HelpWindow()->isVisible());
+  EXPECT_FALSE(running.ViewOf("help")->isVisible());
 }
 
 TEST_F(FaceTest, LabelsExplainWhatTheyNameAlsoWhileTheyAreDisabled) {
@@ -312,7 +313,7 @@ TEST_F(FaceTest, LabelsExplainWhatTheyNameAlsoWhileTheyAreDisabled) {
       if (running.TheProgram().PageOf(*label) != page) continue;
       QTest::mouseMove(running.Window().WidgetOf(*label->Names()), QPoint(9, 9));
       const int topic = running.State("LastHelpTopic");
-      running.HelpWindow()->close();
+      running.ViewOf("help")->close();
       control->SetEnabled(false);
       QTest::mouseMove(running.Window().WidgetOf(*label), QPoint(9, 9));
       EXPECT_EQ(running.State("LastHelpTopic"), topic) << label->Id();
@@ -486,6 +487,23 @@ TEST_F(FaceTest, TheLanguageBoxTellsTheLanguageThatIsInUse) {
       *QAccessible::queryAccessibleInterface(&running.Widget<QWidget>("main.language"));
   EXPECT_EQ(heard.text(QAccessible::Value), "English");
   EXPECT_EQ(running.TheProgram().Find("main.language")->ValueText(), "");
+}
+
+TEST_F(FaceTest, FramesAndBoxesNameWhatStandsInThemOrBelow) {
+  const QString store = NewStore();
+  {
+    RunningProgram first(store);
+    auto& language = dynamic_cast<controls::ComboBox&>(*first.TheProgram().Find("main.language"));
+    EXPECT_TRUE(language.Choose(language.ItemFor("\u010Ce\u0161tina")));
+  }
+  RunningProgram running(store);
+  running.TheProgram().TheWindows().Open("registry-editor");
+  const FormView& editor = *running.ViewOf("registry-editor");
+  const auto name_of = [&](const char* id) {
+    return editor.WidgetOf(*running.TheProgram().Find(id))->accessibleName();
+  };
+  EXPECT_EQ(name_of("registry-editor.available-values"), "Dostupn\u00E9 hodnoty");
+  EXPECT_EQ(name_of("registry-editor.typed-value"), "Vlastn\u00ED hodnota");
 }
 
 TEST_F(FaceTest, WithoutALanguageFileEverythingStillHasANameAndCanBeUsed) {
