@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 namespace kestrune::platform {
@@ -14,8 +15,13 @@ class DialogApi {
 
   /// Shows a message and waits for its answer. Timers go on meanwhile.
   virtual Answer ShowMessage(std::string_view title, std::string_view text, Buttons buttons) = 0;
+  /// Tells a person something and waits for nobody.
+  virtual void Notify(std::string_view sentence) = 0;
   /// Lets pending window events run once.
   virtual void RunPendingEvents() = 0;
+  /// Asks `goes_on` again and again until it says no. Windows are drawn and timers go on meanwhile;
+  /// what a person does is dropped. `goes_on` itself waits a little, some 20 ms, before it answers.
+  virtual void WaitWhile(const std::function<bool()>& goes_on) = 0;
 };
 
 }  // namespace kestrune::platform

@@ -16,6 +16,25 @@ struct EncodedText {
   int lost = 0;
 };
 
+/// What is wrong with a file that can't be read or written.
+enum class FileFault {
+  kNoFile,     ///< there is none, and its folder is there
+  kNoFolder,   ///< its folder isn't there
+  kNotUsable,  ///< it is a folder, a device or a pipe, or there is no right to it
+  kOther,      ///< too long, a full disk, and so on
+};
+
+struct FileFailure {
+  FileFault fault = FileFault::kOther;
+  std::string reason;  ///< what the system says of it, without a full stop, or its size
+};
+
+/// What stands in a folder, by name without regard to case in order.
+struct FolderListing {
+  std::vector<std::string> folders;  ///< without "." and ".."
+  std::vector<std::string> programs;
+};
+
 /// The program folder and its data files, any other file, and the machine's code page.
 ///
 /// Paths are relative to the program folder unless told otherwise, with backslashes or slashes and
@@ -37,6 +56,23 @@ class FilesApi {
   /// The bytes of any ordinary file or pipe of the machine, by the path that its own programs use,
   /// up to 256 MB. The reason of a failure is what the system says of it, or its size.
   virtual Result<std::string> ReadAnyFile(const std::string& path) = 0;
+
+  /// The program folder as text, as the machine spells it, without a separator at the end.
+  virtual std::string ProgramFolder() = 0;
+  /// The bytes of an ordinary file, up to 16 MB, by a whole path. One that begins with the text of
+  /// the program folder is a program file; any other is the machine's own.
+  virtual Result<std::string, FileFailure> ReadFile(const std::string& path) = 0;
+  /// Stores a program file: as a new file that takes the old one's place once it is whole on the
+  /// disk, under the given spelling of its name. Missing folders are made; files that were
+  /// installed stay as they are and are covered.
+  virtual Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) = 0;
+  /// The places where a person's search for a program begins.
+  virtual std::vector<std::string> Drives() = 0;
+  /// The folders and the programs in any folder of the machine, by its whole path; nothing when it
+  /// can't be opened.
+  virtual std::optional<FolderListing> ListFolder(const std::string& path) = 0;
+  /// A name in a folder as a whole path, with the separator that the machine's paths have.
+  virtual std::string PathOf(const std::string& folder, const std::string& name) = 0;
 
   /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page
   /// doesn't define is kept as a character of its own, so that EncodeText gives it back; a code
