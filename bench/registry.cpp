@@ -188,7 +188,7 @@ void ImportBare(BareStore& bare, const std::vector<ImportedKey>& keys) {
 std::vector<Row> CompareImport(const std::string& folder, int rounds) {
   const std::string store = folder + "/import.store";
   const std::unique_ptr<platform::Machine> machine = OpenMachine(store);
-  SilentDialog dialog;
+  platform::WindowlessDialog dialog;
   const platform::Services services = machine->ServicesFor(dialog);
   BareStore bare(store);
   int round = 0;
@@ -223,7 +223,7 @@ std::vector<Row> CompareImport(const std::string& folder, int rounds) {
 std::vector<Row> CompareRegistry(const std::string& folder, int rounds) {
   const std::string store = folder + "/registry.store";
   const std::unique_ptr<platform::Machine> machine = OpenMachine(store);
-  SilentDialog dialog;
+  platform::WindowlessDialog dialog;
   RegistryApi& registry = machine->ServicesFor(dialog).registry;
   BareStore bare(store);
 

@@ -4,20 +4,12 @@
 #include <string_view>
 
 #include "platform/machine.h"
+#include "platform/windowless_dialog.h"
 #include "ui/forms/driver_settings.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::bench {
-
-/// Answers every message at once.
-class SilentDialog : public platform::DialogApi {
- public:
-  platform::Answer ShowMessage(std::string_view, std::string_view, platform::Buttons) override {
-    return platform::Answer::kOk;
-  }
-  void RunPendingEvents() override {}
-};
 
 /// The pages of both interfaces with their readers, over any registry of a machine.
 class SettingsPages {
@@ -44,7 +36,7 @@ class SettingsPages {
   void Read() { driver_->ReadOpenGL(); }
 
  private:
-  SilentDialog dialog_;
+  platform::WindowlessDialog dialog_;
   const platform::Services services_;
   core::basRegistry registry_;
   core::ProgramState state_;

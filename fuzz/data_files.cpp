@@ -7,6 +7,7 @@
 #include "platform/portable/files.h"
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
+#include "platform/windowless_dialog.h"
 
 using namespace kestrune;
 
@@ -26,14 +27,6 @@ class OneFile : public platform::portable::FolderFiles {
   std::string_view bytes_;
 };
 
-class SilentDialog : public platform::DialogApi {
- public:
-  platform::Answer ShowMessage(std::string_view, std::string_view, platform::Buttons) override {
-    return platform::Answer::kOk;
-  }
-  void RunPendingEvents() override {}
-};
-
 std::unique_ptr<platform::portable::Store> MakeStore() {
   auto store = platform::portable::Store::Open({.path = "/nowhere/a.store", .dry_run = true});
   fuzz::Require(store.Ok());
@@ -48,7 +41,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   OneFile files(fuzz::Text(data + 1, size - 1));
   platform::portable::StoreRegistry store_registry(*store);
   core::basRegistry registry(store_registry);
-  SilentDialog dialog;
+  platform::WindowlessDialog dialog;
   lang::Language language(registry, files, dialog);
   language.LoadLanguage();
   language.ListLanguages();

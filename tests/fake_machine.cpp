@@ -56,6 +56,24 @@ class LoggingFiles : public FolderFiles {
   std::vector<std::string>& log_;
 };
 
+/// A program that is found as the machine says.
+class FakeChild : public ChildProcess {
+ public:
+  explicit FakeChild(FakeMachine& machine) : machine_(machine) {}
+
+  ChildState Wait(int /*milliseconds*/) override {
+    machine_.log.emplace_back("wait");
+    std::vector<ChildState>& states = machine_.child_states;
+    if (states.empty()) return ChildState::kEnded;
+    const ChildState state = states.front();
+    states.erase(states.begin());
+    return state;
+  }
+
+ private:
+  FakeMachine& machine_;
+};
+
 std::string DriverText(int driver) {
   if (driver == 0) return "";
   char text[32];
@@ -272,6 +290,22 @@ bool FakeMachine::StartCommand(std::string_view command_line, WindowState window
   last_window = window;
   if (driver_ && portable::IsReloadCommand(command_line)) driver_->Reload(command_line);
   return true;
+}
+
+Result<std::unique_ptr<ChildProcess>, StartFault> FakeMachine::StartProgram(std::string_view,
+                                                                            WindowState window) {
+  last_window = window;
+  if (start_fault) return FailWith(*start_fault);
+  return std::unique_ptr<ChildProcess>(std::make_unique<FakeChild>(*this));
+}
+
+bool FakeMachine::SetCurrentFolder(std::string_view folder) {
+  log.push_back("folder " + std::string(folder));
+  return has_folders;
+}
+
+void FakeMachine::WaitWhile(const std::function<bool()>& goes_on) {
+  while (goes_on()) log.push_back("goes on");
 }
 
 Answer FakeMachine::ShowMessage(std::string_view /*title*/, std::string_view text, Buttons) {

@@ -76,19 +76,28 @@ class FakeMachine : public platform::DisplayApi,
   platform::OsVersion SystemVersion() override;
   std::optional<std::string> FileVersionText(std::string_view file_name) override;
   bool StartCommand(std::string_view command_line, platform::WindowState window) override;
+  platform::Result<std::unique_ptr<platform::ChildProcess>, platform::StartFault> StartProgram(
+      std::string_view command_line, platform::WindowState window) override;
+  bool SetCurrentFolder(std::string_view folder) override;
   bool OpenWebPage(std::string_view) override { return true; }
   bool OpenControlPanelItem(std::string_view) override { return true; }
   platform::Answer ShowMessage(std::string_view title, std::string_view text,
                                platform::Buttons buttons) override;
+  void Notify(std::string_view sentence) override { notes.emplace_back(sentence); }
   void RunPendingEvents() override { log.push_back("events"); }
+  void WaitWhile(const std::function<bool()>& goes_on) override;
 
   std::vector<std::string> log;
   std::vector<std::string> messages;
+  std::vector<std::string> notes;
   std::vector<platform::DisplayDevice> devices;
   platform::OsVersion os;
   std::string driver_version;    ///< empty: no such file
   std::string direct3d_version;  ///< empty: no such file
   platform::WindowState last_window = platform::WindowState::kNormal;
+  std::optional<platform::StartFault> start_fault;  ///< of every program that is waited for
+  std::vector<platform::ChildState> child_states;   ///< one a wait, in order; then it has ended
+  bool has_folders = true;                          ///< whether any folder can be made current
 
  private:
   std::string InterfaceKey(std::string_view name) const;

@@ -28,13 +28,20 @@ Session::Session(std::unique_ptr<platform::Machine> machine, const GlobalOptions
 /// The services behind the wrappers that this run needs.
 platform::Services Session::Traced(const platform::Services& services) {
   if (tracing_) registry_.emplace(services.registry, trace_);
-  if (tracing_ || options_.machine.dry_run) shell_.emplace(services.shell, trace_);
-  return {registry_ ? *registry_ : services.registry, services.display, services.version,
-          shell_ ? *shell_ : services.shell,          services.files,   services.dialog};
+  if (tracing_ || options_.machine.dry_run) {
+    shell_.emplace(services.shell, trace_);
+    files_.emplace(services.files, trace_);
+  }
+  return {registry_ ? *registry_ : services.registry,
+          services.display,
+          services.version,
+          shell_ ? *shell_ : services.shell,
+          files_ ? *files_ : services.files,
+          services.dialog};
 }
 
 void Session::Print(platform::TraceKind kind, const std::string& line) const {
-  // A dry run starts nothing, so it always says what it would have started.
+  // A dry run starts and writes nothing, so it always says what it would have.
   const bool is_always_told = options_.machine.dry_run && kind == platform::TraceKind::kCommand;
   if (tracing_ || is_always_told) streams_.err << line << '\n';
 }

@@ -75,6 +75,7 @@ class Session {
   platform::Trace trace_;
   std::optional<platform::TracingRegistry> registry_;
   std::optional<platform::TracingShell> shell_;
+  std::optional<platform::TracingFiles> files_;
   platform::Services services_;
   std::unique_ptr<forms::Program> program_;
 };

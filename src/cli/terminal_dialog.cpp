@@ -11,4 +11,8 @@ platform::Answer TerminalDialog::ShowMessage(std::string_view /*title*/, std::st
   return buttons == platform::Buttons::kOk ? platform::Answer::kOk : answer_;
 }
 
+void TerminalDialog::Notify(std::string_view sentence) {
+  out_ << "note: " << platform::PlainText(sentence) << '\n';
+}
+
 }  // namespace kestrune::cli

@@ -2,18 +2,18 @@
 
 #include <ostream>
 
-#include "platform/dialog_api.h"
+#include "platform/windowless_dialog.h"
 
 namespace kestrune::cli {
 
-/// Prints messages and answers each with the same button.
-class TerminalDialog : public platform::DialogApi {
+/// Prints messages and notes, and answers each message with the same button.
+class TerminalDialog : public platform::WindowlessDialog {
  public:
   TerminalDialog(std::ostream& out, platform::Answer answer) : out_(out), answer_(answer) {}
 
   platform::Answer ShowMessage(std::string_view title, std::string_view text,
                                platform::Buttons buttons) override;
-  void RunPendingEvents() override {}
+  void Notify(std::string_view sentence) override;
 
  private:
   std::ostream& out_;

@@ -4,6 +4,7 @@
 
 #include "platform/open_key.h"
 #include "platform/plain_text.h"
+#include "platform/program_path.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
@@ -114,6 +115,12 @@ bool TracingShell::StartCommand(std::string_view command_line, WindowState windo
   return inner_.StartCommand(command_line, window);
 }
 
+Result<std::unique_ptr<ChildProcess>, StartFault> TracingShell::StartProgram(
+    std::string_view command_line, WindowState window) {
+  trace_.Tell(TraceKind::kCommand, "run\t" + PlainText(command_line));
+  return inner_.StartProgram(command_line, window);
+}
+
 bool TracingShell::OpenWebPage(std::string_view address) {
   trace_.Tell(TraceKind::kCommand, "open\t" + PlainText(address));
   return inner_.OpenWebPage(address);
@@ -122,6 +129,12 @@ bool TracingShell::OpenWebPage(std::string_view address) {
 bool TracingShell::OpenControlPanelItem(std::string_view item) {
   trace_.Tell(TraceKind::kCommand, "open\t" + PlainText(item));
   return inner_.OpenControlPanelItem(item);
+}
+
+Result<void, FileFailure> TracingFiles::WriteFile(std::string_view path, std::string_view bytes) {
+  Result<void, FileFailure> written = FilesWrapper::WriteFile(path, bytes);
+  if (written) trace_.Tell(TraceKind::kCommand, "file\twrite\t" + PlainText(ProgramPathText(path)));
+  return written;
 }
 
 }  // namespace kestrune::platform

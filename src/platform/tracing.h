@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/files_wrapper.h"
 #include "platform/registry_wrapper.h"
 #include "platform/shell_api.h"
 
@@ -65,11 +66,27 @@ class TracingShell : public ShellApi {
   TracingShell(ShellApi& inner, Trace& trace) : inner_(inner), trace_(trace) {}
 
   bool StartCommand(std::string_view command_line, WindowState window) override;
+  Result<std::unique_ptr<ChildProcess>, StartFault> StartProgram(std::string_view command_line,
+                                                                 WindowState window) override;
+  bool SetCurrentFolder(std::string_view folder) override {
+    return inner_.SetCurrentFolder(folder);
+  }
   bool OpenWebPage(std::string_view address) override;
   bool OpenControlPanelItem(std::string_view item) override;
 
  private:
   ShellApi& inner_;
+  Trace& trace_;
+};
+
+/// Tells each program file that was written. No group of changes takes one back.
+class TracingFiles : public FilesWrapper {
+ public:
+  TracingFiles(FilesApi& inner, Trace& trace) : FilesWrapper(inner), trace_(trace) {}
+
+  Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
+
+ private:
   Trace& trace_;
 };
 

@@ -100,7 +100,7 @@ TEST(WholeFileTest, OnlyOrdinaryFilesUpToTheirLimitAreRead) {
   TempFolder folder;
   const auto told = [](const std::string& path, PipesToo pipes = PipesToo::kNo) {
     const auto read = ReadWholeFile(path, 10000, pipes);
-    return read.Ok() ? std::to_string(read.Value().size()) : read.Reason();
+    return read.Ok() ? std::to_string(read.Value().size()) : read.Reason().reason;
   };
   const std::string pipe = folder / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);

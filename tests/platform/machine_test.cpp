@@ -11,6 +11,7 @@
 #include "platform/portable/shell.h"
 #include "platform/portable/versions.h"
 #include "platform/temp_folder.h"
+#include "platform/windowless_dialog.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -210,12 +211,6 @@ TEST(HostTest, ProcessorsAndDisplayDevicesAreReadFromTheSystemsOwnFiles) {
   EXPECT_EQ(devices[0].state, 5u);
 }
 
-class NoDialog : public DialogApi {
- public:
-  Answer ShowMessage(std::string_view, std::string_view, Buttons) override { return Answer::kOk; }
-  void RunPendingEvents() override {}
-};
-
 class PortableMachineTest : public testing::Test {
  protected:
   PortableMachineTest() {
@@ -230,7 +225,7 @@ class PortableMachineTest : public testing::Test {
   }
 
   TempFolder folder_;
-  NoDialog dialog_;
+  WindowlessDialog dialog_;
   PortableMachines machines_{folder_ / "bin"};
   MachineOptions options_;
 };

@@ -15,6 +15,11 @@ constexpr RegRoot kUser = RegRoot::kCurrentUser;
 class SilentShell : public ShellApi {
  public:
   bool StartCommand(std::string_view, WindowState) override { return true; }
+  Result<std::unique_ptr<ChildProcess>, StartFault> StartProgram(std::string_view,
+                                                                 WindowState) override {
+    return FailWith(StartFault::kNotFound);
+  }
+  bool SetCurrentFolder(std::string_view) override { return true; }
   bool OpenWebPage(std::string_view) override { return true; }
   bool OpenControlPanelItem(std::string_view) override { return true; }
 };

@@ -17,7 +17,7 @@ constexpr unsigned kPrimary = 4;
 
 /// A number such as "0x10de" from a device's file; 0 when there is none.
 unsigned ReadNumber(const std::string& file) {
-  const Result<std::string> content = ReadWholeFile(file);
+  const auto content = ReadWholeFile(file);
   if (!content.Ok()) return 0;
   const std::string_view text = content.Value();
   const bool is_hex = text.starts_with("0x");

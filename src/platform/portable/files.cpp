@@ -4,43 +4,33 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <span>
+#include <system_error>
 
 #include "platform/case_fold.h"
 #include "platform/portable/whole_file.h"
+#include "platform/program_path.h"
 
 namespace kestrune::platform::portable {
 namespace {
 
 using Parts = std::vector<std::string_view>;
 
-enum class Kind { kNothing, kFile, kFolder };
+enum class Kind { kNothing, kFile, kFolder, kOther };
 
 Kind KindOf(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return Kind::kNothing;
   if (S_ISREG(status.st_mode)) return Kind::kFile;
-  return S_ISDIR(status.st_mode) ? Kind::kFolder : Kind::kNothing;
+  return S_ISDIR(status.st_mode) ? Kind::kFolder : Kind::kOther;
 }
 
 std::string Below(const std::string& folder, std::string_view name) {
   return std::string(folder).append(1, '/').append(name);
-}
-
-/// The parts of a path; nothing for one that can't lie in the program folder.
-std::optional<Parts> Split(std::string_view path) {
-  if (path.find('\0') != path.npos) return std::nullopt;
-  Parts parts;
-  while (!path.empty()) {
-    const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
-    const std::string_view part = path.substr(0, end);
-    if (part == "..") return std::nullopt;
-    if (!part.empty() && part != ".") parts.push_back(part);
-    path.remove_prefix(std::min(end + 1, path.size()));
-  }
-  return parts;
 }
 
 std::vector<std::string> Names(const std::string& folder) {
@@ -68,6 +58,39 @@ bool Search(const std::string& folder, std::span<const std::string_view> parts,
     if (Search(Below(folder, name), parts.subspan(1), visit)) return true;
   }
   return false;
+}
+
+/// The first thing of a wanted kind that a path may mean in one of the folders.
+template <class Wanted>
+std::optional<std::string> FindIn(const std::vector<std::string>& folders, const Parts& parts,
+                                  const Wanted& wanted) {
+  std::optional<std::string> found;
+  for (const std::string& folder : folders) {
+    Search(folder, parts, [&](const std::string& candidate) {
+      if (wanted(KindOf(candidate))) found = candidate;
+      return found.has_value();
+    });
+    if (found) break;
+  }
+  return found;
+}
+
+/// The name of what stands in a folder under a name that differs in case at most, the name itself
+/// first; nothing when there is none.
+std::optional<std::string> SpelledIn(const std::string& folder, std::string_view name) {
+  std::optional<std::string> spelled;
+  for (const std::string& each : Names(folder)) {
+    if (each == name) return each;
+    if (!spelled && SameWithoutCase(each, name)) spelled = each;
+  }
+  return spelled;
+}
+
+/// Makes a folder with all that lead to it, and says what kept it from that; 0 when it is there.
+int MakeFolder(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  return error.value();
 }
 
 unsigned ByteAt(std::string_view bytes, std::size_t at) {
@@ -109,33 +132,27 @@ bool IsBmp(std::string_view bytes) {
 }  // namespace
 
 std::optional<std::string> FolderFiles::Locate(std::string_view path) {
-  const std::optional<Parts> parts = Split(path);
-  std::optional<std::string> found;
-  if (!parts || parts->empty()) return found;
-  for (const std::string& folder : folders_) {
-    Search(folder, *parts, [&found](const std::string& candidate) {
-      if (KindOf(candidate) == Kind::kFile) found = candidate;
-      return found.has_value();
-    });
-    if (found) break;
-  }
-  return found;
+  const std::optional<Parts> parts = ProgramPathParts(path);
+  if (!parts || parts->empty()) return std::nullopt;
+  return FindIn(folders_, *parts, [](Kind kind) { return kind == Kind::kFile; });
 }
 
 std::optional<std::string> FolderFiles::ReadBytes(std::string_view path) {
   const std::optional<std::string> file = Locate(path);
   if (!file) return std::nullopt;
-  Result<std::string> bytes = ReadWholeFile(*file);
+  auto bytes = ReadWholeFile(*file);
   if (!bytes.Ok()) return std::nullopt;
   return std::move(bytes).Value();
 }
 
 Result<std::string> FolderFiles::ReadAnyFile(const std::string& path) {
-  return ReadWholeFile(path, kLongestRegFile, PipesToo::kYes);
+  auto bytes = ReadWholeFile(path, kLongestRegFile, PipesToo::kYes);
+  if (!bytes.Ok()) return Fail(bytes.Reason().reason);
+  return std::move(bytes).Value();
 }
 
 std::vector<std::string> FolderFiles::ListFiles(std::string_view folder, std::string_view ending) {
-  const std::optional<Parts> parts = Split(folder);
+  const std::optional<Parts> parts = ProgramPathParts(folder);
   if (!parts) return {};
   const std::string folded_ending = FoldCase(ending);
   std::map<std::string, std::string> names;
@@ -152,6 +169,67 @@ std::vector<std::string> FolderFiles::ListFiles(std::string_view folder, std::st
   list.reserve(names.size());
   for (auto& [folded, name] : names) list.push_back(std::move(name));
   return list;
+}
+
+std::string FolderFiles::ProgramFolder() {
+  if (folders_.empty()) return "";
+  std::error_code error;
+  std::string path = std::filesystem::absolute(folders_.back(), error).string();
+  while (path.ends_with('/')) path.pop_back();
+  return path;
+}
+
+Result<std::string, FileFailure> FolderFiles::ReadFile(const std::string& path) {
+  const auto in_folder = InProgramFolder(path, ProgramFolder());
+  if (!in_folder) return ReadWholeFile(path);
+  const Parts parts = *ProgramPathParts(*in_folder);
+  const auto is_file = [](Kind kind) { return kind == Kind::kFile; };
+  const auto is_there = [](Kind kind) { return kind != Kind::kNothing; };
+  const auto is_folder = [](Kind kind) { return kind == Kind::kFolder; };
+  std::optional<std::string> found = FindIn(folders_, parts, is_file);
+  if (!found) found = FindIn(folders_, parts, is_there);
+  if (found) return ReadWholeFile(*found);
+  const bool has_folder =
+      FindIn(folders_, Parts(parts.begin(), parts.end() - 1), is_folder).has_value();
+  FileFailure failure = FailureOf(ENOENT, path);
+  failure.fault = has_folder ? FileFault::kNoFile : FileFault::kNoFolder;
+  return FailWith(std::move(failure));
+}
+
+Result<void, FileFailure> FolderFiles::WriteFile(std::string_view path, std::string_view bytes) {
+  const auto parts = ProgramPathParts(path);
+  if (folders_.empty() || !parts || parts->empty()) {
+    return FailWith(FailureOf(EINVAL, std::string(path)));
+  }
+  std::string folder = folders_.front();
+  for (const std::string_view part : std::span(*parts).first(parts->size() - 1)) {
+    folder = Below(folder, SpelledIn(folder, part).value_or(std::string(part)));
+  }
+  if (const int error = MakeFolder(folder)) return FailWith(FailureOf(error, folder));
+  std::vector<std::string> names;
+  for (std::string& name : Names(folder)) {
+    if (!SameWithoutCase(name, parts->back())) continue;
+    const Kind kind = KindOf(Below(folder, name));
+    if (kind == Kind::kFolder || kind == Kind::kOther) {
+      return FailWith(FileFailure{FileFault::kNotUsable, "it is no ordinary file"});
+    }
+    if (name != parts->back()) names.push_back(std::move(name));
+  }
+  names.emplace_back(parts->back());
+  return ReplaceFiles(folder, names, bytes);
+}
+
+std::vector<std::string> FolderFiles::Drives() {
+  const auto mounts = ReadWholeFile("/proc/self/mounts");
+  return DrivesAmong(mounts.Ok() ? mounts.Value() : "");
+}
+
+std::optional<FolderListing> FolderFiles::ListFolder(const std::string& path) {
+  return ListPrograms(path, programs_);
+}
+
+std::string FolderFiles::PathOf(const std::string& folder, const std::string& name) {
+  return folder.ends_with('/') ? folder + name : Below(folder, name);
 }
 
 bool FolderFiles::IsPicture(std::string_view path) {

@@ -5,21 +5,30 @@
 
 #include "platform/files_api.h"
 #include "platform/portable/code_page.h"
+#include "platform/portable/folder_listing.h"
 
 namespace kestrune::platform::portable {
 
 /// Program files in several folders laid over each other: a file of an earlier one hides its
-/// namesake in a later one.
+/// namesake in a later one. What is written goes to the first folder; the last is the one where
+/// the program was installed.
 class FolderFiles : public FilesApi {
  public:
-  FolderFiles(std::vector<std::string> folders, int system_code_page)
-      : folders_(std::move(folders)), code_pages_(system_code_page) {}
+  FolderFiles(std::vector<std::string> folders, int system_code_page,
+              ProgramNames programs = ProgramNames::kExe)
+      : folders_(std::move(folders)), code_pages_(system_code_page), programs_(programs) {}
 
   std::optional<std::string> ReadBytes(std::string_view path) override;
   std::vector<std::string> ListFiles(std::string_view folder, std::string_view ending) override;
   std::optional<std::string> Locate(std::string_view path) override;
   bool IsPicture(std::string_view path) override;
   Result<std::string> ReadAnyFile(const std::string& path) override;
+  std::string ProgramFolder() override;
+  Result<std::string, FileFailure> ReadFile(const std::string& path) override;
+  Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
+  std::vector<std::string> Drives() override;
+  std::optional<FolderListing> ListFolder(const std::string& path) override;
+  std::string PathOf(const std::string& folder, const std::string& name) override;
   std::string DecodeText(std::string_view bytes, int code_page) override {
     return code_pages_.Decode(bytes, code_page);
   }
@@ -30,6 +39,7 @@ class FolderFiles : public FilesApi {
  private:
   std::vector<std::string> folders_;
   CodePages code_pages_;
+  ProgramNames programs_;
 };
 
 }  // namespace kestrune::platform::portable

@@ -48,6 +48,17 @@ constexpr Range kCodePage{0, 65535};
 /// of a description has more of them, whatever they stand for.
 constexpr std::ptrdiff_t kMostDotsInALine = 256;
 
+/// The words of a key that chooses among a few.
+struct ProgramNamesWord {
+  std::string_view word;
+  ProgramNames names;
+};
+
+constexpr ProgramNamesWord kProgramNames[] = {
+    {"executable", ProgramNames::kExecutable},
+    {"exe", ProgramNames::kExe},
+};
+
 /// The first line that may name too many levels; 0 when there is none.
 unsigned FirstLineTooDeep(std::string_view text) {
   unsigned number = 0;
@@ -135,6 +146,19 @@ class Table {
   void Read(const toml::node& node, std::string_view key, std::string& target, const Range&) {
     if (!node.is_string()) return Wrong(node, key, "a text");
     target = node.as_string()->get();
+  }
+  void Read(const toml::node& node, std::string_view key, ProgramNames& target, const Range&) {
+    const std::string_view word =
+        node.is_string() ? std::string_view(node.as_string()->get()) : std::string_view();
+    std::string words;
+    for (const ProgramNamesWord& known : kProgramNames) {
+      if (known.word == word) {
+        target = known.names;
+        return;
+      }
+      words += (words.empty() ? "" : " or ") + Quoted(known.word);
+    }
+    Wrong(node, key, words);
   }
   template <std::integral Number>
   void Read(const toml::node& node, std::string_view key, Number& target, const Range& range) {
@@ -231,6 +255,7 @@ void TakeMachine(const toml::table& source, Findings& findings, MachineDescripti
   table.Take("name", machine.title);
   table.Take("registry", machine.registry);
   table.Take("codepage", machine.code_page, kCodePage);
+  table.Take("programs", machine.programs);
   table.TakeTable("os", [&](const auto& t) { TakeOs(t, findings, machine); });
   table.TakeTable("file_versions", [&](const auto& t) { TakeFileVersions(t, findings, machine); });
   table.TakeTables("display_device", [&](const auto& t) {
@@ -259,9 +284,10 @@ std::vector<std::string> DescriptionFiles(const std::string& folder) {
 }  // namespace
 
 Result<LoadedDescription> LoadMachineDescription(const std::string& file) {
-  const Result<std::string> text = ReadWholeFile(file);
+  const auto text = ReadWholeFile(file);
   if (!text.Ok()) {
-    return Fail("The machine description " + file + " can't be read: " + text.Reason() + ".");
+    return Fail("The machine description " + file + " can't be read: " + text.Reason().reason +
+                ".");
   }
   return ParseMachineDescription(text.Value(), file);
 }

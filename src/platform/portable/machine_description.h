@@ -9,6 +9,7 @@
 
 #include "platform/display_api.h"
 #include "platform/machine.h"
+#include "platform/portable/folder_listing.h"
 #include "platform/result.h"
 #include "platform/version_api.h"
 
@@ -53,6 +54,7 @@ struct MachineDescription {
   std::string title;     ///< for people
   std::string registry;  ///< the registry file of a new store, beside this one; may be empty
   int code_page = 1252;
+  ProgramNames programs = ProgramNames::kExe;
   OsVersion os{5, 1, 2};
   std::string system_folder = "C:\\WINDOWS\\system32";
   std::map<std::string, std::string> file_versions;  ///< by name, folded

@@ -16,6 +16,7 @@
 #include "platform/portable/shell.h"
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
+#include "platform/portable/unwritten_files.h"
 #include "platform/portable/versions.h"
 #include "platform/portable/whole_file.h"
 #include "platform/reg_file.h"
@@ -67,9 +68,9 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
   const std::string file =
       std::filesystem::path(machine.file).replace_filename(machine.registry).string();
   FolderFiles files({}, machine.code_page);
-  const Result<std::string> bytes = ReadWholeFile(file, kLongestRegFile);
+  const auto bytes = ReadWholeFile(file, kLongestRegFile);
   if (!bytes.Ok()) {
-    return Fail("The registry file " + file + " can't be read: " + bytes.Reason() + ".");
+    return Fail("The registry file " + file + " can't be read: " + bytes.Reason().reason + ".");
   }
   StoreRegistry registry(store);
   const auto applied = ImportRegFile(bytes.Value(), file, files, registry);
@@ -82,7 +83,7 @@ DescribedProcessor ProcessorOf(const MachineDescription& machine) {
   const bool is_whole = described.count && described.mhz && described.name &&
                         described.identifier && described.vendor;
   if (is_whole) return described;
-  const Result<std::string> cpu_info = ReadWholeFile("/proc/cpuinfo");
+  const auto cpu_info = ReadWholeFile("/proc/cpuinfo");
   return cpu_info.Ok() ? Completed(described, ReadProcessors(cpu_info.Value())) : described;
 }
 
@@ -99,12 +100,14 @@ class PortableMachine : public Machine {
         version_(description_),
         driver_(description_, *store_),
         shell_(dry_run),
-        files_(places.program_folders, description_.code_page) {
+        files_(places.program_folders, description_.code_page, description_.programs) {
     shell_.SetDriverStandIn(&driver_);
+    if (dry_run) unwritten_.emplace(files_);
   }
 
   Services ServicesFor(DialogApi& dialog) override {
-    return {registry_, display_, version_, shell_, files_, dialog};
+    FilesApi& files = unwritten_ ? static_cast<FilesApi&>(*unwritten_) : files_;
+    return {registry_, display_, version_, shell_, files, dialog};
   }
   std::optional<std::string> FirstFailure() const override { return store_->FirstFailure(); }
   std::string Title() const override {
@@ -124,6 +127,7 @@ class PortableMachine : public Machine {
   DescribedDriver driver_;
   ProcessShell shell_;
   FolderFiles files_;
+  std::optional<UnwrittenFiles> unwritten_;  ///< of a dry run
 };
 
 }  // namespace

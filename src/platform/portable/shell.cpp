@@ -1,14 +1,18 @@
 #include "platform/portable/shell.h"
 
-#include <fcntl.h>
-#include <sys/wait.h>
+#include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
 
 #include "platform/case_fold.h"
+#include "platform/portable/spawn.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -26,58 +30,112 @@ constexpr ControlPanelProgram kControlPanel[] = {
     {"desk.cpl", "lxqt-config-monitor"},          {"desk.cpl", "arandr"},
 };
 
-bool IsInstalled(std::string_view program) {
+constexpr std::string_view kBlanks = " \t";
+
+bool IsKind(const std::string& path, mode_t kind) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == kind;
+}
+
+bool IsExecutable(const std::string& path) { return access(path.c_str(), X_OK) == 0; }
+
+/// A program as it is to be started; its words begin with its own name.
+struct Program {
+  std::string file;
+  std::vector<std::string> words;
+};
+
+/// The child of a program that was never started, or of the driver's work, which is done.
+class EndedChild : public ChildProcess {
+ public:
+  ChildState Wait(int /*milliseconds*/) override { return ChildState::kEnded; }
+};
+
+class StartedChild : public ChildProcess {
+ public:
+  explicit StartedChild(pid_t process) : process_(process) {}
+
+  ChildState Wait(int milliseconds) override {
+    if (!requests_) requests_.emplace();
+    pollfd events[] = {{process_.Descriptor(), POLLIN, 0}, {requests_->Descriptor(), POLLIN, 0}};
+    if (!process_.HasEnded()) poll(events, std::size(events), milliseconds);
+    if (requests_->AnyTaken()) return ChildState::kInterrupted;
+    return process_.HasEnded() ? ChildState::kEnded : ChildState::kRuns;
+  }
+
+ private:
+  WatchedProcess process_;
+  std::optional<EndRequests> requests_;
+};
+
+std::string WithoutQuotes(std::string_view text) {
+  std::string plain(text);
+  std::erase(plain, '"');
+  return plain;
+}
+
+/// Where a path leads from a folder; an empty folder is that of this process.
+std::string From(const std::string& folder, const std::string& path) {
+  return folder.empty() || path.starts_with('/') ? path : folder + "/" + path;
+}
+
+std::optional<std::string> FindAlongPath(const std::string& name, const std::string& folder) {
   const char* variable = std::getenv("PATH");
-  std::string_view folders = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
-  while (!folders.empty()) {
-    const std::size_t end = std::min(folders.find(':'), folders.size());
-    const std::string file = std::string(folders.substr(0, end)).append("/").append(program);
-    if (access(file.c_str(), X_OK) == 0) return true;
-    folders.remove_prefix(std::min(end + 1, folders.size()));
+  std::string_view places = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
+  while (!places.empty()) {
+    const std::size_t end = std::min(places.find(':'), places.size());
+    const std::string place(end == 0 ? "." : places.substr(0, end));
+    std::string file = From(folder, place + "/" + name);
+    if (IsKind(file, S_IFREG) && IsExecutable(file)) return file;
+    places.remove_prefix(std::min(end + 1, places.size()));
   }
-  return false;
+  return std::nullopt;
 }
 
-/// Becomes the program, or tells through the pipe that it couldn't. Only calls that are safe
-/// between fork and exec stand here.
-[[noreturn]] void BecomeProgram(char* const* words, int report) {
-  const int nothing = open("/dev/null", O_RDONLY);
-  if (nothing >= 0) dup2(nothing, STDIN_FILENO);
-  execvp(words[0], words);
-  const char failed = 1;
-  [[maybe_unused]] const ssize_t written = write(report, &failed, 1);
-  _exit(127);
+/// The program of a command line whose first word names it.
+std::optional<Program> FindByWords(std::vector<std::string> words, const std::string& folder) {
+  if (words.empty() || words.front().empty()) return std::nullopt;
+  const std::string name = words.front();
+  if (name.find('/') != name.npos) return Program{From(folder, name), std::move(words)};
+  std::optional<std::string> file = FindAlongPath(name, folder);
+  if (!file) return std::nullopt;
+  return Program{std::move(*file), std::move(words)};
 }
 
-/// Starts a program that nobody waits for. A child in between, which ends at once, hands it over
-/// to the system, so that it never remains as a zombie.
-bool Start(std::vector<std::string> words) {
-  std::vector<char*> pointers;
-  pointers.reserve(words.size() + 1);
-  for (std::string& word : words) pointers.push_back(word.data());
-  pointers.push_back(nullptr);
-  int report[2];
-  if (words.empty() || pipe2(report, O_CLOEXEC) != 0) return false;
-  const pid_t child = fork();
-  if (child == 0) {
-    setsid();
-    const pid_t program = fork();
-    if (program == 0) BecomeProgram(pointers.data(), report[1]);
-    _exit(program < 0 ? 1 : 0);
+/// The end of the beginning that follows one that ended at `end`: the next blank outside double
+/// quotes, else the end of the text.
+std::size_t NextEnd(std::string_view text, std::size_t end) {
+  bool in_quotes = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '"') in_quotes = !in_quotes;
+    if (at > end && !in_quotes && kBlanks.find(text[at]) != kBlanks.npos) return at;
   }
-  close(report[1]);
-  int status = child < 0 ? 1 : 0;
-  // Where the whole program ignores its children there is nothing left to wait for.
-  while (child > 0 && waitpid(child, &status, 0) < 0) {
-    if (errno != EINTR) break;
+  return text.size();
+}
+
+/// The whole text as a program, else its shortest beginning that names one, else its first word.
+/// What is found need not be executable.
+Result<Program, StartFault> FindProgram(std::string_view text, const std::string& folder) {
+  const std::size_t start = text.find_first_not_of(kBlanks);
+  if (start == text.npos || text.find('\0') != text.npos) return FailWith(StartFault::kNotFound);
+  const std::string whole = From(folder, std::string(text));
+  if (IsKind(whole, S_IFREG)) return Program{whole, {std::string(text)}};
+  text.remove_prefix(start);
+  for (std::size_t end = 0; end < text.size();) {
+    end = NextEnd(text, end);
+    const std::string name = WithoutQuotes(text.substr(0, end));
+    const std::string file = From(folder, name);
+    if (!IsKind(file, S_IFREG)) continue;
+    std::vector<std::string> words = SplitCommandLine(text.substr(end));
+    words.insert(words.begin(), name);
+    return Program{file, std::move(words)};
   }
-  char failed = 0;
-  ssize_t count = 0;
-  do {
-    count = read(report[0], &failed, 1);
-  } while (count < 0 && errno == EINTR);
-  close(report[0]);
-  return status == 0 && count == 0;
+  std::optional<Program> program = FindByWords(SplitCommandLine(text), folder);
+  if (!program) return FailWith(StartFault::kNotFound);
+  struct stat status {};
+  if (stat(program->file.c_str(), &status) == 0) return std::move(*program);
+  const std::string parent = program->file.substr(0, program->file.rfind('/') + 1);
+  return FailWith(IsKind(parent, S_IFDIR) ? StartFault::kNotFound : StartFault::kNoFolder);
 }
 
 }  // namespace
@@ -109,20 +167,52 @@ bool IsReloadCommand(std::string_view command_line) {
                             SameWithoutCase(words.front(), "rundll32.exe"));
 }
 
-bool ProcessShell::StartCommand(std::string_view command_line, WindowState) {
-  if (IsReloadCommand(command_line)) {
-    if (driver_ != nullptr) driver_->Reload(command_line);
-    return true;
-  }
-  std::vector<std::string> words = SplitCommandLine(command_line);
+bool ProcessShell::TakenByDriver(std::string_view command_line) {
+  if (!IsReloadCommand(command_line)) return false;
+  if (driver_ != nullptr) driver_->Reload(command_line);
+  return true;
+}
+
+bool ProcessShell::Start(std::vector<std::string> words) {
   if (dry_run_) return !words.empty();
-  return Start(std::move(words));
+  std::optional<Program> program = FindByWords(std::move(words), folder_);
+  return program && Spawn(program->file, std::move(program->words), folder_);
+}
+bool ProcessShell::StartCommand(std::string_view command_line, WindowState) {
+  return TakenByDriver(command_line) || Start(SplitCommandLine(command_line));
+}
+
+Result<std::unique_ptr<ChildProcess>, StartFault> ProcessShell::StartProgram(
+    std::string_view command_line, WindowState) {
+  using Child = std::unique_ptr<ChildProcess>;
+  if (TakenByDriver(command_line)) return Child(std::make_unique<EndedChild>());
+  Result<Program, StartFault> found = FindProgram(command_line, folder_);
+  if (!found) return FailWith(found.Reason());
+  Program& program = found.Value();
+  if (!IsKind(program.file, S_IFREG) || !IsExecutable(program.file)) {
+    return FailWith(StartFault::kNotExecutable);
+  }
+  if (dry_run_) return Child(std::make_unique<EndedChild>());
+  const std::optional<pid_t> process = Spawn(program.file, std::move(program.words), folder_);
+  if (!process) return FailWith(StartFault::kNotExecutable);
+  return Child(std::make_unique<StartedChild>(*process));
+}
+
+bool ProcessShell::SetCurrentFolder(std::string_view folder) {
+  if (folder.empty()) return true;
+  if (folder.find('\0') != folder.npos) return false;
+  std::error_code error;
+  const std::string path =
+      std::filesystem::absolute(From(folder_, std::string(folder)), error).string();
+  if (error || !IsKind(path, S_IFDIR) || !IsExecutable(path)) return false;
+  folder_ = path;
+  return true;
 }
 
 bool ProcessShell::OpenWebPage(std::string_view address) {
   if (address.empty() || address.starts_with('-')) return false;
   if (dry_run_) return true;
-  return IsInstalled("xdg-open") && Start({"xdg-open", std::string(address)});
+  return Start({"xdg-open", std::string(address)});
 }
 
 bool ProcessShell::OpenControlPanelItem(std::string_view item) {
@@ -130,7 +220,7 @@ bool ProcessShell::OpenControlPanelItem(std::string_view item) {
   for (const ControlPanelProgram& program : kControlPanel) {
     if (!SameWithoutCase(item, program.item)) continue;
     std::vector<std::string> words = SplitCommandLine(program.command);
-    if (IsInstalled(words.front())) return Start(std::move(words));
+    if (FindAlongPath(words.front(), folder_)) return Start(std::move(words));
   }
   return false;
 }

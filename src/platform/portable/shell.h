@@ -24,8 +24,8 @@ bool IsReloadCommand(std::string_view command_line);
 /// The words of a command line: blanks separate them, except between double quotes.
 std::vector<std::string> SplitCommandLine(std::string_view command_line);
 
-/// Starts programs of the running machine. Reload commands go to the driver stand-in instead;
-/// without one they are accepted and nothing happens.
+/// Starts programs of the running machine. Reload commands go to the driver stand-in instead, and
+/// have ended when it has done its work; without one they are accepted and nothing happens.
 class ProcessShell : public ShellApi {
  public:
   /// In a dry run nothing is started, and every command counts as started.
@@ -35,11 +35,18 @@ class ProcessShell : public ShellApi {
   void SetDriverStandIn(DriverStandIn* driver) { driver_ = driver; }
 
   bool StartCommand(std::string_view command_line, WindowState window) override;
+  Result<std::unique_ptr<ChildProcess>, StartFault> StartProgram(std::string_view command_line,
+                                                                 WindowState window) override;
+  bool SetCurrentFolder(std::string_view folder) override;
   bool OpenWebPage(std::string_view address) override;
   bool OpenControlPanelItem(std::string_view item) override;
 
  private:
+  bool TakenByDriver(std::string_view command_line);
+  bool Start(std::vector<std::string> words);
+
   bool dry_run_;
+  std::string folder_;  ///< empty: the one of this process
   DriverStandIn* driver_ = nullptr;
 };
 

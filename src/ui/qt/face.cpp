@@ -32,7 +32,8 @@ Face::Face(forms::Program& program, platform::FilesApi& files, FaceOptions optio
       failure_(std::move(options.store_failure)),
       context_(ScaleOfDesktop(), files, program.Gate(), [this] { AfterAct(); }),
       timers_(program.Timers(), [this] { AfterAct(); }),
-      changes_(options.changes) {
+      changes_(options.changes),
+      dialog_(options.dialog) {
   context_.SetMachineTitle(std::move(options.machine_title));
   RegisterIcons();
   InstallAccessibility();
@@ -52,12 +53,18 @@ Face::Face(forms::Program& program, platform::FilesApi& files, FaceOptions optio
   change_is_new_.setSingleShot(true);
   QObject::connect(&change_is_new_, &QTimer::timeout, change_line_, &QWidget::hide);
   if (!program_.MissingFile().empty()) Notify(face::MissingFileSentence(program_.MissingFile()));
+  if (dialog_ != nullptr) {
+    dialog_->ShowNoticesBy([this](const std::string& sentence) { NotifyInPassing(sentence); });
+  }
   // What start-up changed was no act.
   if (changes_ != nullptr) (void)changes_->Take();
   AfterAct();
 }
 
-Face::~Face() { program_.Focus() = {}; }
+Face::~Face() {
+  program_.Focus() = {};
+  if (dialog_ != nullptr) dialog_->ShowNoticesBy({});
+}
 
 FormView* Face::ViewOf(const forms::Form& form) const {
   const auto found = views_.find(&form);
@@ -117,10 +124,17 @@ void Face::AfterAct() {
 }
 
 void Face::Notify(const std::string& sentence) {
+  lasting_notice_ = (lasting_notice_ + ' ' + ToQt(sentence)).trimmed();
+  SayNotice(lasting_notice_);
+}
+
+void Face::NotifyInPassing(const std::string& sentence) {
+  SayNotice((lasting_notice_ + ' ' + ToQt(sentence)).trimmed());
+}
+
+void Face::SayNotice(const QString& text) {
   if (notice_ == nullptr) notice_ = new EdgeNotice(Edge(), context_, main_view_->Content());
   change_line_->hide();
-  const QString before = notice_->accessibleName();
-  const QString text = before.isEmpty() ? ToQt(sentence) : before + ' ' + ToQt(sentence);
   notice_->Say(text, text);
 }
 

@@ -14,6 +14,7 @@
 #include "ui/forms/program.h"
 #include "ui/qt/edge_line.h"
 #include "ui/qt/form_view.h"
+#include "ui/qt/qt_dialog.h"
 #include "ui/qt/timer_driver.h"
 
 namespace kestrune::qt {
@@ -23,6 +24,7 @@ struct FaceOptions {
   face::StoreFailure store_failure = {};
   std::string machine_title = {};      ///< empty for the computer that the program runs on
   face::ChangeLog* changes = nullptr;  ///< of the program's registry; it outlives the face
+  QtDialog* dialog = nullptr;          ///< whose notices the face shows; it outlives the face
 };
 
 /// A started program on the desktop: a window for each form that is visible, the clock of its
@@ -45,8 +47,11 @@ class Face {
   void TieFocus();
   controls::Control& Edge() const;
   void AfterAct();
-  /// Puts a sentence at the edge of the lower panel, behind one that is there.
+  /// Puts a sentence at the edge of the lower panel, behind those that were put there before.
   void Notify(const std::string& sentence);
+  /// Puts a sentence behind them in the place of the last one that this put there.
+  void NotifyInPassing(const std::string& sentence);
+  void SayNotice(const QString& text);
   /// Says for some seconds what an act changed, unless there is a notice.
   void SayChange(const face::ChangeNote& note);
 
@@ -59,7 +64,9 @@ class Face {
   std::unordered_map<const forms::Form*, FormView*> views_;
   std::vector<controls::Subscription> subscriptions_;
   face::ChangeLog* changes_;
+  QtDialog* dialog_;
   EdgeNotice* notice_ = nullptr;
+  QString lasting_notice_;
   EdgeLine* change_line_ = nullptr;
   QTimer change_is_new_;
 };

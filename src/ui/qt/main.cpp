@@ -45,11 +45,6 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*place*/,
   std::_Exit(kFailed);
 }
 
-std::unique_ptr<platform::DialogApi> MakeDialog() {
-  if (HasPerson()) return std::make_unique<qt::QtDialog>();
-  return std::make_unique<face::PrintedDialog>();
-}
-
 int Fail(const std::string& sentence) {
   std::fprintf(stderr, "kestrune: %s\n", platform::PlainText(sentence).c_str());
   if (HasPerson()) {
@@ -92,8 +87,11 @@ int Run(const std::string& profile_path) {
   for (const std::string& warning : machine.Warnings()) {
     std::fprintf(stderr, "kestrune: %s\n", platform::PlainText(warning).c_str());
   }
-  const std::unique_ptr<platform::DialogApi> dialog = MakeDialog();
-  const platform::Services services = machine.ServicesFor(*dialog);
+  qt::QtDialog shown;
+  face::PrintedDialog printed;
+  const bool has_person = HasPerson();
+  platform::DialogApi& dialog = has_person ? static_cast<platform::DialogApi&>(shown) : printed;
+  const platform::Services services = machine.ServicesFor(dialog);
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
@@ -104,7 +102,8 @@ int Run(const std::string& profile_path) {
   const qt::Face face(program, services.files,
                       {.store_failure = [&machine] { return machine.FirstFailure(); },
                        .machine_title = machine.Title(),
-                       .changes = &changes});
+                       .changes = &changes,
+                       .dialog = has_person ? &shown : nullptr});
   TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
   return QApplication::exec();
 }

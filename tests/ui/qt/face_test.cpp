@@ -19,6 +19,7 @@
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
 #include "platform/tracing.h"
+#include "platform/windowless_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/windows.h"
 #include "ui/qt/face_style.h"
@@ -27,14 +28,6 @@ namespace kestrune::qt {
 namespace {
 
 using platform::RegRoot;
-
-class SilentDialog : public platform::DialogApi {
- public:
-  platform::Answer ShowMessage(std::string_view, std::string_view, platform::Buttons) override {
-    return platform::Answer::kOk;
-  }
-  void RunPendingEvents() override {}
-};
 
 /// A started program on a machine of its own, and its windows.
 class RunningProgram {
@@ -117,7 +110,7 @@ class RunningProgram {
   }
 
   std::unique_ptr<platform::Machine> machine_;
-  SilentDialog dialog_;
+  platform::WindowlessDialog dialog_;
   platform::Services services_;
   face::ChangeLog changes_;
   platform::Trace trace_{changes_.Sink()};

@@ -497,7 +497,7 @@ constexpr forms::WindowRow kModalWindow = {
 
 TEST_F(FormViewTest, AModalWindowStandsOverItsOwnerAndFadesIn) {
   forms::Form form(kModalWindow);
-  NoFiles files;
+  platform::portable::FolderFiles files({}, 1252);
   controls::Gate gate;
   face::Context context(face::Scale(1.0 / 15), files, gate, nullptr);
   form.TheWindow().SetOpacity(0);

@@ -4,28 +4,12 @@
 #include <map>
 #include <string>
 
-#include "platform/files_api.h"
+#include "platform/portable/files.h"
 #include "ui/face/context.h"
 #include "ui/forms/form.h"
 #include "ui/qt/form_view.h"
 
 namespace kestrune::qt {
-
-/// A program folder with nothing in it.
-class NoFiles : public platform::FilesApi {
- public:
-  std::optional<std::string> ReadBytes(std::string_view) override { return std::nullopt; }
-  std::vector<std::string> ListFiles(std::string_view, std::string_view) override { return {}; }
-  std::optional<std::string> Locate(std::string_view) override { return std::nullopt; }
-  bool IsPicture(std::string_view) override { return false; }
-  platform::Result<std::string> ReadAnyFile(const std::string&) override {
-    return platform::Fail("No such file or directory");
-  }
-  std::string DecodeText(std::string_view bytes, int) override { return std::string(bytes); }
-  platform::EncodedText EncodeText(std::string_view text, int) override {
-    return {std::string(text), 0};
-  }
-};
 
 /// A window with two pages, the second hidden, and a control of each kind.
 class SampleForm : public forms::Form {
@@ -53,7 +37,7 @@ class SampleWindow {
   controls::Gate& Gate() { return gate_; }
 
  private:
-  NoFiles files_;
+  platform::portable::FolderFiles files_{{}, 1252};
   controls::Gate gate_;
   face::Context context_;
   SampleForm form_;
