@@ -1,10 +1,16 @@
 #include "platform/portable/files.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <map>
 #include <thread>
 
+#include "platform/plain_user.h"
+#include "platform/portable/unwritten_files.h"
 #include "platform/portable/whole_file.h"
 #include "platform/temp_folder.h"
 
@@ -94,6 +100,240 @@ TEST(FilesTest, PicturesAreToldByTheirContents) {
     EXPECT_EQ(files.IsPicture("PICTURE"), c.is_picture) << c.name;
   }
   EXPECT_FALSE(files.IsPicture("missing.jpg"));
+}
+
+/// All that stands in a folder, each name with its bytes.
+std::string Everything(const std::string& folder) {
+  std::map<std::string, std::string> found;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    const std::string name = entry.path().lexically_relative(folder);
+    if (entry.is_regular_file()) found[name] = "=" + ReadAll(entry.path());
+    if (entry.is_directory() && std::filesystem::is_empty(entry.path())) found[name] = "/";
+  }
+  std::string text;
+  for (const auto& [name, bytes] : found) text += (text.empty() ? "" : " ") + name + bytes;
+  return text;
+}
+
+TEST(FilesTest, AWrittenFileTakesItsNamesakesPlaceInTheFirstFolder) {
+  struct Case {
+    std::vector<std::string> laid;
+    const char* path;
+    const char* then;
+  };
+  for (const Case& c : {
+           Case{{}, "DATA/Presets/x.ksp", "DATA/Presets/x.ksp=new"},
+           Case{{}, "\\DATA\\Presets\\x.ksp", "DATA/Presets/x.ksp=new"},
+           Case{{"data/PRESETS/other"},
+                "\\DATA\\Presets\\x",
+                "data/PRESETS/other=old data/PRESETS/x=new"},
+           Case{{"DATA/x", "data/y"}, "data/X", "DATA/x=old data/X=new data/y=old"},
+           Case{{"x.ksp"}, "X.KSP", "X.KSP=new"},
+           Case{{"x.ksp", "X.ksp", "x.KSP"}, "x.Ksp", "x.Ksp=new"},
+           Case{{"x.ksp", "X.ksp"}, "X.ksp", "X.ksp=new"},
+           Case{{"ä", "b"}, "Ä", "b=old Ä=new"},
+       }) {
+    TempFolder folder;
+    for (const std::string& file : c.laid) folder.Write("user/" + file, "old");
+    folder.Write("installed/DATA/Presets/X.KSP", "installed");
+    FolderFiles files({folder / "user", folder / "installed"}, 1252);
+    const auto written = files.WriteFile(c.path, "new");
+    EXPECT_TRUE(written) << c.path;
+    EXPECT_EQ(Everything(folder / "user"), c.then) << c.path;
+    EXPECT_EQ(files.ReadBytes(c.path), "new") << c.path;
+    EXPECT_EQ(Everything(folder / "installed"), "DATA/Presets/X.KSP=installed");
+  }
+}
+
+std::string TextOf(const FileFailure& failure) {
+  constexpr const char* kFaults[] = {"no file", "no folder", "not usable", "other"};
+  return std::string(kFaults[static_cast<int>(failure.fault)]) + ": " + failure.reason;
+}
+
+template <class T>
+std::string TextOf(const Result<T, FileFailure>& result) {
+  return result ? "done" : TextOf(result.Reason());
+}
+
+TEST(FilesTest, AFileThatCannotBeWrittenStaysAsItWas) {
+  TempFolder folder;
+  folder.Write("user/file", "old");
+  folder.Write("user/folder/x", "x");
+  folder.Write("user/shut/file", "old");
+  ASSERT_EQ(mkfifo((folder / "user/Pipe").c_str(), 0600), 0);
+  std::filesystem::permissions(folder / "user/shut", std::filesystem::perms(0555));
+  std::filesystem::permissions(folder / "user", std::filesystem::perms(0777));
+  FolderFiles files({folder / "user"}, 1252);
+  const std::string before = Everything(folder / "user");
+  PlainUser user;
+  if (!user.Works()) GTEST_SKIP() << "this user can't give up its rights";
+  const std::string long_name(300, 'x');
+  struct Case {
+    std::string path;
+    const char* failure;
+  };
+  for (const Case& c : {
+           Case{"FOLDER", "not usable: it is no ordinary file"},
+           Case{"pipe", "not usable: it is no ordinary file"},
+           Case{"file/x", "no folder: Not a directory"},
+           Case{"shut/file", "not usable: Permission denied"},
+           Case{"shut/new/file", "not usable: Permission denied"},
+           Case{long_name, "other: File name too long"},
+           Case{"", "other: Invalid argument"},
+           Case{"../x", "other: Invalid argument"},
+           Case{std::string("a\0b", 3), "other: Invalid argument"},
+       }) {
+    EXPECT_EQ(TextOf(files.WriteFile(c.path, "new")), c.failure) << c.path;
+    EXPECT_EQ(Everything(folder / "user"), before) << c.path;
+  }
+}
+
+/// No file of this process grows beyond a size while this lives.
+class SmallDisk {
+ public:
+  explicit SmallDisk(rlim_t bytes) {
+    signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &former_);
+    const rlimit small{bytes, former_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~SmallDisk() {
+    setrlimit(RLIMIT_FSIZE, &former_);
+    signal(SIGXFSZ, SIG_DFL);
+  }
+
+ private:
+  rlimit former_{};
+};
+
+TEST(FilesTest, AFullDiskLeavesTheOldFileWhole) {
+  TempFolder folder;
+  folder.Write("x.ksp", "old");
+  FolderFiles files({folder / ""}, 1252);
+  {
+    const SmallDisk disk(1000);
+    EXPECT_EQ(TextOf(files.WriteFile("X.ksp", std::string(1001, 'x'))), "other: File too large");
+  }
+  EXPECT_EQ(Everything(folder / ""), "x.ksp=old");
+}
+
+TEST(FilesTest, APathThatBeginsWithTheProgramFolderIsAProgramFile) {
+  TempFolder folder;
+  folder.Write("user/data/X.ksp", "mine");
+  folder.Write("home/DATA/x.ksp", "theirs");
+  folder.Write("home/data/folder.ksp/x", "");
+  folder.Write("home2/x.ksp", "own");
+  folder.Write("big", std::string(kLongestDataFile + 1, 'x'));
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  ASSERT_EQ(mkfifo((folder / "home/pipe").c_str(), 0600), 0);
+  ASSERT_EQ(symlink("loop", (folder / "loop").c_str()), 0);
+  ASSERT_EQ(symlink("/no/where", (folder / "link").c_str()), 0);
+  FolderFiles files({folder / "user", folder / "home//"}, 1252);
+  EXPECT_EQ(files.ProgramFolder(), folder / "home");
+  struct Case {
+    std::string path;
+    std::string then;
+  };
+  for (const Case& c : {
+           Case{"home\\DATA\\x.ksp", "mine"},
+           Case{"home/data/X.KSP", "mine"},
+           Case{"home/../home2/x.ksp", "own"},
+           Case{"home2/x.ksp", "own"},
+           Case{"home/data/folder.ksp", "not usable: Is a directory"},
+           Case{"home/PIPE", "not usable: it is no ordinary file"},
+           Case{"home\\data\\none", "no file: No such file or directory"},
+           Case{"home\\none\\x.ksp", "no folder: No such file or directory"},
+           Case{"home\\data\\x.ksp\\y", "no folder: No such file or directory"},
+           Case{"none", "no file: No such file or directory"},
+           Case{"link", "no file: No such file or directory"},
+           Case{"none/x", "no folder: No such file or directory"},
+           Case{"big/x", "no folder: Not a directory"},
+           Case{"home2", "not usable: Is a directory"},
+           Case{"pipe", "not usable: it is no ordinary file"},
+           Case{"loop", "other: Too many levels of symbolic links"},
+           Case{"big", "other: it has 16777217 bytes, and at most 16777216 are read"},
+           Case{std::string(300, 'x'), "other: File name too long"},
+           Case{std::string("home2/x.ksp\0y", 13), "other: Invalid argument"},
+       }) {
+    const auto read = files.ReadFile(folder / c.path);
+    EXPECT_EQ(read ? read.Value() : TextOf(read), c.then) << c.path;
+  }
+  EXPECT_EQ(TextOf(files.ReadFile("/dev/zero")), "not usable: it is no ordinary file");
+}
+
+TEST(FilesTest, WhatADryRunWritesIsReadAndListedAndNowhereElse) {
+  TempFolder folder;
+  folder.Write("Data/a.ksp", "old");
+  folder.Write("Data/b.ksp", "b");
+  FolderFiles files({folder / ""}, 1252);
+  UnwrittenFiles dry(files);
+  const std::string before = Everything(folder / "");
+  EXPECT_TRUE(dry.WriteFile("\\DATA\\A.ksp", "new"));
+  EXPECT_TRUE(dry.WriteFile("data/c.KSP", "c"));
+  EXPECT_TRUE(dry.WriteFile("data/sub/d.ksp", "d"));
+  EXPECT_TRUE(dry.WriteFile("e.ksp", "e"));
+  EXPECT_FALSE(dry.WriteFile("../x", "x"));
+  EXPECT_EQ(Everything(folder / ""), before);
+  EXPECT_EQ(dry.ListFiles("\\data\\", ".ksp"), (Names{"A.ksp", "b.ksp", "c.KSP"}));
+  EXPECT_EQ(dry.ListFiles("data/SUB", ""), Names{"d.ksp"});
+  EXPECT_EQ(dry.ListFiles("", ".KSP"), Names{"e.ksp"});
+  EXPECT_EQ(dry.ReadBytes("data/a.ksp"), "new");
+  EXPECT_EQ(dry.ReadBytes("data\\b.ksp"), "b");
+  EXPECT_EQ(dry.ReadFile(dry.ProgramFolder() + "\\DATA\\C.ksp").Value(), "c");
+  EXPECT_EQ(dry.ReadFile(folder / "Data/b.ksp").Value(), "b");
+  EXPECT_EQ(dry.Locate("data/a.ksp"), std::nullopt);
+  EXPECT_EQ(files.ReadBytes("data/a.ksp"), "old");
+}
+
+TEST(FolderListingTest, ProgramsAreToldByTheirRightsOrTheirNames) {
+  TempFolder folder;
+  folder.Write("b.exe", "");
+  folder.Write("A.EXE", "");
+  folder.Write("Äx", "");
+  folder.Write("äa", "");
+  folder.Write("exe", "");
+  folder.Write(".hidden.exe", "");
+  folder.Write("z/x", "");
+  folder.Write("B/x", "");
+  folder.Write(".config/x", "");
+  folder.Write("folder.exe/x", "");
+  for (const char* name : {"Äx", "äa", "A.EXE", ".hidden.exe"}) {
+    std::filesystem::permissions(folder / name, std::filesystem::perms(0755));
+  }
+  ASSERT_EQ(mkfifo((folder / "pipe.exe").c_str(), 0777), 0);
+  ASSERT_EQ(symlink("z", (folder / "link").c_str()), 0);
+  ASSERT_EQ(symlink("äa", (folder / "run.exe").c_str()), 0);
+  ASSERT_EQ(symlink("none", (folder / "gone.exe").c_str()), 0);
+  const Names folders = {".config", "B", "folder.exe", "link", "z"};
+  FolderFiles by_name({}, 1252);
+  EXPECT_EQ(by_name.ListFolder(folder / "")->folders, folders);
+  EXPECT_EQ(by_name.ListFolder(folder / "")->programs, (Names{"A.EXE", "b.exe", "run.exe"}));
+  FolderFiles by_right({}, 1252, ProgramNames::kExecutable);
+  EXPECT_EQ(by_right.ListFolder(folder / "")->folders, folders);
+  EXPECT_EQ(by_right.ListFolder(folder / "")->programs, (Names{"A.EXE", "run.exe", "äa", "Äx"}));
+  for (const char* none : {"none", "exe", "pipe.exe", "gone.exe"}) {
+    EXPECT_FALSE(by_name.ListFolder(folder / none)) << none;
+  }
+  EXPECT_FALSE(by_name.ListFolder(std::string("/\0x", 3)));
+}
+
+TEST(FolderListingTest, DrivesAreTheRootAndWhatIsMountedForPeople) {
+  EXPECT_EQ(DrivesAmong(""), Names{"/"});
+  EXPECT_EQ(DrivesAmong("/dev/sda1 / ext4 rw 0 0\n"
+                        "tmpfs /mnt tmpfs rw 0 0\n"
+                        "tmpfs /run tmpfs rw 0 0\n"
+                        "/dev/sdc1 /run/media/a/My\\040Disk\\134x vfat rw 0 0\n"
+                        "/dev/sdb1 /mnt/usb vfat rw 0 0\n"
+                        "/dev/sdb1 /mnt/usb vfat rw 0 0\n"
+                        "/dev/sr0 /media/cd\\9 iso9660 ro 0 0\n"
+                        "tmpfs /mediation/x tmpfs rw 0 0\n"
+                        "/dev/sdd1 /media/last"),
+            (Names{"/", "/media/cd\\9", "/media/last", "/mnt/usb", "/run/media/a/My Disk\\x"}));
+  FolderFiles files({}, 1252);
+  EXPECT_EQ(files.Drives().front(), "/");
+  for (const auto& [folder, path] : {std::pair{"/", "/x"}, {"/a", "/a/x"}, {"/a/", "/a/x"}}) {
+    EXPECT_EQ(files.PathOf(folder, "x"), path);
+  }
 }
 
 TEST(WholeFileTest, OnlyOrdinaryFilesUpToTheirLimitAreRead) {

@@ -8,7 +8,6 @@
 #include "platform/portable/machine_description.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/portable/processor.h"
-#include "platform/portable/shell.h"
 #include "platform/portable/versions.h"
 #include "platform/temp_folder.h"
 #include "platform/windowless_dialog.h"
@@ -20,6 +19,7 @@ constexpr const char* kWhole = R"(
 name = "Title"
 registry = "a.reg"
 codepage = 1250
+programs = "executable"
 [os]
 major = 4
 minor = 10
@@ -65,6 +65,7 @@ TEST(MachineDescriptionTest, EveryKeyArrives) {
   const MachineDescription& m = loaded.Value().description;
   EXPECT_EQ(m.title + m.registry + m.system_folder, "Titlea.regC:\\WINDOWS\\SYSTEM");
   EXPECT_EQ(m.code_page * 1000 + m.os.major * 100 + m.os.minor * 10 + m.os.platform, 1250501);
+  EXPECT_EQ(m.programs, ProgramNames::kExecutable);
   EXPECT_EQ(DescribedVersions(m).FileVersionText("nv4_DISP.dll"), "4.5");
   EXPECT_EQ(DescribedVersions(m).FileVersionText("other.dll"), std::nullopt);
   ASSERT_EQ(m.display_devices->size(), 2u);
@@ -91,6 +92,9 @@ TEST(MachineDescriptionTest, FaultsNameTheirPlace) {
   };
   for (const auto& [text, fault] : {
            Case{"name = 5", "m.toml:1:8: \"name\" must be a text"},
+           Case{"programs = \"com\"",
+                "m.toml:1:12: \"programs\" must be \"executable\" or \"exe\""},
+           Case{"\nprograms = 1", "m.toml:2:12: \"programs\" must be \"executable\" or \"exe\""},
            Case{"\n[os]\nmajor = \"5\"",
                 "m.toml:3:9: \"major\" must be a whole number from 0 to 65535"},
            Case{"[os]\nplatform = 3",
@@ -295,40 +299,6 @@ TEST_F(PortableMachineTest, PlacesComeFromOptionsThenEnvironmentThenDefaults) {
   setenv("XDG_DATA_HOME", "relative", 1);
   setenv("HOME", "/h", 1);
   EXPECT_EQ(FindPlaces({.machine = "m"}).store, "/h/.local/share/kestrune/m.store");
-}
-
-class CountingDriver : public DriverStandIn {
- public:
-  void Reload(std::string_view command_line) override { commands.emplace_back(command_line); }
-  std::vector<std::string> commands;
-};
-
-TEST(ShellTest, ReloadCommandsGoToTheDriver) {
-  CountingDriver driver;
-  ProcessShell shell;
-  EXPECT_TRUE(shell.StartCommand("rundll32 NvCpl.dll,NvStartup", WindowState::kNormal));
-  shell.SetDriverStandIn(&driver);
-  for (const char* command : {"rundll32 NvCpl.dll,NvStartup", "RunDLL32.exe x", "\"rundll32\""}) {
-    EXPECT_TRUE(shell.StartCommand(command, WindowState::kMinimised));
-  }
-  for (const char* command : {"/no/rundll32 x", "rundll32x", "", "  ", "no-such-program-here"}) {
-    EXPECT_FALSE(shell.StartCommand(command, WindowState::kNormal)) << command;
-  }
-  EXPECT_EQ(driver.commands.size(), 3u);
-  EXPECT_EQ(driver.commands[0], "rundll32 NvCpl.dll,NvStartup");
-}
-
-TEST(ShellTest, OtherCommandsBecomeProcessesThatNobodyWaitsFor) {
-  TempFolder folder;
-  folder.Write("say it",
-               "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.out.tmp\"\nmv \"$0.out.tmp\" \"$0.out\"\n");
-  std::filesystem::permissions(folder / "say it", std::filesystem::perms(0755));
-  const std::string command = '"' + (folder / "say it") + "\" a \"b  c\"d \"\"";
-  EXPECT_TRUE(ProcessShell(true).StartCommand(command, WindowState::kNormal));
-  EXPECT_FALSE(std::filesystem::exists(folder / "say it.out"));
-  EXPECT_TRUE(ProcessShell().StartCommand(command, WindowState::kNormal));
-  for (int i = 0; i < 500 && !std::filesystem::exists(folder / "say it.out"); ++i) usleep(10000);
-  EXPECT_EQ(ReadAll(folder / "say it.out"), "a|b  cd||");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/plain_user.h"
 #include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/reg_file.h"
@@ -94,22 +95,6 @@ std::string Bytes(const std::string& path) {
   }
   return bytes;
 }
-
-/// Gives up an administrator's rights for a while, so that permissions mean something.
-class PlainUser {
- public:
-  PlainUser() : was_root_(geteuid() == 0) {
-    if (was_root_) is_plain_ = seteuid(65534) == 0;
-  }
-  ~PlainUser() {
-    if (is_plain_ && seteuid(0) != 0) std::abort();
-  }
-  bool Works() const { return !was_root_ || is_plain_; }
-
- private:
-  bool was_root_;
-  bool is_plain_ = false;
-};
 
 TEST(StoreTest, WhatWasWrittenIsThereLaterAndForOthersAtOnce) {
   TempFolder folder;

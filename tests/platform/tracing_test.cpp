@@ -4,7 +4,9 @@
 
 #include <algorithm>
 
+#include "platform/portable/files.h"
 #include "platform/registry_kinds.h"
+#include "platform/temp_folder.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
@@ -44,6 +46,9 @@ struct TracingTest : testing::Test {
   TracingRegistry registry{subject->Registry(), trace};
   SilentShell silent;
   TracingShell shell{silent, trace};
+  TempFolder folder;
+  portable::FolderFiles folder_files{{folder / ""}, 1252};
+  TracingFiles files{folder_files, trace};
 };
 
 TEST_F(TracingTest, TellsWhatReachedTheRegistry) {
@@ -89,15 +94,20 @@ TEST_F(TracingTest, TellsAGroupAtItsEndAndOnlyTheCommandsOfOneThatIsTakenBack) {
       EXPECT_EQ(inner.Commit(), RegStatus::kSuccess);
     }
     shell.OpenControlPanelItem("second");
+    EXPECT_TRUE(files.WriteFile("\\Data\\.\\x\ty.ksp", "bytes"));
+    EXPECT_FALSE(files.WriteFile("..\\x", "bytes"));
+    EXPECT_FALSE(shell.StartProgram("third", WindowState::kNormal));
     EXPECT_EQ(Lines(), "");
     if (keep) {
       EXPECT_EQ(outer.Commit(), RegStatus::kSuccess);
     }
   };
   group(true);
-  EXPECT_EQ(Lines(), "write/HKCU\\K/a/TYPE_0\nrun/first\ndelete/HKCU\\K/a\nopen/second\n");
+  EXPECT_EQ(Lines(),
+            "write/HKCU\\K/a/TYPE_0\nrun/first\ndelete/HKCU\\K/a\nopen/second\n"
+            "file/write/Data/x\\ty.ksp\nrun/third\n");
   group(false);
-  EXPECT_EQ(Lines(), "run/first\nopen/second\n");
+  EXPECT_EQ(Lines(), "run/first\nopen/second\nfile/write/Data/x\\ty.ksp\nrun/third\n");
 }
 
 }  // namespace
