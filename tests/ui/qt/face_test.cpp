@@ -19,10 +19,10 @@
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
 #include "platform/tracing.h"
-#include "platform/windowless_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/windows.h"
 #include "ui/qt/face_style.h"
+#include "ui/qt/qt_dialog.h"
 
 namespace kestrune::qt {
 namespace {
@@ -43,7 +43,8 @@ class RunningProgram {
     face_.emplace(program_, services_.files,
                   FaceOptions{.store_failure = [this] { return store_failure_; },
                               .machine_title = machine_->Title(),
-                              .changes = &changes_});
+                              .changes = &changes_,
+                              .dialog = &dialog_});
     Window().activateWindow();
     (void)QTest::qWaitForWindowActive(&Window());
   }
@@ -51,6 +52,7 @@ class RunningProgram {
   forms::Program& TheProgram() { return program_; }
   FormView& Window() { return *face_->ViewOf(program_.Main()); }
   FormView* ViewOf(std::string_view window) { return face_->ViewOf(program_.FormOf(window)); }
+  platform::DialogApi& Dialog() { return dialog_; }
   void FailStore(const std::string& sentence) { store_failure_ = sentence; }
 
   template <typename T>
@@ -110,7 +112,7 @@ class RunningProgram {
   }
 
   std::unique_ptr<platform::Machine> machine_;
-  platform::WindowlessDialog dialog_;
+  QtDialog dialog_;
   platform::Services services_;
   face::ChangeLog changes_;
   platform::Trace trace_{changes_.Sink()};
@@ -119,6 +121,13 @@ class RunningProgram {
   std::optional<std::string> store_failure_;
   std::optional<Face> face_;
 };
+
+/// The labels by which assistive technology hears a text.
+QList<QLabel*> Spoken(RunningProgram& running, const QString& text) {
+  QList<QLabel*> labels = running.Window().findChildren<QLabel*>();
+  labels.removeIf([&text](const QLabel* label) { return label->accessibleName() != text; });
+  return labels;
+}
 
 class FaceTest : public testing::Test {
  protected:
@@ -388,14 +397,25 @@ TEST_F(FaceTest, AFailureOfTheStoreIsSaidOnceAndTheLowerPanelStillOpens) {
     QTest::mouseClick(&running.Widget<QCheckBox>("direct3d.filtering.disable-mipmap-filtering"),
                       Qt::LeftButton, {}, QPoint(5, 8));
   }
-  QList<QLabel*> notices;
-  for (QLabel* label : running.Window().findChildren<QLabel*>()) {
-    if (label->accessibleName() == "The store is full.") notices += label;
-  }
+  const QList<QLabel*> notices = Spoken(running, "The store is full.");
   ASSERT_EQ(notices.size(), 1);
   EXPECT_TRUE(notices[0]->isVisible());
   QTest::mouseMove(notices[0], QPoint(5, 5));
   EXPECT_TRUE(QTest::qWaitFor([&] { return running.Window().height() == 427; }));
+}
+
+TEST_F(FaceTest, ANoticeTakesThePlaceOfTheLastOneBehindAFailureOfTheStore) {
+  RunningProgram running(NewStore());
+  running.TheProgram().GoToPage(1);
+  running.Dialog().Notify("First.");
+  ASSERT_EQ(Spoken(running, "First.").size(), 1);
+  const QLabel* notice = Spoken(running, "First.")[0];
+  EXPECT_TRUE(notice->isVisible());
+  running.FailStore("The store is full.");
+  running.Pick("direct3d.antialiasing.antialiasing-mode", "4x");
+  EXPECT_EQ(notice->accessibleName(), "The store is full.");
+  for (const char* sentence : {"Second.", "Third."}) running.Dialog().Notify(sentence);
+  EXPECT_EQ(notice->accessibleName(), "The store is full. Third.");
 }
 
 TEST_F(FaceTest, WhatAnActChangedIsSaidOverTheEdgeOfTheLowerPanel) {
