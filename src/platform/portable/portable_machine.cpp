@@ -1,6 +1,5 @@
 #include "platform/portable/portable_machine.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -17,6 +16,7 @@
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
 #include "platform/portable/unwritten_files.h"
+#include "platform/portable/user_folders.h"
 #include "platform/portable/versions.h"
 #include "platform/portable/whole_file.h"
 #include "platform/reg_file.h"
@@ -28,11 +28,6 @@ constexpr const char* kDefaultMachine = "winxp-geforce6800";
 /// The description that leaves everything to the computer that the program runs on.
 constexpr const char* kOwnComputer = "host";
 
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
 std::string FirstOf(const std::string& given, const char* variable, const std::string& otherwise) {
   if (!given.empty()) return given;
   const std::string value = Environment(variable);
@@ -42,19 +37,6 @@ std::string FirstOf(const std::string& given, const char* variable, const std::s
 bool IsFolder(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_directory(path, error);
-}
-
-/// The folder for what the user's programs keep; empty when the user has none.
-std::string UserDataFolder() {
-  const std::string data = Environment("XDG_DATA_HOME");
-  if (data.starts_with('/')) return data + "/kestrune";
-  const std::string home = Environment("HOME");
-  return home.empty() ? "" : home + "/.local/share/kestrune";
-}
-
-std::string ExecutableFolder() {
-  std::error_code error;
-  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
 std::string InstalledFolder(const std::string& executable_folder) {
@@ -134,9 +116,11 @@ class PortableMachine : public Machine {
 
 MachinePlaces FindPlaces(const MachineOptions& options, const std::string& executable_folder) {
   MachinePlaces places;
-  const std::string user = UserDataFolder();
-  const std::string installed =
-      InstalledFolder(executable_folder.empty() ? ExecutableFolder() : executable_folder);
+  const std::string home = DataHome();
+  const std::string user = home.empty() ? "" : home + "/kestrune";
+  const std::string installed = InstalledFolder(
+      executable_folder.empty() ? std::filesystem::path(ExecutablePath()).parent_path().string()
+                                : executable_folder);
   const std::string given = FirstOf(options.program_folder, "KESTRUNE_PROGRAM_FOLDER", "");
   if (!given.empty()) {
     places.program_folders = {given};

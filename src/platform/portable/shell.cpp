@@ -1,7 +1,6 @@
 #include "platform/portable/shell.h"
 
 #include <poll.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -32,12 +31,15 @@ constexpr ControlPanelProgram kControlPanel[] = {
 
 constexpr std::string_view kBlanks = " \t";
 
-bool IsKind(const std::string& path, mode_t kind) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == kind;
+bool IsFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
 }
 
-bool IsExecutable(const std::string& path) { return access(path.c_str(), X_OK) == 0; }
+bool IsFolder(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_directory(path, error);
+}
 
 /// A program as it is to be started; its words begin with its own name.
 struct Program {
@@ -74,29 +76,11 @@ std::string WithoutQuotes(std::string_view text) {
   return plain;
 }
 
-/// Where a path leads from a folder; an empty folder is that of this process.
-std::string From(const std::string& folder, const std::string& path) {
-  return folder.empty() || path.starts_with('/') ? path : folder + "/" + path;
-}
-
-std::optional<std::string> FindAlongPath(const std::string& name, const std::string& folder) {
-  const char* variable = std::getenv("PATH");
-  std::string_view places = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
-  while (!places.empty()) {
-    const std::size_t end = std::min(places.find(':'), places.size());
-    const std::string place(end == 0 ? "." : places.substr(0, end));
-    std::string file = From(folder, place + "/" + name);
-    if (IsKind(file, S_IFREG) && IsExecutable(file)) return file;
-    places.remove_prefix(std::min(end + 1, places.size()));
-  }
-  return std::nullopt;
-}
-
 /// The program of a command line whose first word names it.
 std::optional<Program> FindByWords(std::vector<std::string> words, const std::string& folder) {
   if (words.empty() || words.front().empty()) return std::nullopt;
   const std::string name = words.front();
-  if (name.find('/') != name.npos) return Program{From(folder, name), std::move(words)};
+  if (name.find('/') != name.npos) return Program{PathFrom(folder, name), std::move(words)};
   std::optional<std::string> file = FindAlongPath(name, folder);
   if (!file) return std::nullopt;
   return Program{std::move(*file), std::move(words)};
@@ -118,24 +102,23 @@ std::size_t NextEnd(std::string_view text, std::size_t end) {
 Result<Program, StartFault> FindProgram(std::string_view text, const std::string& folder) {
   const std::size_t start = text.find_first_not_of(kBlanks);
   if (start == text.npos || text.find('\0') != text.npos) return FailWith(StartFault::kNotFound);
-  const std::string whole = From(folder, std::string(text));
-  if (IsKind(whole, S_IFREG)) return Program{whole, {std::string(text)}};
+  const std::string whole = PathFrom(folder, std::string(text));
+  if (IsFile(whole)) return Program{whole, {std::string(text)}};
   text.remove_prefix(start);
   for (std::size_t end = 0; end < text.size();) {
     end = NextEnd(text, end);
     const std::string name = WithoutQuotes(text.substr(0, end));
-    const std::string file = From(folder, name);
-    if (!IsKind(file, S_IFREG)) continue;
+    const std::string file = PathFrom(folder, name);
+    if (!IsFile(file)) continue;
     std::vector<std::string> words = SplitCommandLine(text.substr(end));
     words.insert(words.begin(), name);
     return Program{file, std::move(words)};
   }
   std::optional<Program> program = FindByWords(SplitCommandLine(text), folder);
   if (!program) return FailWith(StartFault::kNotFound);
-  struct stat status {};
-  if (stat(program->file.c_str(), &status) == 0) return std::move(*program);
+  if (access(program->file.c_str(), F_OK) == 0) return std::move(*program);
   const std::string parent = program->file.substr(0, program->file.rfind('/') + 1);
-  return FailWith(IsKind(parent, S_IFDIR) ? StartFault::kNotFound : StartFault::kNoFolder);
+  return FailWith(IsFolder(parent) ? StartFault::kNotFound : StartFault::kNoFolder);
 }
 
 }  // namespace
@@ -189,7 +172,7 @@ Result<std::unique_ptr<ChildProcess>, StartFault> ProcessShell::StartProgram(
   Result<Program, StartFault> found = FindProgram(command_line, folder_);
   if (!found) return FailWith(found.Reason());
   Program& program = found.Value();
-  if (!IsKind(program.file, S_IFREG) || !IsExecutable(program.file)) {
+  if (!IsFile(program.file) || access(program.file.c_str(), X_OK) != 0) {
     return FailWith(StartFault::kNotExecutable);
   }
   if (dry_run_) return Child(std::make_unique<EndedChild>());
@@ -203,8 +186,8 @@ bool ProcessShell::SetCurrentFolder(std::string_view folder) {
   if (folder.find('\0') != folder.npos) return false;
   std::error_code error;
   const std::string path =
-      std::filesystem::absolute(From(folder_, std::string(folder)), error).string();
-  if (error || !IsKind(path, S_IFDIR) || !IsExecutable(path)) return false;
+      std::filesystem::absolute(PathFrom(folder_, std::string(folder)), error).string();
+  if (error || !IsFolder(path) || access(path.c_str(), X_OK) != 0) return false;
   folder_ = path;
   return true;
 }

@@ -8,12 +8,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <span>
+#include <string_view>
+#include <system_error>
 
 namespace kestrune::platform::portable {
 
@@ -104,6 +109,26 @@ std::size_t ReadReport(int report, std::span<char> bytes) {
 }
 
 }  // namespace
+
+std::string PathFrom(const std::string& folder, const std::string& path) {
+  return folder.empty() || path.starts_with('/') ? path : folder + "/" + path;
+}
+
+std::optional<std::string> FindAlongPath(const std::string& name, const std::string& folder) {
+  const char* variable = std::getenv("PATH");
+  std::string_view places = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
+  while (!places.empty()) {
+    const std::size_t end = std::min(places.find(':'), places.size());
+    const std::string place(end == 0 ? "." : places.substr(0, end));
+    std::string file = PathFrom(folder, place + "/" + name);
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0) {
+      return file;
+    }
+    places.remove_prefix(std::min(end + 1, places.size()));
+  }
+  return std::nullopt;
+}
 
 std::optional<pid_t> Spawn(const std::string& file, std::vector<std::string> words,
                            const std::string& folder) {

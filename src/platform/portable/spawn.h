@@ -8,6 +8,12 @@
 
 namespace kestrune::platform::portable {
 
+/// Where a path leads from a folder; an empty folder is the one of this process.
+std::string PathFrom(const std::string& folder, const std::string& path);
+
+/// The executable file of a program along PATH, whose own paths count from a folder.
+std::optional<std::string> FindAlongPath(const std::string& name, const std::string& folder);
+
 /// Starts a program's file with its words, the first of which is its own name, in a folder (empty:
 /// the one of this process). It is no child of this process: it has a session of its own, goes on
 /// when this one ends, and leaves no zombie; signals and their mask are as at a log-on, and it

@@ -6,9 +6,12 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/plain_text.h"
+#include "platform/portable/desktop_entry.h"
 #include "platform/portable/portable_machine.h"
+#include "platform/portable/user_folders.h"
 #include "platform/services.h"
 #include "platform/thrown.h"
 #include "platform/tracing.h"
@@ -34,6 +37,16 @@ bool HasScreen() {
 
 /// Whether someone can press a button: not off the screen, and not while a picture is taken.
 bool HasPerson() { return HasScreen() && qEnvironmentVariableIsEmpty("KESTRUNE_SCREENSHOT"); }
+
+/// What the toolkit is told: nothing that stands on the command line, since a path may look like
+/// one of its options. A profile is applied without a window, so it needs no display.
+std::vector<std::string> ToolkitArguments(const char* own_name, bool has_profile) {
+  const auto is_set = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
+  const bool has_display =
+      is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
+  if (!has_profile || has_display) return {own_name};
+  return {own_name, "-platform", "offscreen"};
+}
 
 /// Takes what the toolkit says while it looks for a display. Without one it would abort; all else
 /// only leads up to that.
@@ -79,6 +92,10 @@ class Application : public QApplication {
   }
 };
 
+void AssociateProfiles() {
+  platform::portable::AssociateProfiles(platform::portable::ExecutablePath());
+}
+
 int Run(const std::string& profile_path) {
   platform::portable::PortableMachines machines;
   const auto opened = machines.Open({});
@@ -105,6 +122,8 @@ int Run(const std::string& profile_path) {
                        .changes = &changes,
                        .dialog = has_person ? &shown : nullptr});
   TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
+  // Nothing in the window waits for it.
+  if (has_person) QTimer::singleShot(0, qApp, AssociateProfiles);
   return QApplication::exec();
 }
 
@@ -115,16 +134,20 @@ int main(int argument_count, char** arguments) {
     std::fputs(answer->c_str(), stdout);
     return 0;
   }
+  const std::string profile_path = face::ProfilePath(argument_count, arguments);
+  std::vector<std::string> told = ToolkitArguments(arguments[0], !profile_path.empty());
+  std::vector<char*> words;
+  for (std::string& word : told) words.push_back(word.data());
+  int word_count = static_cast<int>(words.size());
+  words.push_back(nullptr);
   QApplication::setStyle(new qt::FaceStyle);
   QApplication::setApplicationName("kestrune");
   QGuiApplication::setDesktopFileName("kestrune");
-  // The toolkit would take its own options out of a path that happens to look like one.
-  int own_count = 1;
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
-  const Application application(own_count, arguments);
+  const Application application(word_count, words.data());
   qInstallMessageHandler(usual);
   try {
-    return Run(face::ProfilePath(argument_count, arguments));
+    return Run(profile_path);
   } catch (...) {
     return Fail(platform::ThrownSentence());
   }
