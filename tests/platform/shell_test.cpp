@@ -154,6 +154,8 @@ TEST_F(StartTest, WhatCannotBeStartedSaysWhy) {
            Case{"broken", "not executable"},
            Case{"rubbish x", "not executable"},
            Case{"./bin", "not executable"},
+           Case{"none" + std::string(1 << 22, ' ') + "x", "not found"},
+           Case{"my " + std::string(1 << 23, 'x'), "not executable"},
            Case{"/dev/null", "not executable"},
        }) {
     EXPECT_EQ(Started(c.command_line), c.fault) << c.command_line;

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -86,15 +87,17 @@ std::optional<Program> FindByWords(std::vector<std::string> words, const std::st
   return Program{std::move(*file), std::move(words)};
 }
 
-/// The end of the beginning that follows one that ended at `end`: the next blank outside double
-/// quotes, else the end of the text.
-std::size_t NextEnd(std::string_view text, std::size_t end) {
+/// Where the beginnings of a command line end that may name a file: at a blank outside double
+/// quotes, and at its own end. A longer one than any path is none.
+std::vector<std::size_t> EndsOfBeginnings(std::string_view text) {
+  std::vector<std::size_t> ends;
   bool in_quotes = false;
-  for (std::size_t at = 0; at < text.size(); ++at) {
+  for (std::size_t at = 0; at < std::min<std::size_t>(text.size(), PATH_MAX); ++at) {
     if (text[at] == '"') in_quotes = !in_quotes;
-    if (at > end && !in_quotes && kBlanks.find(text[at]) != kBlanks.npos) return at;
+    if (!in_quotes && kBlanks.find(text[at]) != kBlanks.npos) ends.push_back(at);
   }
-  return text.size();
+  if (text.size() <= PATH_MAX) ends.push_back(text.size());
+  return ends;
 }
 
 /// The whole text as a program, else its shortest beginning that names one, else its first word.
@@ -105,8 +108,7 @@ Result<Program, StartFault> FindProgram(std::string_view text, const std::string
   const std::string whole = PathFrom(folder, std::string(text));
   if (IsFile(whole)) return Program{whole, {std::string(text)}};
   text.remove_prefix(start);
-  for (std::size_t end = 0; end < text.size();) {
-    end = NextEnd(text, end);
+  for (const std::size_t end : EndsOfBeginnings(text)) {
     const std::string name = WithoutQuotes(text.substr(0, end));
     const std::string file = PathFrom(folder, name);
     if (!IsFile(file)) continue;
@@ -161,6 +163,7 @@ bool ProcessShell::Start(std::vector<std::string> words) {
   std::optional<Program> program = FindByWords(std::move(words), folder_);
   return program && Spawn(program->file, std::move(program->words), folder_);
 }
+
 bool ProcessShell::StartCommand(std::string_view command_line, WindowState) {
   return TakenByDriver(command_line) || Start(SplitCommandLine(command_line));
 }
