@@ -39,7 +39,7 @@ class AssociationTest : public testing::Test {
   std::string Told(const char* command) {
     const std::string file = (folder_ / "bin/") + command + ".told";
     for (int i = 0; i < 500 && !std::filesystem::exists(file); ++i) usleep(10000);
-    const std::string told = ReadAll(file);
+    std::string told = ReadAll(file);
     std::filesystem::remove(file);
     return told;
   }

@@ -22,7 +22,8 @@ std::string DataHome() {
 
 std::vector<std::string> DataFolders() {
   const std::string given = Environment("XDG_DATA_DIRS");
-  std::string_view list = given.empty() ? "/usr/local/share:/usr/share" : given;
+  std::string_view list = "/usr/local/share:/usr/share";
+  if (!given.empty()) list = given;
   std::vector<std::string> folders;
   while (!list.empty()) {
     const std::string_view folder = list.substr(0, list.find(':'));

@@ -137,6 +137,7 @@ int main(int argument_count, char** arguments) {
   const std::string profile_path = face::ProfilePath(argument_count, arguments);
   std::vector<std::string> told = ToolkitArguments(arguments[0], !profile_path.empty());
   std::vector<char*> words;
+  words.reserve(told.size() + 1);
   for (std::string& word : told) words.push_back(word.data());
   int word_count = static_cast<int>(words.size());
   words.push_back(nullptr);
