@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include "platform/portable/user_folders.h"
 #include "platform/temp_folder.h"
 
 namespace kestrune::platform::portable {
@@ -50,6 +51,15 @@ class AssociationTest : public testing::Test {
   const std::string path_ = getenv("PATH");
   const std::string program_ = folder_ / "bin/kestrune";
 };
+
+TEST_F(AssociationTest, FoldersComeFromTheEnvironmentElseFromTheirDefaults) {
+  setenv("XDG_DATA_DIRS", "/a:relative::/b", 1);
+  EXPECT_EQ(DataFolders(), (std::vector<std::string>{"/a", "/b"}));
+  for (const char* none : {"", static_cast<const char*>(nullptr)}) {
+    none != nullptr ? setenv("XDG_DATA_DIRS", none, 1) : unsetenv("XDG_DATA_DIRS");
+    EXPECT_EQ(DataFolders(), (std::vector<std::string>{"/usr/local/share", "/usr/share"}));
+  }
+}
 
 TEST_F(AssociationTest, IsWrittenOnceAndAgainWhenItDiffers) {
   AssociateProfiles(program_);
