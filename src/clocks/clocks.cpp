@@ -36,7 +36,6 @@ constexpr int kFirstNvCplDriver = 2281;
 constexpr int kLastDriverWithoutSwitches = 5500;
 
 constexpr int kMostAttempts = 5;
-constexpr std::int16_t kMostPlausibleMHz = 2000;
 
 /// A fraction rounded to the nearest whole number, halves to the even one. Both are positive.
 int RoundedQuotient(int dividend, int divisor) {
@@ -226,10 +225,9 @@ void Clocks::Read(const ClockVariant& variant) {
 }
 
 void Clocks::SetAndRead() {
-  const ClockVariant& variant = HasTwoPairs() ? kTwoPairs : kOnePair;
-  Set(variant);
+  SetRequested();
   dialog_.RunPendingEvents();
-  Read(variant);
+  Read(Variant());
 }
 
 void Clocks::BumpClockKeyRevision() {
@@ -243,17 +241,20 @@ void Clocks::BumpClockKeyRevision() {
   key.replace(revision + 1, 1, std::to_string(digit - '0' + 1));
 }
 
-void Clocks::RefreshClocks() {
-  state.DefaultCoreMHz = state.DefaultMemoryMHz = state.CoreMHz = state.MemoryMHz = 0;
+bool Clocks::ReadPlausible(std::int16_t most_mhz, const std::function<void()>& read) {
   for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-    state.KeepClockValues = 1;
-    Read(HasTwoPairs() ? kTwoPairs : kOnePair);
-    Show();
-    if (state.DefaultMemoryMHz <= kMostPlausibleMHz && state.DefaultCoreMHz <= kMostPlausibleMHz) {
-      return;
-    }
+    Read(Variant());
+    if (read) read();
+    if (state.DefaultMemoryMHz <= most_mhz && state.DefaultCoreMHz <= most_mhz) return true;
     BumpClockKeyRevision();
   }
+  return false;
+}
+
+void Clocks::RefreshClocks() {
+  state.DefaultCoreMHz = state.DefaultMemoryMHz = state.CoreMHz = state.MemoryMHz = 0;
+  state.KeepClockValues = 1;
+  if (ReadPlausible(kMostPlausibleMHz, [this] { Show(); })) return;
   core::Ignore(dialog_.ShowMessage(core::kProgramTitle,
                                    LangText[texts::kImplausibleClocks] + adapter_.DeviceIdPrefix +
                                        LangText[texts::kImplausibleClocksEnd],

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -45,6 +46,9 @@ struct ClockVariant {
 /// RefreshClocks.
 class Clocks {
  public:
+  /// The most that a card's default clocks are taken for.
+  static constexpr std::int16_t kMostPlausibleMHz = 2000;
+
   Clocks(core::basRegistry& registry, platform::ShellApi& shell, platform::DialogApi& dialog,
          const detect::VersionState& versions, detect::AdapterState& adapter,
          const lang::LangTable& lang_text, const controls::ControlSet& controls)
@@ -67,13 +71,18 @@ class Clocks {
   /// The same for processors with two pairs, of which Clock3D chooses one.
   void SetClocksFx5900() { Set(kTwoPairs); }
   void ReadClocksFx5900() { Read(kTwoPairs); }
-  /// Sets and reads the requested clocks on whatever processor this is.
+  /// Sets the requested clocks on whatever processor this is.
+  void SetRequested() { Set(Variant()); }
+  /// Sets and reads the requested clocks.
   void SetAndRead();
   /// Raises the revision in HardwareKey by one: A1 becomes A2, A9 becomes A10. A key without a
   /// revision that ends in a digit stays.
   void BumpClockKeyRevision();
-  /// Reads the clocks and shows them. Defaults of more than 2000 MHz mean a wrong clock key: it is
-  /// tried with the next revision, five times at the most, and then a message says so.
+  /// Reads the clocks. Defaults of more than `most_mhz` mean a wrong clock key: it is tried with
+  /// the next revision, five times at the most. `read` runs after each reading. False when none was
+  /// plausible.
+  bool ReadPlausible(std::int16_t most_mhz, const std::function<void()>& read = {});
+  /// Reads the clocks and shows them, or says in a message that no plausible ones were read.
   void RefreshClocks();
 
   ClockState state;
@@ -91,7 +100,7 @@ class Clocks {
   core::RegRoot SetRoot() const;
   core::RegRoot ReadRoot() const;
   bool IsOlderThan(int driver) const;
-  bool HasTwoPairs() const { return adapter_.CardVar == 1; }
+  const ClockVariant& Variant() const { return adapter_.CardVar == 1 ? kTwoPairs : kOnePair; }
 
   void Set(const ClockVariant& variant);
   void RestoreDefaults(const Names& names);

@@ -130,6 +130,10 @@ class ListBox : public Control {
   /// Replaces the lines; the chosen one stays chosen where there is one like it, at its place
   /// rather than elsewhere.
   void RefreshItems(std::vector<std::string> items);
+  /// Whether a line is a place that choosing it goes to, so that a keyboard first looks for it and
+  /// chooses by Enter. Said before it is drawn.
+  bool LeadsElsewhere() const { return leads_elsewhere_; }
+  void SetLeadsElsewhere(bool leads) { leads_elsewhere_ = leads; }
 
   std::string ValueText() const override;
   void Accept(ControlVisitor& visitor) override;
@@ -139,6 +143,7 @@ class ListBox : public Control {
  private:
   std::vector<std::string> items_;
   int position_ = -1;
+  bool leads_elsewhere_ = false;
 };
 
 /// A line of text that a person types, or only reads where it takes no typing. Which of the two it

@@ -90,11 +90,18 @@ std::optional<std::int32_t> ParseInt32(std::string_view text) {
   return number ? RoundToInt32(*number) : std::nullopt;
 }
 
-std::optional<std::int32_t> ParseWholeNumber(std::string_view text) {
+platform::Result<std::int32_t, NumberFault> ParseWholeNumber(std::string_view text,
+                                                             std::int32_t lowest,
+                                                             std::int32_t highest) {
   std::string_view digits = TrimBlanks(text);
-  if (digits.starts_with("&")) return ParseInt32(digits);
   if (digits.starts_with('-') || digits.starts_with('+')) digits.remove_prefix(1);
-  return CountDigits(digits) == digits.size() ? ParseInt32(text) : std::nullopt;
+  const bool is_whole = digits.starts_with('&') || CountDigits(digits) == digits.size();
+  const std::optional<double> number = ParseNumber(text);
+  if (!number || !is_whole) {
+    return platform::FailWith(NumberFault::kNoWholeNumber);
+  }
+  if (*number < lowest || *number > highest) return platform::FailWith(NumberFault::kOverflow);
+  return static_cast<std::int32_t>(*number);
 }
 
 }  // namespace kestrune::core

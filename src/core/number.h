@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string_view>
+
+#include "platform/result.h"
 
 namespace kestrune::core {
 
@@ -23,8 +26,16 @@ std::optional<std::int32_t> RoundToInt32(double number);
 /// Reads a text as a whole 32-bit number by the two rules above.
 std::optional<std::int32_t> ParseInt32(std::string_view text);
 
-/// The whole 32-bit number that a text spells: blanks around it, an optional sign and decimal
-/// digits alone, or "&H" as above. Nothing for any other text, also one with a fraction.
-std::optional<std::int32_t> ParseWholeNumber(std::string_view text);
+/// Why a text is no whole number of a range.
+enum class NumberFault {
+  kNoWholeNumber,
+  kOverflow,  ///< a whole number outside the range
+};
+
+/// The whole number that a text spells: blanks around it, an optional sign and decimal digits
+/// alone, or "&H" as above. A fraction, even of 0, makes it none.
+platform::Result<std::int32_t, NumberFault> ParseWholeNumber(
+    std::string_view text, std::int32_t lowest = std::numeric_limits<std::int32_t>::min(),
+    std::int32_t highest = std::numeric_limits<std::int32_t>::max());
 
 }  // namespace kestrune::core

@@ -18,6 +18,15 @@ inline constexpr int kCoreClock = 226;
 inline constexpr int kMemoryClock = 227;
 inline constexpr int kRefusedClock = 269;
 
+// What the profile manager says.
+inline constexpr int kSelectProfile = 232;
+inline constexpr int kNoProfiles = 233;
+inline constexpr int kSaved = 234;
+inline constexpr int kNoProfile = 235;
+inline constexpr int kRefusedName = 268;
+inline constexpr int kBeyondList = 272;
+inline constexpr int kRefusedApplication = 274;
+
 // Reasons why something is disabled; the first is followed by the release.
 inline constexpr int kFromDriver = 278;
 inline constexpr int kNotOnThisCard = 279;

@@ -34,4 +34,10 @@ void AppendCharacter(std::string& text, char32_t character) {
   append(0xF0 | character >> 18), append_rest(12), append_rest(6), append_rest(0);
 }
 
+std::size_t OffsetBehind(std::string_view text, std::size_t count) {
+  std::size_t position = 0;
+  for (; count > 0 && position < text.size(); --count) (void)NextCharacter(text, position);
+  return position;
+}
+
 }  // namespace kestrune::platform

@@ -41,7 +41,8 @@ std::vector<std::int32_t> ReadValues(core::FieldReader& reader) {
   std::vector<std::int32_t> values;
   for (auto field = reader.Next(); field && *field != kTerminator; field = reader.Next()) {
     if (values.size() == kMostValues) continue;
-    values.push_back(core::ParseWholeNumber(*field).value_or(0));
+    const auto number = core::ParseWholeNumber(*field);
+    values.push_back(number ? number.Value() : 0);
   }
   return values;
 }

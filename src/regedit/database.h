@@ -14,27 +14,36 @@ namespace kestrune::regedit {
 
 enum class Category { kDirect3D, kOpenGL, kSystem };
 
-/// Where the first four characters of a file's name are none of the value's.
-enum class Drops { kNever, kOnWindows9x, kAlways };
+/// Where the first four characters of a name in a file are none of the value's.
+enum class Drops {
+  kNever,
+  kOnWindows9x,
+  kOnWindows9xOrFrom2961,  ///< and with every driver from 29.61 on
+  kAlways,
+};
 
 struct CategoryRow {
   Category category;
   std::string_view tag;     ///< ends the names of its files
   std::string_view name;    ///< in every language
   std::string_view subkey;  ///< of the driver's key on Windows 9x; empty: the tweak key everywhere
-  Drops drops;
+  Drops drops;              ///< where a value is edited or deleted
+  Drops saved_drops;        ///< where it is read for a profile; names of up to four characters stay
 };
 
 /// In the order of the editor's list.
 inline constexpr CategoryRow kCategories[] = {
-    {Category::kDirect3D, "d3d", "Direct3D", "\\NVidia\\Direct3D", Drops::kAlways},
-    {Category::kOpenGL, "ogl", "OpenGL", "\\NVidia\\OpenGL", Drops::kOnWindows9x},
-    {Category::kSystem, "sys", "System / Control panel", "", Drops::kNever}};
+    {Category::kDirect3D, "d3d", "Direct3D", "\\NVidia\\Direct3D", Drops::kAlways,
+     Drops::kOnWindows9xOrFrom2961},
+    {Category::kOpenGL, "ogl", "OpenGL", "\\NVidia\\OpenGL", Drops::kOnWindows9x,
+     Drops::kOnWindows9x},
+    {Category::kSystem, "sys", "System / Control panel", "", Drops::kNever, Drops::kNever}};
 
 const CategoryRow& RowOf(Category category);
 
 inline constexpr std::size_t kMostValues = 9;
 inline constexpr std::size_t kMostEditorEntries = 201;
+inline constexpr std::size_t kMostProfileEntries = 101;
 /// What stands for a description that doesn't exist.
 inline constexpr std::string_view kNoDescription = "?";
 

@@ -16,9 +16,12 @@ struct ValuePlace {
   std::string name;
 };
 
+/// What the place is asked for: the two differ in the beginnings that they drop.
+enum class Purpose { kEdit, kSave };
+
 /// The place of an entry's value on this system. Nothing for a name of which nothing is left when
 /// its file's own beginning is dropped.
-std::optional<ValuePlace> PlaceOf(Category category, std::string_view name,
+std::optional<ValuePlace> PlaceOf(Category category, std::string_view name, Purpose purpose,
                                   const detect::VersionState& versions,
                                   const detect::AdapterState& adapter);
 

@@ -12,6 +12,7 @@ enum class Kind {
   kCombo,
   kEditableCombo,
   kList,
+  kPlaces,  ///< a list whose lines lead elsewhere
   kSlider,
   kScrollBar,
   kText,

@@ -23,7 +23,11 @@ std::unique_ptr<Control> Make(const ControlRow& row, Control* parent) {
       return combo;
     }
     case Kind::kList:
-      return std::make_unique<controls::ListBox>(std::move(id), parent);
+    case Kind::kPlaces: {
+      auto list = std::make_unique<controls::ListBox>(std::move(id), parent);
+      list->SetLeadsElsewhere(row.kind == Kind::kPlaces);
+      return list;
+    }
     case Kind::kSlider:
     case Kind::kScrollBar: {
       auto slider = std::make_unique<controls::Slider>(std::move(id), parent);

@@ -24,7 +24,7 @@ constexpr ControlRow kToolbar[] = {
     Row(Kind::kKey, "main.nvcpl5", "main.nvcpl", kItem, 4)
         .Does(kRunCommand, "rundll32.exe nvcpl.dll, launchtvapplet"),
     Row(Kind::kKey, "main.regedit", "main.nvcpl", kItem, 5).Does(kOpenWindow, "registry-editor"),
-    Row(Kind::kKey, "main.pedit", "main.nvcpl", kItem, 6).Does(kNothing).Disabled(),
+    Row(Kind::kKey, "main.pedit", "main.nvcpl", kItem, 6).Does(kOpenWindow, "profile-manager"),
     Row(Kind::kKey, "main.abouti", "main.nvcpl", kItem, 245).Does(kNothing).Disabled(),
     Row(Kind::kKey, "main.dx", "main", {1050, 60, 1080, 735})
         .Design("Direct3D")

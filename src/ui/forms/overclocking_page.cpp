@@ -1,6 +1,6 @@
 #include "ui/forms/overclocking_page.h"
 
-#include <charconv>
+#include <limits>
 
 #include "core/number.h"
 #include "core/options.h"
@@ -80,8 +80,7 @@ OverclockingPage::OverclockingPage(const Shared& shared)
       dialog_(shared.services.dialog),
       LangText(shared.LangText()),
       adapter_(shared.adapter),
-      clocks_(shared.registry, shared.services.shell, shared.services.dialog, shared.versions,
-              shared.adapter, LangText, shared.controls),
+      clocks_(shared.clocks),
       controls_(shared.controls),
       enable_(shared.controls.Get<CheckBox>("overclocking.enable-overclocking")),
       startup_(shared.controls.Get<CheckBox>("overclocking.apply-settings-at-startup")),
@@ -212,12 +211,9 @@ void OverclockingPage::Apply() {
 }
 
 std::optional<std::int16_t> TypedClock(std::string_view text) {
-  text = core::TrimBlanks(text);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  std::int16_t mhz = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), mhz);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return mhz;
+  using Limits = std::numeric_limits<std::int16_t>;
+  const auto mhz = core::ParseWholeNumber(text, Limits::min(), Limits::max());
+  return mhz ? std::optional(static_cast<std::int16_t>(mhz.Value())) : std::nullopt;
 }
 
 void OverclockingPage::MarkOdd(TextBox& box, const Slider& slider, std::int16_t mhz) {

@@ -27,7 +27,6 @@ class OverclockingPage {
   void OfferPairs();
   /// Prepares the page the first time it is shown.
   void PageShown();
-  const clocks::ClockState& Clocks() const { return clocks_.state; }
 
  private:
   void EnableOC();
@@ -47,7 +46,7 @@ class OverclockingPage {
   platform::DialogApi& dialog_;
   const lang::LangTable& LangText;
   const detect::AdapterState& adapter_;
-  clocks::Clocks clocks_;
+  clocks::Clocks& clocks_;
   clocks::ClockControls controls_;
   controls::CheckBox& enable_;
   controls::CheckBox& startup_;

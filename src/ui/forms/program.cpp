@@ -5,6 +5,7 @@
 #include "core/options.h"
 #include "core/outcome.h"
 #include "lang/texts.h"
+#include "profiles/associate.h"
 #include "ui/forms/lower_panel.h"
 #include "ui/forms/page_groups.h"
 #include "ui/forms/reasons.h"
@@ -27,7 +28,9 @@ struct Program::Parts {
   void FillSettings();
   void ShowVersion();
   void ShowRememberedPage();
-  bool RunCommandLine(std::string_view command_line);
+  void ReadSettings();
+  controls::Window& Manager() const { return controls.Get<controls::Window>("profile-manager"); }
+  bool ApplyProfile(std::string_view path);
   void Close();
 
   const platform::Services services;
@@ -49,8 +52,21 @@ struct Program::Parts {
   detect::Adapter adapter{services.display, registry, versions.state, LangText, controls};
   detect::CardData cards{services.files, adapter.state};
   const settings::Hardware hardware{versions.state, adapter.state, state};
-  const Shared shared{services, state,    registry,       timers,        focus, controls,
-                      windows,  language, versions.state, adapter.state, cards, hardware};
+  clocks::Clocks clocks{registry,      services.shell, services.dialog, versions.state,
+                        adapter.state, LangText,       controls};
+  profiles::Profiles profiles{{.services = services,
+                               .program = state,
+                               .registry = registry,
+                               .versions = versions.state,
+                               .adapter = adapter.state,
+                               .clocks = clocks,
+                               .LangText = LangText,
+                               .controls = controls,
+                               .read_settings = [this] { ReadSettings(); },
+                               .close_manager = [this] { windows.Close(Manager()); }}};
+  const Shared shared{services, state,    registry, timers,         focus,
+                      controls, windows,  language, versions.state, adapter.state,
+                      cards,    hardware, clocks,   profiles};
 
   PageGroups pages{shared};
   HelpWindow help{shared};
@@ -154,6 +170,7 @@ void Program::Parts::ShowAtFirst() {
   services.dialog.RunPendingEvents();
   pages.overclocking.OfferPairs();
   FillSettings();
+  profiles::RegisterFileType(services.registry, services.files.ProgramFolder());
   ShowVersion();
   state.IsStart = 0;
   state.IsLoading = 0;
@@ -168,15 +185,18 @@ void Program::Parts::Close() {
   windows.Close(main.TheWindow());
 }
 
-bool Program::Parts::RunCommandLine(std::string_view command_line) {
-  state.CommandLinePreset = command_line;
-  core::Ignore(services.dialog.ShowMessage(
-      core::kProgramTitle, "Speed profiles can't be applied yet: " + std::string(command_line),
-      platform::Buttons::kOk));
+void Program::Parts::ReadSettings() {
+  const core::FlagScope starting(state.IsStart);
+  pages.driver.Read();
+}
+
+bool Program::Parts::ApplyProfile(std::string_view path) {
+  state.CommandLinePreset = path;
+  windows.Load(Manager());
+  profiles.LoadIt();
   services.dialog.RunPendingEvents();
-  Close();
   state.CommandLinePreset.clear();
-  return false;
+  return profiles.state.done;
 }
 
 Program::Program(const platform::Services& services) : parts_(std::make_unique<Parts>(services)) {}
@@ -185,12 +205,18 @@ Program::~Program() = default;
 
 bool Program::Start(std::string_view command_line) {
   parts_->ShowAtFirst();
-  if (!command_line.empty()) return parts_->RunCommandLine(command_line);
+  if (!command_line.empty()) {
+    const bool done = parts_->ApplyProfile(command_line);
+    parts_->Close();
+    return done;
+  }
   parts_->lower_panel.LoadHelpPicture();
   if (parts_->versions.state.OSFamily >= detect::kWindowsVista) parts_->toolbar.DisableForVista();
   return true;
 }
 
+bool Program::ApplyProfile(std::string_view path) { return parts_->ApplyProfile(path); }
+profiles::Profiles& Program::Profiles() { return parts_->profiles; }
 MainForm& Program::Main() { return parts_->main; }
 
 Form& Program::FormOf(std::string_view window) {
@@ -229,7 +255,7 @@ std::vector<StateRow> Program::State() const {
   const Parts& parts = *parts_;
   const detect::VersionState& versions = parts.versions.state;
   const detect::AdapterState& adapter = parts.adapter.state;
-  const clocks::ClockState& clocks = parts.pages.overclocking.Clocks();
+  const clocks::ClockState& clocks = parts.clocks.state;
   const d3d::Direct3DState& direct3d = parts.pages.driver.State();
   const core::ProgramState& program = parts.state;
   return {

@@ -11,6 +11,7 @@
 #include "controls/gate.h"
 #include "controls/timer.h"
 #include "platform/services.h"
+#include "profiles/profiles.h"
 #include "regedit/database.h"
 #include "ui/forms/form.h"
 
@@ -32,9 +33,13 @@ class Program {
   Program& operator=(const Program&) = delete;
 
   /// Runs the whole start-up. `command_line` is the path of a speed profile, or empty; with a path
-  /// the program ends without showing its window. False when what it was asked for could not be
-  /// done.
+  /// the profile is applied and the program ends without showing its window. False when it could
+  /// not be applied.
   [[nodiscard]] bool Start(std::string_view command_line);
+  /// Applies a profile as a command line with its path does, and goes on. False when it could not
+  /// be applied.
+  [[nodiscard]] bool ApplyProfile(std::string_view path);
+  profiles::Profiles& Profiles();
 
   MainForm& Main();
   /// The form of the window with that id, which must exist.

@@ -188,7 +188,8 @@ const DatabaseEntry* RegistryEditor::Chosen() const {
 std::optional<regedit::ValuePlace> RegistryEditor::ChosenPlace() const {
   const DatabaseEntry* entry = Chosen();
   if (entry == nullptr) return std::nullopt;
-  return regedit::PlaceOf(shown_, entry->name, shared_.versions, shared_.adapter);
+  return regedit::PlaceOf(shown_, entry->name, regedit::Purpose::kEdit, shared_.versions,
+                          shared_.adapter);
 }
 
 void RegistryEditor::EntryChosen() {
@@ -223,7 +224,10 @@ void RegistryEditor::NumberTyped() {
 }
 
 std::optional<std::int32_t> RegistryEditor::NumberToWrite() const {
-  if (user_value_.Checked()) return core::ParseWholeNumber(typed_.Text());
+  if (user_value_.Checked()) {
+    const auto typed = core::ParseWholeNumber(typed_.Text());
+    return typed ? std::optional(typed.Value()) : std::nullopt;
+  }
   const DatabaseEntry* entry = Chosen();
   if (entry == nullptr || available_.Position() < 0) return std::nullopt;
   return SuggestedValues(*entry)[static_cast<std::size_t>(available_.Position())];

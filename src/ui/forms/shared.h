@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clocks/clocks.h"
 #include "controls/control_set.h"
 #include "controls/focus.h"
 #include "controls/timer.h"
@@ -10,6 +11,7 @@
 #include "detect/versions.h"
 #include "lang/language.h"
 #include "platform/services.h"
+#include "profiles/profiles.h"
 #include "settings/hardware.h"
 
 namespace kestrune::forms {
@@ -31,6 +33,8 @@ struct Shared {
   detect::AdapterState& adapter;
   detect::CardData& cards;
   const settings::Hardware& hardware;
+  clocks::Clocks& clocks;
+  profiles::Profiles& profiles;
 
   const lang::LangTable& LangText() const { return language.LangText; }
 };

@@ -11,6 +11,12 @@ ListWidget::ListWidget(controls::ListBox& control, face::Context& context, QWidg
     : QListWidget(parent), control_(control), context_(context) {
   setSelectionMode(SingleSelection);
   setUniformItemSizes(true);
+  if (control.LeadsElsewhere()) {
+    // Arrow keys only look for a line; a click on it or Enter goes there.
+    connect(this, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { Choose(row(item)); });
+    return;
+  }
   connect(this, &QListWidget::itemSelectionChanged, this, [this] { SelectionChanged(); });
   connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     if (row(item) == row_before_press_) Choose(row_before_press_);
@@ -49,6 +55,15 @@ void ListWidget::Redraw() {
     clearSelection();
   } else {
     setCurrentRow(control_.Position());
+  }
+}
+
+void ListWidget::keyPressEvent(QKeyEvent* event) {
+  const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (is_enter && control_.LeadsElsewhere() && currentRow() >= 0) {
+    Choose(currentRow());
+  } else {
+    QListWidget::keyPressEvent(event);
   }
 }
 

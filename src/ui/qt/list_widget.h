@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QListWidget>
 
 #include "controls/controls.h"
@@ -19,6 +20,7 @@ class ListWidget : public QListWidget {
   void Redraw();
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
