@@ -38,6 +38,7 @@ struct Run {
   std::vector<Step> steps = {};  ///< those of the command's row, with known ids
   /// Whether something failed that nobody was told of yet. Then a command goes no further.
   std::function<bool()> has_failed = [] { return false; };
+  Session* session = nullptr;  ///< what is open; null for a command that opens nothing by itself
 };
 
 /// What a command does. What it takes says what has to be open: nothing, the machine, or the
@@ -49,7 +50,8 @@ using Function =
 struct Command {
   std::string_view name;  ///< with its group: "registry read"
   std::string_view help;
-  /// Their names: "[--flag] KEY [NAME] DATA..."; what stands in brackets may be left out.
+  /// Their names: "[--flag] [--option=WORD] KEY [NAME] DATA..."; what stands in brackets may be
+  /// left out.
   std::string_view arguments;
   Function function;
   /// The steps that it carries out: their ids are checked before anything is opened.

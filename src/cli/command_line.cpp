@@ -175,12 +175,13 @@ void CommandLine::AddText(const std::string& name, std::string& text, const std:
       ->type_name(type);
 }
 
-/// An argument of a row, such as "[DATA...]" or "[--flag]".
+/// An argument of a row, such as "[DATA...]", "[--flag]" or "[--option=WORD]".
 void CommandLine::AddArgument(CLI::App& command, std::string_view argument) {
   constexpr std::string_view kMany = "...";
   const bool is_required = !argument.starts_with('[');
   if (!is_required) argument = argument.substr(1, argument.size() - 2);
-  if (argument.starts_with("--")) {
+  const std::size_t equals = argument.find('=');
+  if (argument.starts_with("--") && equals == argument.npos) {
     command.add_flag(std::string(argument), arguments_.flags[argument]);
     return;
   }
@@ -197,7 +198,7 @@ void CommandLine::AddArgument(CLI::App& command, std::string_view argument) {
   };
   arguments_.words[argument] = {};
   arguments_.lists[argument] = {};
-  CLI::Option* option = command.add_option(std::string(argument), take);
+  CLI::Option* option = command.add_option(std::string(argument.substr(0, equals)), take);
   if (is_list) option->expected(1, CLI::detail::expected_max_vector_size)->allow_extra_args();
   option->required(is_required);
 }
@@ -284,6 +285,7 @@ Status CommandLine::RunChosen() {
     const std::unique_ptr<Session> session = Session::Open(machines_, options_, streams_);
     if (!session) return Status::kImpossible;
     run.has_failed = [&session] { return session->HasFailed(); };
+    run.session = session.get();
     if (const auto* on_machine = std::get_if<1>(&chosen_->function)) {
       status = (*on_machine)(run, *session);
     } else if (forms::Program& program = session->Start(); !session->HasFailed()) {

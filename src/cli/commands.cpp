@@ -2,6 +2,7 @@
 #include "cli/command.h"
 #include "cli/database_commands.h"
 #include "cli/machine_commands.h"
+#include "cli/profile_commands.h"
 #include "cli/program_commands.h"
 #include "cli/registry_commands.h"
 #include "cli/step_commands.h"
@@ -20,6 +21,7 @@ constexpr Flag kPairFlags[] = {
 constexpr CommandGroup kGroups[] = {
     {"clocks", "The overclocking page in one word, for the pair that it shows unless one is named",
      kPairFlags},
+    {"profile", "Save, apply and compare speed profiles"},
     {"registry", "Work on the registry itself, without the driver's rules"},
 };
 
@@ -52,6 +54,16 @@ constexpr Command kCommands[] = {
     {"registry import", "Make the changes of a registry file", "FILE", ImportRegistry},
     {"database", "Print what the driver's database files say: file, then name, text and numbers",
      "[d3d|ogl|sys]", PrintDatabase, CheckTag},
+    {"profile save", "Save the driver's values as a speed profile",
+     "[--clean] [--restore-clocks] [--clocks=CORE,MEMORY] [--app=FILE] NAME", SaveProfile,
+     CheckClocksWord},
+    {"profile apply", "Apply a speed profile: its file, or a name of the list", "FILE",
+     ApplyProfile},
+    {"profile list", "Print the names of the speed profiles", "", ListProfiles},
+    {"profile check", "Print what is wrong with a speed profile, or with all", "[FILE]",
+     CheckProfiles},
+    {"profile diff", "Print what applying a speed profile would change", "FILE", DiffProfile},
+    {"check", "Print what is wrong with speed profiles and databases", "[FILE...]", CheckFiles},
     {"machine", "Print the machine descriptions, or one of them", "[NAME]", Machines, nullptr,
      &MachineSource::HasDescriptions},
 };

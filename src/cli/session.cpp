@@ -27,12 +27,14 @@ Session::Session(std::unique_ptr<platform::Machine> machine, const GlobalOptions
 
 /// The services behind the wrappers that this run needs.
 platform::Services Session::Traced(const platform::Services& services) {
-  if (tracing_) registry_.emplace(services.registry, trace_);
+  if (options_.records_changes) recorder_.emplace(services.registry);
+  platform::RegistryApi& registry = recorder_ ? *recorder_ : services.registry;
+  if (tracing_) registry_.emplace(registry, trace_);
   if (tracing_ || options_.machine.dry_run) {
     shell_.emplace(services.shell, trace_);
     files_.emplace(services.files, trace_);
   }
-  return {registry_ ? *registry_ : services.registry,
+  return {registry_ ? *registry_ : registry,
           services.display,
           services.version,
           shell_ ? *shell_ : services.shell,
@@ -42,7 +44,8 @@ platform::Services Session::Traced(const platform::Services& services) {
 
 void Session::Print(platform::TraceKind kind, const std::string& line) const {
   // A dry run starts and writes nothing, so it always says what it would have.
-  const bool is_always_told = options_.machine.dry_run && kind == platform::TraceKind::kCommand;
+  const bool is_always_told = options_.machine.dry_run && !options_.records_changes &&
+                              kind == platform::TraceKind::kCommand;
   if (tracing_ || is_always_told) streams_.err << line << '\n';
 }
 

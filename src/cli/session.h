@@ -8,6 +8,7 @@
 
 #include "cli/status.h"
 #include "cli/terminal_dialog.h"
+#include "platform/change_recorder.h"
 #include "platform/machine.h"
 #include "platform/plain_text.h"
 #include "platform/tracing.h"
@@ -23,6 +24,7 @@ struct GlobalOptions {
   bool json = false;
   Trace trace = Trace::kOff;
   platform::Answer answer = platform::Answer::kOk;
+  bool records_changes = false;  ///< what ends up different is told instead of each step
 };
 
 /// Where a run prints.
@@ -56,6 +58,8 @@ class Session {
   forms::Program& Start();
   platform::RegistryApi& Registry() { return services_.registry; }
   platform::FilesApi& Files() { return services_.files; }
+  /// Null unless changes are recorded.
+  platform::ChangeRecorder* Recorder() { return recorder_ ? &*recorder_ : nullptr; }
   /// The run's status: that of the command, unless something failed that it wasn't told of.
   Status Finish(Status status);
   bool HasFailed() const { return machine_->FirstFailure().has_value(); }
@@ -73,6 +77,7 @@ class Session {
   TerminalDialog dialog_;
   bool tracing_ = false;
   platform::Trace trace_;
+  std::optional<platform::ChangeRecorder> recorder_;
   std::optional<platform::TracingRegistry> registry_;
   std::optional<platform::TracingShell> shell_;
   std::optional<platform::TracingFiles> files_;

@@ -6,6 +6,7 @@
 
 #include "core/number.h"
 #include "platform/case_fold.h"
+#include "platform/utf8.h"
 
 namespace kestrune::profiles {
 
@@ -111,6 +112,14 @@ ProfileResult<std::int32_t> ReadNumber(std::string_view text) {
   return number.Value();
 }
 
+std::optional<regedit::Category> CategoryOn9x(std::string_view name) {
+  constexpr std::size_t kPrefixSize = 4;
+  const std::size_t prefix = platform::OffsetBehind(name, kPrefixSize);
+  if (name.size() == prefix) return std::nullopt;
+  const bool is_direct3d = platform::SameWithoutCase(name.substr(0, prefix), "d3d_");
+  return is_direct3d ? regedit::Category::kDirect3D : regedit::Category::kOpenGL;
+}
+
 ProfileResult<platform::ClockPair> ReadClockText(std::string_view text) {
   const std::size_t comma = text.find(',');
   if (comma == text.npos) return FailWith(ProfileError::kTypeMismatch);
@@ -143,6 +152,12 @@ std::string PathInProgramFolder(std::string_view name) {
 
 std::string WholePath(platform::FilesApi& files, std::string_view file_name) {
   return (files.ProgramFolder() + "\\DATA\\Presets\\").append(file_name);
+}
+
+std::string PathOf(platform::FilesApi& files, const std::string& text) {
+  const bool is_file = text.find_first_of("/\\") != text.npos ||
+                       platform::FoldCase(text).ends_with(platform::FoldCase(kEnding));
+  return is_file ? text : WholePath(files, text + std::string(kEnding));
 }
 
 std::vector<std::string> ListProfiles(platform::FilesApi& files) {

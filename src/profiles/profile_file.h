@@ -10,6 +10,7 @@
 #include "platform/clock_word.h"
 #include "platform/files_api.h"
 #include "platform/result.h"
+#include "regedit/database.h"
 
 /// The files DATA\Presets\<name>.ksp. Every line is one field in double quotes, in the machine's
 /// code page: the signature, the card, two switches, pairs of a value's name and its number, then
@@ -79,6 +80,9 @@ class ProfileReader {
 
 /// The number of a value record.
 ProfileResult<std::int32_t> ReadNumber(std::string_view text);
+/// The interface to which a value of that name belongs on Windows 9x; nothing for a name that is
+/// too short to tell.
+std::optional<regedit::Category> CategoryOn9x(std::string_view name);
 /// The clocks of a clock record, in MHz: "400,500".
 ProfileResult<platform::ClockPair> ReadClockText(std::string_view text);
 
@@ -100,6 +104,9 @@ class ProfileWriter {
 std::string PathInProgramFolder(std::string_view name);
 /// The same as a whole path, as the program's own texts spell it.
 std::string WholePath(platform::FilesApi& files, std::string_view file_name);
+/// The path of the profile that a person means: a name of the list, or a file where the text has a
+/// separator or ends in kEnding.
+std::string PathOf(platform::FilesApi& files, const std::string& text);
 /// The names of all profiles, sorted.
 std::vector<std::string> ListProfiles(platform::FilesApi& files);
 /// Whether a field of a profile can hold the text: without a double quote or a line end, and in the

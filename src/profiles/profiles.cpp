@@ -5,7 +5,6 @@
 #include "core/outcome.h"
 #include "lang/texts.h"
 #include "platform/case_fold.h"
-#include "platform/utf8.h"
 #include "regedit/value_place.h"
 
 namespace kestrune::profiles {
@@ -32,15 +31,6 @@ std::optional<std::int32_t> NumberToSave(const core::RegValue& value) {
   // Only decimal text is a number here.
   if (!number || text.find('&') != text.npos) return std::nullopt;
   return number.Value();
-}
-
-/// Where a profile's value stands on Windows 9x; nothing for a name that is too short to tell.
-std::optional<std::string_view> SubkeyOn9x(std::string_view name) {
-  constexpr std::size_t kPrefixSize = 4;
-  const std::size_t prefix = platform::OffsetBehind(name, kPrefixSize);
-  if (name.size() == prefix) return std::nullopt;
-  const bool is_direct3d = platform::SameWithoutCase(name.substr(0, prefix), "d3d_");
-  return regedit::RowOf(is_direct3d ? Category::kDirect3D : Category::kOpenGL).subkey;
 }
 
 ProfileError ErrorOf(platform::StartFault fault) {
@@ -260,9 +250,9 @@ ProfileResult<void> Profiles::ApplyValue(const ProfileRecord& record) {
   if (!number) return FailWith(number.Reason());
   std::string key = with_.adapter.PureKey;
   if (with_.versions.OSFamily == detect::kWindows9x) {
-    const auto subkey = SubkeyOn9x(record.name);
-    if (!subkey) return {};
-    key += *subkey;
+    const auto category = CategoryOn9x(record.name);
+    if (!category) return {};
+    key += regedit::RowOf(*category).subkey;
   }
   core::Ignore(
       with_.registry.WriteRegValue(RegRoot::kLocalMachine, key, record.name, number.Value()));

@@ -11,10 +11,8 @@ namespace kestrune::regedit {
 
 namespace {
 
-constexpr std::string_view kFolder = "\\DATA\\Database\\";
 constexpr std::string_view kEnding = ".dat";
 constexpr std::string_view kFallBack = "0000";
-constexpr std::string_view kTerminator = "x";
 constexpr std::size_t kMostFiles = 65;
 
 /// The release that a base name begins with; four digits alone are one.
@@ -28,7 +26,7 @@ std::optional<int> ReleaseOf(std::string_view name) {
 
 std::vector<std::string> BaseNames(platform::FilesApi& files, std::string_view tag) {
   std::vector<std::string> names;
-  for (std::string& name : files.ListFiles(kFolder, kEnding)) {
+  for (std::string& name : files.ListFiles(kDatabaseFolder, kEnding)) {
     name.resize(name.size() - kEnding.size());
     if (name.ends_with(tag) && names.size() < kMostFiles) names.push_back(std::move(name));
   }
@@ -70,7 +68,7 @@ std::string FindDatabaseFile(platform::FilesApi& files, Category category, int d
 std::optional<std::vector<DatabaseEntry>> LoadDatabaseFile(platform::FilesApi& files,
                                                            std::string_view base_name,
                                                            std::size_t most) {
-  const auto bytes = files.ReadBytes(std::string(kFolder).append(base_name).append(kEnding));
+  const auto bytes = files.ReadBytes(std::string(kDatabaseFolder).append(base_name).append(kEnding));
   if (!bytes) return std::nullopt;
   const std::string text = files.DecodeText(*bytes, 0);
   std::vector<DatabaseEntry> entries;

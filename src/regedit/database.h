@@ -41,9 +41,12 @@ inline constexpr CategoryRow kCategories[] = {
 
 const CategoryRow& RowOf(Category category);
 
+inline constexpr std::string_view kDatabaseFolder = "DATA/Database/";
 inline constexpr std::size_t kMostValues = 9;
 inline constexpr std::size_t kMostEditorEntries = 201;
 inline constexpr std::size_t kMostProfileEntries = 101;
+/// What ends a record.
+inline constexpr std::string_view kTerminator = "x";
 /// What stands for a description that doesn't exist.
 inline constexpr std::string_view kNoDescription = "?";
 

@@ -29,6 +29,10 @@ bool Drop(Drops drops, const detect::VersionState& versions) {
 
 }  // namespace
 
+bool SavesDirect3D(const detect::VersionState& versions) {
+  return Drop(RowOf(Category::kDirect3D).saved_drops, versions);
+}
+
 std::optional<ValuePlace> PlaceOf(Category category, std::string_view name, Purpose purpose,
                                   const detect::VersionState& versions,
                                   const detect::AdapterState& adapter) {

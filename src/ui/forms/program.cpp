@@ -217,6 +217,7 @@ bool Program::Start(std::string_view command_line) {
 
 bool Program::ApplyProfile(std::string_view path) { return parts_->ApplyProfile(path); }
 profiles::Profiles& Program::Profiles() { return parts_->profiles; }
+const detect::VersionState& Program::Versions() const { return parts_->versions.state; }
 MainForm& Program::Main() { return parts_->main; }
 
 Form& Program::FormOf(std::string_view window) {

@@ -40,6 +40,7 @@ class Program {
   /// be applied.
   [[nodiscard]] bool ApplyProfile(std::string_view path);
   profiles::Profiles& Profiles();
+  const detect::VersionState& Versions() const;
 
   MainForm& Main();
   /// The form of the window with that id, which must exist.

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kestrune::core {
+
+/// What somebody should know of a data file.
+struct Finding {
+  int line = 0;          ///< from 1; 0 is the file as a whole
+  std::string reason;    ///< without a full stop
+  bool is_note = false;  ///< no fault, but not what one expects
+};
+
+using Findings = std::vector<Finding>;
+
+}  // namespace kestrune::core
