@@ -7,6 +7,7 @@
 #include "platform/windowless_dialog.h"
 #include "ui/forms/driver_settings.h"
 #include "ui/forms/main_form.h"
+#include "ui/forms/profile_manager.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::bench {
@@ -17,6 +18,7 @@ class SettingsPages {
   SettingsPages(platform::Machine& machine, platform::RegistryApi& registry)
       : services_(machine.ServicesFor(dialog_)), registry_(registry) {
     main_.AddTo(controls_);
+    manager_.AddTo(controls_);
     language_.LoadLanguage();
     versions_.emplace(services_.version, dialog_, registry_, language_.LangText, controls_);
     adapter_.emplace(services_.display, registry_, versions_->state, language_.LangText, controls_);
@@ -26,9 +28,21 @@ class SettingsPages {
     adapter_->FindDisplayAdapter();
     hardware_.emplace(settings::Hardware{versions_->state, adapter_->state, state_});
     cards_.emplace(services_.files, adapter_->state);
+    clocks_.emplace(registry_, services_.shell, services_.dialog, versions_->state, adapter_->state,
+                    language_.LangText, controls_);
+    profiles_.emplace(profiles::Surroundings{services_,
+                                             state_,
+                                             registry_,
+                                             versions_->state,
+                                             adapter_->state,
+                                             *clocks_,
+                                             language_.LangText,
+                                             controls_,
+                                             {},
+                                             {}});
     shared_.emplace(forms::Shared{services_, state_, registry_, timers_, focus_, controls_,
                                   windows_, language_, versions_->state, adapter_->state, *cards_,
-                                  *hardware_});
+                                  *hardware_, *clocks_, *profiles_});
     driver_.emplace(*shared_);
   }
 
@@ -43,6 +57,7 @@ class SettingsPages {
   controls::Scheduler timers_;
   controls::Focus focus_;
   forms::MainForm main_;
+  forms::Form manager_{forms::kProfileManager};
   controls::ControlSet controls_;
   lang::Language language_{registry_, services_.files, dialog_};
   controls::Gate gate_;
@@ -51,6 +66,8 @@ class SettingsPages {
   std::optional<detect::Adapter> adapter_;
   std::optional<settings::Hardware> hardware_;
   std::optional<detect::CardData> cards_;
+  std::optional<clocks::Clocks> clocks_;
+  std::optional<profiles::Profiles> profiles_;
   std::optional<forms::Shared> shared_;
   std::optional<forms::DriverSettings> driver_;
 };

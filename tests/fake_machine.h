@@ -154,6 +154,15 @@ class Driven {
   controls::Control& Find(std::string_view id) const;
 };
 
+/// What every start writes, as the joined lines of TakeTrace tell it: the profiles' file type and
+/// the program's version.
+inline constexpr std::string_view kStartUpTrace =
+    R"(write HKCR\KestruneSE @ REG_SZ KestruneSE secure preset file, )"
+    R"(write HKCR\.ksp @ REG_SZ KestruneSE, )"
+    R"(write HKCR\KestruneSE\Shell\open\command @ REG_SZ )" KESTRUNE_DATA_FOLDER
+    R"(\KestruneSE.exe %1, write HKCR\KestruneSE\DefaultIcon @ REG_SZ )" KESTRUNE_DATA_FOLDER
+    R"(\KestruneSE.exe,0, write HKCU\Software\Kestrune Version REG_DWORD 353)";
+
 /// A number as a reader thinks of it: bit patterns in hexadecimal.
 std::string NumberText(std::int32_t number);
 std::string NumberText(std::optional<std::int32_t> number);

@@ -71,7 +71,8 @@ class FilesApi {
   /// The folders and the programs in any folder of the machine, by its whole path; nothing when it
   /// can't be opened.
   virtual std::optional<FolderListing> ListFolder(const std::string& path) = 0;
-  /// A name in a folder as a whole path, with the separator that the machine's paths have.
+  /// A name in a folder as a whole path, with the separator that the machine's paths have; ".." is
+  /// the folder above, or the folder itself where there is none.
   virtual std::string PathOf(const std::string& folder, const std::string& name) = 0;
 
   /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page

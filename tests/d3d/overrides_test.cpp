@@ -25,7 +25,6 @@ constexpr std::string_view kTexturesName = "D3D_59954022";
 constexpr std::string_view kPixelName = "D3d_59954021";
 constexpr std::string_view kVertexName = "D3D_59954023";
 constexpr std::string_view kReload = "run rundll32 NvCpl.dll,NvStartup";
-constexpr std::string_view kVersion = R"(write HKCU\Software\Kestrune Version REG_DWORD 353)";
 
 std::string Stored(FakeMachine& machine, std::string_view name) {
   return machine.Stored(machine.Direct3DKey(), name);
@@ -37,8 +36,8 @@ TEST(MultitexturingTest, AStoredCountAboveTheCardsIsRemovedAtStart) {
   machine.StoreDirect3D(kTexturesName, 8);
   machine.TakeTrace();
   Driven driven(machine);
-  EXPECT_EQ(Joined(machine.TakeTrace()),
-            "delete K D3D_59954022, " + std::string(kReload) + ", " + std::string(kVersion));
+  EXPECT_EQ(Joined(machine.TakeTrace()), "delete K D3D_59954022, " + std::string(kReload) + ", " +
+                                             std::string(test::kStartUpTrace));
   EXPECT_EQ(machine.last_window, platform::WindowState::kMinimised);
   EXPECT_EQ(driven.Text(kTextures), "4");
   EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: Default");
@@ -74,7 +73,7 @@ TEST(MultitexturingTest, ACardThatTheTableDoesNotListHasNoLimit) {
   machine.StoreDirect3D(kTexturesName, 20);
   machine.TakeTrace();
   Driven driven(machine);
-  EXPECT_EQ(Joined(machine.TakeTrace()), kVersion);
+  EXPECT_EQ(Joined(machine.TakeTrace()), test::kStartUpTrace);
   EXPECT_EQ(driven.Get<controls::Slider>(kTextures).Maximum(), 8);
   EXPECT_EQ(driven.Caption(kTexturesLabel), "Max simultaneous textures: 20");
 }
@@ -134,7 +133,7 @@ TEST(ShaderTest, ACardWithoutShadersHasADisabledSliderUntilOverridden) {
   machine.Lay("DATA/vs.dat", "04,0.0,0");
   machine.TakeTrace();
   Driven driven(machine);
-  EXPECT_EQ(Joined(machine.TakeTrace()), kVersion);
+  EXPECT_EQ(Joined(machine.TakeTrace()), test::kStartUpTrace);
   EXPECT_FALSE(driven.Enabled(kPixel));
   EXPECT_TRUE(driven.Enabled(kVertex));
   EXPECT_EQ(driven.Get<controls::Slider>(kVertex).Maximum(), 8);
@@ -151,7 +150,7 @@ TEST(OverridesTest, ALegacyDriverHasNeitherPage) {
   machine.StoreDirect3D(kPixelName, 0xFFFF0300);
   machine.TakeTrace();
   const Driven driven(machine);
-  EXPECT_EQ(Joined(machine.TakeTrace()), kVersion);
+  EXPECT_EQ(Joined(machine.TakeTrace()), test::kStartUpTrace);
   EXPECT_FALSE(driven.Enabled("direct3d.multitexturing"));
   EXPECT_FALSE(driven.Enabled("direct3d.shaders"));
   EXPECT_EQ(driven.State("MaxSimultaneousTextures"), "-1");

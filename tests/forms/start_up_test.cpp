@@ -13,8 +13,6 @@ using test::FakeMachine;
 using test::Joined;
 using test::kOptionsKey;
 
-const std::string kVersionLine = R"(write HKCU\Software\Kestrune Version REG_DWORD 353)";
-
 TEST(StartUpTest, TakesItsStepsInOrder) {
   FakeMachine machine;
   // So that there is a key to read from at each step.
@@ -70,7 +68,7 @@ TEST(StartUpTest, TheFirstRunShowsTheBasicPageAndLeavesItsVersionAlone) {
   FakeMachine machine;
   const Driven driven(machine);
   EXPECT_TRUE(driven.started);
-  EXPECT_EQ(Joined(machine.TakeTrace()), kVersionLine);
+  EXPECT_EQ(Joined(machine.TakeTrace()), test::kStartUpTrace);
   EXPECT_EQ(driven.State("ActivePage") + driven.State("IsStart") + driven.State("IsLoading"),
             "400");
   EXPECT_TRUE(driven.Visible("info.basic"));
@@ -107,7 +105,7 @@ TEST(StartUpTest, TheRememberedPageIsShownAndOddOnesGiveTheBasicPage) {
     EXPECT_EQ(driven.State("ActivePage"), std::to_string(each.page)) << each.stored;
     EXPECT_TRUE(driven.Visible(kPages[static_cast<std::size_t>(each.page)].id)) << each.stored;
     EXPECT_EQ(driven.Text("main.remember-last-visited-page"), each.remembered) << each.stored;
-    EXPECT_EQ(Joined(machine.TakeTrace()), kVersionLine) << each.stored;
+    EXPECT_EQ(Joined(machine.TakeTrace()), test::kStartUpTrace) << each.stored;
   }
 }
 
@@ -180,18 +178,6 @@ TEST(StartUpTest, EveryTextOfAnotherLanguageIsUsedWhereItIsCompared) {
   driven.Choose("opengl.compatibility.opengl-version-override", 0);
   driven.Choose("opengl.misc.synchronization-mode", 0);
   EXPECT_EQ(machine.TakeShortTrace(), "GL DefaultSwapInterval = -1");
-}
-
-TEST(StartUpTest, AFileOnTheCommandLineEndsTheProgramWithAMessage) {
-  FakeMachine machine;
-  machine.Store(kOptionsKey, "LVP", "REG_DWORD 5");
-  const Driven driven(machine, "C:\\My profiles\\fast one.ksp");
-  EXPECT_FALSE(driven.started);
-  EXPECT_TRUE(driven.program.Ended());
-  ASSERT_EQ(machine.messages.size(), 1U);
-  EXPECT_NE(machine.messages[0].find("C:\\My profiles\\fast one.ksp"), std::string::npos);
-  EXPECT_FALSE(driven.Visible("main"));
-  EXPECT_EQ(machine.Stored(kOptionsKey, "LVP"), "REG_DWORD 5");
 }
 
 TEST(StartUpTest, ProgramsOnOneStoreSeeEachOthersChangesAndShareNothingElse) {

@@ -78,6 +78,17 @@ const std::set<std::string_view> kNamedByHand = {
     "opengl.filtering.texture-compression-enabled",
     "control-panel.settings.picture",
     "control-panel.settings.registry-editor-note",
+    "profile-manager.browse",
+    "profile-manager.application-folder",
+    "profile-manager.core-clock",
+    "profile-manager.memory-clock",
+    "associated-application.drives",
+    "associated-application.folders",
+    "associated-application.folders-label",
+    "associated-application.files",
+    "associated-application.path",
+    "associated-application.cancel",
+    "associated-application.confirm",
     "registry-editor.category",
     "registry-editor.values",
     "registry-editor.available-values",
@@ -131,7 +142,8 @@ TEST_F(TablesTest, EveryControlStandsInsideItsParent) {
 }
 
 TEST_F(TablesTest, EveryCaptionHasATextOrSaysThatItHasNone) {
-  constexpr Kind kCaptionless[] = {Kind::kCombo,  Kind::kEditableCombo, Kind::kList,   Kind::kText,
+  constexpr Kind kCaptionless[] = {Kind::kCombo,  Kind::kEditableCombo, Kind::kList,
+                                   Kind::kPlaces, Kind::kText,          Kind::kReadOnlyText,
                                    Kind::kSlider, Kind::kScrollBar,     Kind::kPicture};
   ForEachRow([&](const ControlRow& row, const Control&, const Form&) {
     for (const int number : {row.text, row.tip}) {

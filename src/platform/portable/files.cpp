@@ -229,6 +229,7 @@ std::optional<FolderListing> FolderFiles::ListFolder(const std::string& path) {
 }
 
 std::string FolderFiles::PathOf(const std::string& folder, const std::string& name) {
+  if (name == "..") return folder.substr(0, std::max<std::size_t>(folder.rfind('/'), 1));
   return folder.ends_with('/') ? folder + name : Below(folder, name);
 }
 
