@@ -1,6 +1,7 @@
 #include "controls/controls.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/case_fold.h"
 
@@ -68,9 +69,22 @@ void OptionButton::Group(const std::vector<OptionButton*>& options) {
   for (OptionButton* option : options) option->group_ = options;
 }
 
-bool ComboBox::HasPosition(int position) const { return HasPositionIn(items_, position); }
+const std::vector<std::string>& ComboBox::Items() const {
+  if (find_items_) {
+    items_ = std::exchange(find_items_, nullptr)();
+    position_ = PositionOf(items_, text_);
+  }
+  return items_;
+}
 
-int ComboBox::ItemFor(std::string_view text) const { return ItemMeant(items_, text); }
+int ComboBox::Position() const {
+  (void)Items();
+  return position_;
+}
+
+bool ComboBox::HasPosition(int position) const { return HasPositionIn(Items(), position); }
+
+int ComboBox::ItemFor(std::string_view text) const { return ItemMeant(Items(), text); }
 
 bool ComboBox::Choose(int position) {
   if (!HasPosition(position)) return false;
@@ -93,11 +107,11 @@ TextUse ComboBox::UseText(const std::string& text) {
 }
 
 void ComboBox::PassOn(int position) {
-  if (position != position_ && HasPosition(position)) (void)Choose(position);
+  if (position != Position() && HasPosition(position)) (void)Choose(position);
 }
 
 void ComboBox::ShowText(std::string text) {
-  position_ = PositionOf(items_, text);
+  position_ = PositionOf(Items(), text);
   Assign(text_, std::move(text));
 }
 
@@ -108,7 +122,7 @@ void ComboBox::ShowPosition(int position) {
 }
 
 void ComboBox::SetItems(std::vector<std::string> items) {
-  const bool changed = items != items_;
+  const bool changed = items != Items();
   items_ = std::move(items);
   position_ = PositionOf(items_, text_);
   if (changed) Notify();

@@ -69,9 +69,9 @@ class ComboBox : public Control {
  public:
   using Control::Control;
 
-  const std::vector<std::string>& Items() const { return items_; }
+  const std::vector<std::string>& Items() const;
   const std::string& Text() const { return text_; }
-  int Position() const { return position_; }
+  int Position() const;
   bool TakesTyping() const { return takes_typing_; }
   void SetTakesTyping(bool takes) { takes_typing_ = takes; }
 
@@ -91,6 +91,8 @@ class ComboBox : public Control {
   void ShowPosition(int position);
   /// Replaces the items and keeps the text.
   void SetItems(std::vector<std::string> items);
+  /// Has the items found once, when they are first needed. Observers aren't told.
+  void FindItems(std::function<std::vector<std::string>()> find) { find_items_ = std::move(find); }
 
   /// What a face draws, greyed, and tells as the value while the text is empty.
   const std::string& Placeholder() const { return placeholder_; }
@@ -106,10 +108,11 @@ class ComboBox : public Control {
  private:
   bool HasPosition(int position) const;
 
-  std::vector<std::string> items_;
+  mutable std::function<std::vector<std::string>()> find_items_;  ///< null once they are there
+  mutable std::vector<std::string> items_;
   std::string text_;
   std::string placeholder_;
-  int position_ = -1;
+  mutable int position_ = -1;
   bool takes_typing_ = false;
 };
 

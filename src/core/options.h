@@ -35,6 +35,7 @@ class OwnOptions {
   RegValue Read(std::string_view name) {
     return registry_.ReadRegValue(RegRoot::kCurrentUser, kOptionsKey, name);
   }
+  [[nodiscard]] platform::ReadScope Reading() { return registry_.Reading(); }
   void Write(std::string_view name, const RegInput& value);
   void Delete(std::string_view name) {
     registry_.DeleteRegValue(RegRoot::kCurrentUser, kOptionsKey, name);

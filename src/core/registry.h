@@ -66,7 +66,9 @@ class basRegistry {
   bool RegKeyExists(RegRoot root, std::string_view path);
 
   /// Changes within one scope that nobody asked for are passed over where nothing can be written.
-  [[nodiscard]] platform::UnaskedScope Unasked() { return platform::UnaskedScope(api_); }
+  [[nodiscard]] platform::UnaskedScope Unasked(platform::HeldUp held_up) {
+    return platform::UnaskedScope(api_, held_up);
+  }
   /// Many reads within one scope see the registry as it was at one moment.
   [[nodiscard]] platform::ReadScope Reading() { return platform::ReadScope(api_); }
 

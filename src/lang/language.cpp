@@ -76,17 +76,18 @@ bool Language::ReadTexts() {
   return false;
 }
 
-void Language::ListLanguages() {
-  DisplayNames.clear();
+std::vector<std::string> Language::ListLanguages() {
+  std::vector<std::string> display_names;
   LanguageFiles.clear();
   for (const std::string& name : files_.ListFiles(kFolder, kEnding)) {
     if (name.find('_') != std::string::npos) continue;
     const std::optional<std::string> bytes = files_.ReadBytes(std::string(kFolder) + name);
     if (!bytes) continue;
     const std::string text = Decode(*bytes);
-    DisplayNames.push_back(core::FieldReader(text).Next().value_or(""));
+    display_names.push_back(core::FieldReader(text).Next().value_or(""));
     if (LanguageFiles.size() < kMostFiles) LanguageFiles.push_back(name);
   }
+  return display_names;
 }
 
 void Language::ChooseLanguage(int position) {

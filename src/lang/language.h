@@ -37,8 +37,9 @@ class Language {
   /// Reads the chosen language's texts. A missing file leaves them empty; one with more than 300
   /// texts gives a message and English.
   void LoadLanguage();
-  /// Finds the language files, in order of their names, leaving out names with "_".
-  void ListLanguages();
+  /// The display names of the languages that can be chosen, in order of their files' names,
+  /// leaving out names with "_". Their positions are what ChooseLanguage takes from then on.
+  std::vector<std::string> ListLanguages();
   /// Stores the language at a position of the list; it is used from the next start on.
   void ChooseLanguage(int position);
 
@@ -51,9 +52,7 @@ class Language {
   std::string MissingFile;
   /// The text beside the language choice.
   std::string HeaderText;
-  /// The display names of the languages that can be chosen.
-  std::vector<std::string> DisplayNames;
-  /// Their file names, of the first 65 alone.
+  /// The file names of the first 65 languages that were listed.
   std::vector<std::string> LanguageFiles;
 
  private:

@@ -52,6 +52,9 @@ struct StoredValue {
   bool operator==(const StoredValue&) const = default;
 };
 
+/// What becomes of a change that nobody asked for while another program keeps the registry locked.
+enum class HeldUp { kWaits, kPassedOver };
+
 /// The registry, as RegOpenKey, RegCreateKey, RegQueryValueEx, RegSetValueEx, RegSetValue,
 /// RegDeleteValue, RegDeleteKey, RegEnumKeyEx, RegEnumValue and RegCloseKey give it.
 ///
@@ -88,8 +91,8 @@ class RegistryApi {
   virtual RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) = 0;
   virtual RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) = 0;
 
-  /// Between these two calls (they nest) reads see the registry as it was at one moment. A change
-  /// made meanwhile ends that view. Use ReadScope.
+  /// Between these two calls (they nest) reads see the registry as it was at one moment, and from a
+  /// change made meanwhile on as it is then. Use ReadScope.
   virtual void BeginReads() = 0;
   virtual void EndReads() = 0;
 
@@ -102,21 +105,25 @@ class RegistryApi {
   virtual RegStatus EndChanges(bool keep) = 0;
 
   /// Nobody asked for what is changed between these two calls (they nest), so where nothing can be
-  /// written it fails as ever, but is no failure that a person is told of. Use UnaskedScope.
-  virtual void BeginUnasked() = 0;
-  virtual void EndUnasked() = 0;
+  /// written it fails as ever, but is no failure that a person is told of; nor is what is passed
+  /// over. Use UnaskedScope.
+  virtual void BeginUnasked(HeldUp held_up) = 0;
+  virtual void EndUnasked(HeldUp held_up) = 0;
 };
 
 /// Says for as long as it lives that nobody asked for the changes.
 class UnaskedScope {
  public:
-  explicit UnaskedScope(RegistryApi& registry) : registry_(registry) { registry_.BeginUnasked(); }
-  ~UnaskedScope() { registry_.EndUnasked(); }
+  UnaskedScope(RegistryApi& registry, HeldUp held_up) : registry_(registry), held_up_(held_up) {
+    registry_.BeginUnasked(held_up_);
+  }
+  ~UnaskedScope() { registry_.EndUnasked(held_up_); }
   UnaskedScope(const UnaskedScope&) = delete;
   UnaskedScope& operator=(const UnaskedScope&) = delete;
 
  private:
   RegistryApi& registry_;
+  HeldUp held_up_;
 };
 
 /// Holds one view of the registry for as long as it lives.

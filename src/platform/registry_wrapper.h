@@ -25,8 +25,8 @@ class RegistryWrapper : public RegistryApi {
   RegStatus DeleteKey(RegRoot root, std::string_view path) override;
   RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) override;
   RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) override;
-  void BeginUnasked() override { inner_.BeginUnasked(); }
-  void EndUnasked() override { inner_.EndUnasked(); }
+  void BeginUnasked(HeldUp held_up) override { inner_.BeginUnasked(held_up); }
+  void EndUnasked(HeldUp held_up) override { inner_.EndUnasked(held_up); }
   void BeginReads() override { inner_.BeginReads(); }
   void EndReads() override { inner_.EndReads(); }
   RegStatus BeginChanges() override { return inner_.BeginChanges(); }

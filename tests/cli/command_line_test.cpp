@@ -3,6 +3,7 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -10,6 +11,7 @@
 #include "cli/command.h"
 #include "cli/command_line_run.h"
 #include "cli/step.h"
+#include "platform/portable/store.h"
 
 namespace kestrune::cli {
 namespace {
@@ -504,6 +506,25 @@ TEST_F(CommandLineTest, AStoreThatIsNoneIsRefusedUntouched) {
   EXPECT_EQ(outcome.status, 3);
   EXPECT_NE(outcome.err.find(file), std::string::npos) << outcome.err;
   EXPECT_EQ(platform::ReadAll(file), "this is no store");
+}
+
+TEST_F(CommandLineTest, WhatStartUpStoresWaitsForNobodyAndIsMadeUpFor) {
+  const std::vector<std::string> version = {"registry", "read", R"(HKCU\Software\Kestrune)",
+                                            "Version"};
+  Out({"get", kMode});
+  Out({"registry", "delete", R"(HKCU\Software\Kestrune)", "Version"});
+  {
+    const auto other =
+        platform::portable::Store::Open({.path = folder / "winxp-geforce7800.store"});
+    ASSERT_TRUE(other.Ok());
+    const platform::portable::Transaction held(*other.Value());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(Out({"get", kMode}), "Auto\n");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_EQ(Run(version).status, 1);
+  }
+  EXPECT_EQ(Out({"get", kMode}), "Auto\n");
+  EXPECT_EQ(Out(version), "REG_DWORD 353\n");
 }
 
 TEST_F(CommandLineTest, AMachineWithAFaultIsRefusedWithItsPlace) {

@@ -56,6 +56,31 @@ TEST(ComboBoxTest, ATextNeedsNotBeAnItemAndNewItemsKeepIt) {
   EXPECT_EQ(combo.Text(), "two");
 }
 
+TEST(ComboBoxTest, ItemsAreFoundOnceWhenAnythingNeedsThem) {
+  const std::function<void(ComboBox&)> needs[] = {
+      [](ComboBox& combo) { EXPECT_EQ(combo.Items().size(), 2U); },
+      [](ComboBox& combo) { EXPECT_EQ(combo.Position(), 0); },
+      [](ComboBox& combo) { EXPECT_EQ(combo.ItemFor("TWO"), 1); },
+      [](ComboBox& combo) { EXPECT_TRUE(combo.Choose(1)); },
+      [](ComboBox& combo) { combo.PassOn(1); },
+      [](ComboBox& combo) { combo.ShowPosition(1); },
+      [](ComboBox& combo) { combo.ShowText("two"); }};
+  for (const auto& need : needs) {
+    ComboBox combo("a", nullptr);
+    combo.ShowText("one");
+    int found = 0;
+    combo.FindItems([&found] {
+      ++found;
+      return std::vector<std::string>{"one", "two"};
+    });
+    EXPECT_EQ(combo.ValueText(), "one");
+    EXPECT_EQ(found, 0);
+    need(combo);
+    EXPECT_EQ(combo.Position(), combo.Text() == "two" ? 1 : 0);
+    EXPECT_EQ(found, 1);
+  }
+}
+
 TEST(ComboBoxTest, TellsAChoiceFromAChangedText) {
   ComboBox combo("a", nullptr);
   combo.SetItems({"one", "two"});

@@ -82,6 +82,19 @@ TEST(StartUpTest, TheFirstRunShowsTheBasicPageAndLeavesItsVersionAlone) {
   EXPECT_EQ(driven.Text("main.help-system-picture"), "DATA/hs/pic/ps.jpg");
 }
 
+TEST(StartUpTest, OnlyTheChosenLanguageIsReadUntilTheOthersAreNeeded) {
+  FakeMachine machine;
+  Driven driven(machine);
+  const auto times_read = [&machine](const std::string& file) {
+    return std::count(machine.log.begin(), machine.log.end(), "file \\DATA\\LANGUAGE\\" + file);
+  };
+  EXPECT_EQ(times_read("en.dat"), 1);
+  EXPECT_EQ(times_read("cs.dat"), 0);
+  driven.Choose("main.language", 0);
+  EXPECT_EQ(times_read("cs.dat"), 1);
+  EXPECT_EQ(machine.Stored(kOptionsKey, "Language"), "REG_SZ cs");
+}
+
 TEST(StartUpTest, TheRememberedPageIsShownAndOddOnesGiveTheBasicPage) {
   struct Case {
     std::string stored;

@@ -117,8 +117,7 @@ TEST_F(OwnLanguagesTest, ListsFilesByNameWithoutThoseWithAnUnderscore) {
   machine.Lay("DATA/LANGUAGE/x_backup.dat", "Backup");
   machine.Lay("DATA/LANGUAGE/c.txt", "No");
   language.ListLanguages();
-  language.ListLanguages();
-  EXPECT_EQ(test::Joined(language.DisplayNames), "Ay, Bee");
+  EXPECT_EQ(test::Joined(language.ListLanguages()), "Ay, Bee");
   EXPECT_EQ(test::Joined(language.LanguageFiles), "A.DAT, b.dat");
 }
 
@@ -126,8 +125,7 @@ TEST_F(OwnLanguagesTest, RemembersTheFilesOfTheFirstSixtyFiveOnly) {
   for (int i = 10; i < 76; ++i) {
     machine.Lay("DATA/LANGUAGE/l" + std::to_string(i) + ".dat", "N" + std::to_string(i));
   }
-  language.ListLanguages();
-  EXPECT_EQ(language.DisplayNames.size(), 66U);
+  EXPECT_EQ(language.ListLanguages().size(), 66U);
   EXPECT_EQ(language.LanguageFiles.size(), 65U);
   language.ChooseLanguage(65);
   language.ChooseLanguage(-1);

@@ -126,7 +126,13 @@ TEST(StoreTest, AViewStaysAsItWasUntilTheStoreIsChanged) {
   // Equal to what the view shows, and still not what the store holds by now.
   EXPECT_EQ(Set(*mine, "K", "v", "1"), RegStatus::kSuccess);
   EXPECT_EQ(Get(*other, "K", "v"), "1");
+  // A change opens the view anew.
+  EXPECT_EQ(Set(*mine, "K", "w", "1"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(*mine, "K", "v"), "1");
+  EXPECT_EQ(Set(*other, "K", "v", "2"), RegStatus::kSuccess);
+  EXPECT_EQ(Get(*mine, "K", "v"), "1");
   mine->EndReads();
+  EXPECT_EQ(Get(*mine, "K", "v"), "2");
   EXPECT_EQ(mine->FirstFailure(), std::nullopt);
 }
 
@@ -389,6 +395,31 @@ TEST(StoreFaultTest, NobodyWaitsToLookAndAfterOneFailureNobodyWaitsAgain) {
   EXPECT_LT(waited(), std::chrono::milliseconds(2500));
 }
 
+TEST(StoreFaultTest, WhatIsPassedOverNeitherWaitsNorFailsForOthers) {
+  TempFolder folder;
+  const std::string path = folder / "a.store";
+  const auto other = OpenStore(path);
+  Set(*other, "K", "v", "1");
+  const auto store = Store::Open({.path = path, .busy_timeout = std::chrono::milliseconds(300)});
+  ASSERT_TRUE(store.Ok());
+  StoreRegistry registry(*store.Value());
+  const auto waited = [&](HeldUp held_up) {
+    const auto start = std::chrono::steady_clock::now();
+    const UnaskedScope unasked(registry, held_up);
+    EXPECT_EQ(Set(*store.Value(), "K", "v", "2"), RegStatus::kWriteFault);
+    EXPECT_FALSE(Transaction(*store.Value()).IsOpen());
+    return std::chrono::steady_clock::now() - start;
+  };
+  {
+    Transaction held(*other);
+    EXPECT_LT(waited(HeldUp::kPassedOver), std::chrono::milliseconds(200));
+    EXPECT_EQ(store.Value()->FirstFailure(), std::nullopt);
+    EXPECT_GE(waited(HeldUp::kWaits), std::chrono::milliseconds(200));
+    EXPECT_NE(store.Value()->FirstFailure(), std::nullopt);
+  }
+  EXPECT_EQ(Set(*store.Value(), "K", "v", "2"), RegStatus::kSuccess);
+}
+
 TEST(StoreFaultTest, PlacesWhereNoStoreCanBe) {
   TempFolder folder;
   const std::string file = folder.Write("file", "x");
@@ -455,9 +486,9 @@ TEST(StoreFaultTest, AStoreThatCanNotBeWrittenStillServesReads) {
     EXPECT_TRUE(store->IsReadOnly());
     EXPECT_EQ(Get(*store, "K", "v"), "1");
     EXPECT_EQ(Set(*store, "K", "v", "1"), RegStatus::kSuccess);
-    store->BeginUnasked();
+    store->BeginUnasked(HeldUp::kWaits);
     EXPECT_EQ(Set(*store, "New", "v", "1"), RegStatus::kWriteFault);
-    store->EndUnasked();
+    store->EndUnasked(HeldUp::kWaits);
     EXPECT_EQ(store->FirstFailure(), std::nullopt);
     EXPECT_EQ(Set(*store, "New", "v", "1"), RegStatus::kWriteFault);
     EXPECT_EQ(store->FirstFailure(), "The store " + path + " can't be written: it is read-only.");

@@ -32,6 +32,18 @@ RegStatus FoldPath(RegRoot root, std::string_view& path, std::string& folded) {
 
 }  // namespace
 
+/// An open view ends for a change, and a new one shows what came of it.
+class Store::ViewPause {
+ public:
+  explicit ViewPause(Store& store) : store_(store) { store_.EndView(); }
+  ~ViewPause() { store_.BeginView(); }
+  ViewPause(const ViewPause&) = delete;
+  ViewPause& operator=(const ViewPause&) = delete;
+
+ private:
+  Store& store_;
+};
+
 bool Store::IsReadOnly() const { return sqlite3_db_readonly(database_, "main") == 1; }
 
 RegStatus Store::FindKey(RegRoot root, std::string_view path, KeyId& key) {
@@ -89,7 +101,7 @@ RegStatus Store::DeleteKey(RegRoot root, std::string_view path) {
   RegStatus status = FoldPath(root, path, folded);
   if (status != RegStatus::kSuccess) return status;
   if (path.empty()) return RegStatus::kAccessDenied;
-  EndView();
+  RenewView();
   KeyId key = 0;
   status = FindFolded(folded, key);
   if (status != RegStatus::kSuccess) return status;
@@ -136,14 +148,12 @@ RegStatus Store::SetValue(KeyId key, std::string_view name, RegType type,
   if (key <= kLastRootKey) return RegStatus::kAccessDenied;
   if (ValueNameFault(name) != nullptr) return RegStatus::kInvalidParameter;
   if (DataFault(data.size()) != nullptr) return RegStatus::kNoResources;
-  EndView();
+  RenewView();
   if (Doomed()) return RegStatus::kWriteFault;
   const std::string folded = FoldCase(name);
   // What stands there already takes no lock, so nobody waits for it, nor needs to be able to write.
-  if (changes_open_ == 0 && HasValue(key, folded, type, data)) {
-    BeginView();
-    return RegStatus::kSuccess;
-  }
+  if (changes_open_ == 0 && HasValue(key, folded, type, data)) return RegStatus::kSuccess;
+  const ViewPause pause(*this);
   Query query(*this, kPutValue);
   query.Bind(1, key).Bind(2, folded).Bind(3, name);
   const RegStatus status = Finish(query.Bind(4, static_cast<std::int64_t>(type)).Bind(5, data));
@@ -162,7 +172,7 @@ bool Store::HasValue(KeyId key, std::string_view folded, RegType type,
 
 RegStatus Store::DeleteValue(KeyId key, std::string_view name) {
   if (key <= kLastRootKey) return RegStatus::kAccessDenied;
-  EndView();
+  RenewView();
   const std::string folded = FoldCase(name);
   {
     Query query(*this, kGetValue);
@@ -170,6 +180,7 @@ RegStatus Store::DeleteValue(KeyId key, std::string_view name) {
     if (found != RegStatus::kSuccess) return found;
   }
   if (Doomed()) return RegStatus::kWriteFault;
+  const ViewPause pause(*this);
   Query query(*this, kDropValue);
   const RegStatus status = Finish(query.Bind(1, key).Bind(2, folded));
   if (status != RegStatus::kSuccess) return status;
@@ -220,11 +231,22 @@ std::optional<std::string> Store::MachineState(std::string_view name) {
 }
 
 RegStatus Store::SetMachineState(std::string_view name, std::string_view text) {
-  EndView();
+  RenewView();
   if (Doomed()) return RegStatus::kWriteFault;
   if (MachineState(name) == text) return RegStatus::kSuccess;
+  const ViewPause pause(*this);
   Query query(*this, kPutState);
   return Finish(query.Bind(1, name).Bind(2, text));
+}
+
+void Store::BeginUnasked(HeldUp held_up) {
+  ++unasked_open_;
+  if (held_up == HeldUp::kPassedOver) ++passing_over_open_;
+}
+
+void Store::EndUnasked(HeldUp held_up) {
+  --unasked_open_;
+  if (held_up == HeldUp::kPassedOver) --passing_over_open_;
 }
 
 void Store::BeginReads() {
@@ -232,7 +254,7 @@ void Store::BeginReads() {
 }
 
 void Store::BeginView() {
-  if (reads_open_ == 0 || changes_open_ > 0) return;
+  if (view_open_ || reads_open_ == 0 || changes_open_ > 0) return;
   view_open_ = Query(*this, kBeginReading).Step() == SQLITE_DONE;
   last_found_ = 0;
 }
@@ -247,10 +269,17 @@ void Store::EndView() {
   if (code != SQLITE_DONE) ReadFailed(code);
 }
 
+/// What a change meets counts as it is now, not as it was when the view was opened.
+void Store::RenewView() {
+  EndView();
+  BeginView();
+}
+
 bool Store::BeginChange() {
   if (changes_open_ == 0) {
     EndView();
-    const int code = Query(*this, kBeginChange).Step();
+    Query query(*this, kBeginChange);
+    const int code = StepChange(query);
     if (code != SQLITE_DONE) return WriteFailed(code), false;
   }
   ++changes_open_;
@@ -258,6 +287,12 @@ bool Store::BeginChange() {
 }
 
 bool Store::EndChange(bool keep) {
+  const bool kept = EndOpenChange(keep);
+  BeginView();
+  return kept;
+}
+
+bool Store::EndOpenChange(bool keep) {
   if (!keep) doomed_ = true;
   if (--changes_open_ > 0) return !doomed_;
   const bool take_back = std::exchange(doomed_, false);
@@ -279,10 +314,17 @@ bool Store::Doomed() {
 }
 
 RegStatus Store::Finish(Query& query) {
-  const int code = query.Step();
+  const int code = StepChange(query);
   if (code != SQLITE_DONE) return WriteFailed(code);
   if (changes_open_ == 0) Succeeded();
   return RegStatus::kSuccess;
+}
+
+int Store::StepChange(Query& query) {
+  impatient_ = passing_over_open_ > 0;
+  const int code = query.Step();
+  impatient_ = false;
+  return code;
 }
 
 /// After a change that has been kept others are waited for anew.
@@ -295,7 +337,9 @@ RegStatus Store::ReadFailed(int code) {
 
 RegStatus Store::WriteFailed(int code) {
   doomed_ = changes_open_ > 0;
-  if (unasked_open_ == 0 || !IsReadOnly()) Remember("written", code);
+  const bool is_passed_over = (unasked_open_ > 0 && IsReadOnly()) ||
+                              (passing_over_open_ > 0 && (code & 0xFF) == SQLITE_BUSY);
+  if (!is_passed_over) Remember("written", code);
   return RegStatus::kWriteFault;
 }
 

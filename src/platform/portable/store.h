@@ -74,9 +74,11 @@ class Store {
   RegStatus DeleteValue(KeyId key, std::string_view name);
   RegStatus ListKeys(KeyId key, std::vector<std::string>& names);
   RegStatus ListValues(KeyId key, std::vector<StoredValue>& values);
-  /// Between these two calls a store that can only be read remembers no failure to write.
-  void BeginUnasked() { ++unasked_open_; }
-  void EndUnasked() { --unasked_open_; }
+  /// Between these two calls a store that can only be read remembers no failure to write. With
+  /// kPassedOver no change waits for other programs either, nor is it remembered that they kept
+  /// the store locked.
+  void BeginUnasked(HeldUp held_up);
+  void EndUnasked(HeldUp held_up);
   void BeginReads();
   void EndReads();
   /// What a Transaction does: false when it could not be begun, or is not kept.
@@ -89,6 +91,7 @@ class Store {
 
  private:
   class Query;
+  class ViewPause;
   enum Sql : std::size_t;
   static constexpr std::size_t kSqlCount = 18;
 
@@ -117,15 +120,18 @@ class Store {
   bool HasValue(KeyId key, std::string_view folded, RegType type, std::span<const std::byte> data);
   RegStatus RequireKey(KeyId key);
   RegStatus Finish(Query& query);
+  int StepChange(Query& query);
   RegStatus ReadFailed(int code);
   RegStatus WriteFailed(int code);
   void Remember(const char* what, int code);
   std::string Reason(int code) const;
   std::string OpeningFailed(int code) const;
 
+  bool EndOpenChange(bool keep);
   bool Doomed();
   void BeginView();
   void EndView();
+  void RenewView();
   void Succeeded();
 
   std::string path_;
@@ -137,6 +143,8 @@ class Store {
   int changes_open_ = 0;                   ///< nested transactions
   int reads_open_ = 0;                     ///< nested BeginReads
   int unasked_open_ = 0;                   ///< nested BeginUnasked
+  int passing_over_open_ = 0;              ///< those of them with kPassedOver
+  bool impatient_ = false;                 ///< waits for nobody
   bool doomed_ = false;                    ///< the open transaction can only be taken back
   bool view_open_ = false;
   KeyId last_found_ = 0;  ///< an open view goes on showing it

@@ -253,8 +253,9 @@ int Store::Connect(const std::string& file, int flags, std::chrono::milliseconds
 int Store::WaitForOthers(void* store, int waits) {
   constexpr int kLongestWait = 50;
   const std::chrono::milliseconds wait(std::min(1 + waits * 2, kLongestWait));
-  std::chrono::milliseconds& patience = static_cast<Store*>(store)->patience_;
-  if (patience <= std::chrono::milliseconds(0)) return 0;
+  Store& self = *static_cast<Store*>(store);
+  std::chrono::milliseconds& patience = self.patience_;
+  if (self.impatient_ || patience <= std::chrono::milliseconds(0)) return 0;
   std::this_thread::sleep_for(wait);
   patience -= wait;
   return 1;

@@ -25,8 +25,8 @@ class StoreRegistry : public RegistryApi {
   }
   RegStatus ListKeys(RegHandle key, std::vector<std::string>& names) override;
   RegStatus ListValues(RegHandle key, std::vector<StoredValue>& values) override;
-  void BeginUnasked() override { store_.BeginUnasked(); }
-  void EndUnasked() override { store_.EndUnasked(); }
+  void BeginUnasked(HeldUp held_up) override { store_.BeginUnasked(held_up); }
+  void EndUnasked(HeldUp held_up) override { store_.EndUnasked(held_up); }
   void BeginReads() override { store_.BeginReads(); }
   void EndReads() override { store_.EndReads(); }
   RegStatus BeginChanges() override;

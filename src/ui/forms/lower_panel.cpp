@@ -55,9 +55,9 @@ void LowerPanel::ConnectPanel(const MainForm& form) {
 
 void LowerPanel::ShowLanguageHeader() { language_header_.SetCaption(language_.HeaderText); }
 
-void LowerPanel::ListLanguages() {
-  language_.ListLanguages();
-  languages_.SetItems(language_.DisplayNames);
+void LowerPanel::OfferLanguages() {
+  // Every one of their files has to be read, and few commands need the list.
+  languages_.FindItems([this] { return language_.ListLanguages(); });
   languages_.SetPlaceholder(language_.DisplayName);
 }
 
@@ -101,6 +101,7 @@ void LowerPanel::SaveVisitedPage() {
 }
 
 bool LowerPanel::ReadOptions() {
+  const platform::ReadScope view = options_.Reading();
   const int help = options_.Read(core::kHelpSystemValue).NumberOr(1);
   enable_help_.Show(help);
   state_.HelpSystemEnabled = help;

@@ -14,9 +14,9 @@ class LowerPanel {
   LowerPanel(const LowerPanel&) = delete;
   LowerPanel& operator=(const LowerPanel&) = delete;
 
-  /// Shows the chosen language's own line, and the languages to choose from.
+  /// Shows the chosen language's own line, and lets the others be listed when they are needed.
   void ShowLanguageHeader();
-  void ListLanguages();
+  void OfferLanguages();
   /// Reads the "HelpSystem" and "LVP" options. The remembered page, where one is kept, becomes
   /// ActivePage; false without one.
   [[nodiscard]] bool ReadOptions();

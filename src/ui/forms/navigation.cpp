@@ -19,7 +19,8 @@ void Navigation::ShowPage() {
   }
   if (!IsPage(state_.ActivePage)) return;
   const PageRow& row = kPages[static_cast<std::size_t>(state_.ActivePage)];
-  const platform::UnaskedScope unasked = registry_.Unasked();
+  // A page may put aside for a moment what is stored, so what it changes is no passing matter.
+  const platform::UnaskedScope unasked = registry_.Unasked(platform::HeldUp::kWaits);
   if (row.shown != nullptr) row.shown(pages_);
   if (row.group != Group::kNone) {
     bar_.SetRange(1, SizeOf(row.group));

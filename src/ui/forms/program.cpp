@@ -24,7 +24,8 @@ struct Program::Parts {
   void MakeWindows();
   void ShowAtFirst();
   void LoadTexts();
-  void DetectHardware();
+  void DetectDriver();
+  void DetectAdapter();
   void FillSettings();
   void ShowVersion();
   void ShowRememberedPage();
@@ -120,11 +121,18 @@ void Program::Parts::LoadTexts() {
   pages.driver.State().VertexShaderVersionText = LangText[texts::kEnabled];
 }
 
-void Program::Parts::DetectHardware() {
-  versions.DetectOSAndDirectX();
-  adapter.FindVideoKey();
-  adapter.ReadCardName();
+void Program::Parts::DetectDriver() {
+  {
+    const platform::ReadScope view = registry.Reading();
+    versions.DetectOSAndDirectX();
+    adapter.FindVideoKey();
+    adapter.ReadCardName();
+  }
+  // It may have a message, during which no view is open.
   versions.ReadDriverVersion();
+}
+
+void Program::Parts::DetectAdapter() {
   adapter.FindDisplayAdapter();
   adapter.ReadCardName();
   adapter.IdentifyGpu();
@@ -132,6 +140,9 @@ void Program::Parts::DetectHardware() {
 }
 
 void Program::Parts::FillSettings() {
+  const platform::ReadScope view = registry.Reading();
+  // The next start changes what another program's lock keeps from being changed now.
+  const platform::UnaskedScope unasked = registry.Unasked(platform::HeldUp::kPassedOver);
   constexpr int kFewestUnits = 2;
   const int units = core::RegValue(cards.GetCardData("mt", false)).NumberOr(0);
   if (units < kFewestUnits) state.LowTextureUnits = 1;
@@ -143,6 +154,8 @@ void Program::Parts::FillSettings() {
   pages.driver.Lists().FillCapabilityLists();
   pages.direct3d.InitOverrides();
   ExplainDisabled(controls, hardware, LangText);
+  profiles::RegisterFileType(services.registry, services.files.ProgramFolder());
+  ShowVersion();
 }
 
 void Program::Parts::ShowVersion() {
@@ -152,7 +165,6 @@ void Program::Parts::ShowVersion() {
   main.TheWindow().SetCaption("Kestrune SE Build " + minor);
   options.Write(core::kVersionValue,
                 std::to_string(core::kMajorVersion) + minor + std::to_string(core::kRevision));
-  services.dialog.RunPendingEvents();
 }
 
 void Program::Parts::ShowRememberedPage() {
@@ -160,18 +172,17 @@ void Program::Parts::ShowRememberedPage() {
 }
 
 void Program::Parts::ShowAtFirst() {
-  const platform::UnaskedScope unasked = registry.Unasked();
   state.IsLoading = 1;
   state.IsStart = 1;
   LoadTexts();
   navigation.ShowPage();
-  DetectHardware();
-  lower_panel.ListLanguages();
+  DetectDriver();
+  DetectAdapter();
+  lower_panel.OfferLanguages();
   services.dialog.RunPendingEvents();
   pages.overclocking.OfferPairs();
   FillSettings();
-  profiles::RegisterFileType(services.registry, services.files.ProgramFolder());
-  ShowVersion();
+  services.dialog.RunPendingEvents();
   state.IsStart = 0;
   state.IsLoading = 0;
   pages.direct3d.ShowPreview();
@@ -233,7 +244,9 @@ const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->toolbar.GoToPage(page); }
 bool Program::Ended() const { return parts_->closed; }
-const std::vector<std::string>& Program::Languages() const { return parts_->language.DisplayNames; }
+const std::vector<std::string>& Program::Languages() const {
+  return parts_->main.Get<controls::ComboBox>("main.language").Items();
+}
 const std::string& Program::MissingFile() const { return parts_->language.MissingFile; }
 
 regedit::Database Program::DatabaseOf(regedit::Category category) const {
