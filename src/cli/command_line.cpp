@@ -78,6 +78,7 @@ class CommandLine {
   CLI::App& GroupOf(std::string_view name);
   void AddText(const std::string& name, std::string& text, const std::string& help,
                const std::string& type);
+  void AddArguments(CLI::App& word, const Command& command);
   void AddArgument(CLI::App& command, std::string_view argument);
   const CLI::App& LastWord() const;
   std::string UsageOf(const CLI::App& word) const;
@@ -126,13 +127,18 @@ void CommandLine::Add(const Command& command) {
   CLI::App& parent = is_in_group ? GroupOf(command.name.substr(0, blank)) : app_;
   CLI::App& word =
       AddWord(parent, is_in_group ? command.name.substr(blank + 1) : command.name, command.help);
+  // A run needs the arguments of one command alone, and each costs as much as many small steps.
+  word.preparse_callback([this, &word, &command](std::size_t) { AddArguments(word, command); });
+  word.positionals_at_end(command.takes_all_words);
+  commands_[&word] = &command;
+}
+
+void CommandLine::AddArguments(CLI::App& word, const Command& command) {
   for (std::string_view rest = command.arguments; !rest.empty();) {
     const std::string_view argument = rest.substr(0, rest.find(' '));
     rest.remove_prefix(std::min(argument.size() + 1, rest.size()));
     AddArgument(word, argument);
   }
-  word.positionals_at_end(command.takes_all_words);
-  commands_[&word] = &command;
 }
 
 CLI::App& CommandLine::AddWord(CLI::App& parent, std::string_view name, std::string_view help) {

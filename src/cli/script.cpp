@@ -126,12 +126,9 @@ void Script::Show(const std::string& id) {
       out_.Line(ShowLine(*control));
     }
   };
-  if (IsWindow(program_.Find(id))) {
+  for (const forms::Form* form : program_.Forms()) {
     constexpr int kOnNoPage = -1;
-    for (const forms::Form* form : program_.Forms()) {
-      if (form->Controls().front()->Id() == id) print(*form, kOnNoPage);
-    }
-    return;
+    if (form->TheWindow().Id() == id) return print(*form, kOnNoPage);
   }
   for (int page = 0; page < forms::PageCount(); ++page) {
     if (id.empty() || page == program_.ActivePage()) print(program_.Main(), page);

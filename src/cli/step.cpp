@@ -1,10 +1,10 @@
 #include "cli/step.h"
 
-#include "cli/control_text.h"
+#include <algorithm>
+
 #include "cli/suggestion.h"
 #include "platform/parse_number.h"
-#include "ui/forms/main_form.h"
-#include "ui/forms/window_table.h"
+#include "ui/forms/pages.h"
 
 namespace kestrune::cli {
 
@@ -22,6 +22,10 @@ constexpr Prefix kPrefixes[] = {{"?", Step::Kind::kPrint},    {"~", Step::Kind::
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+bool IsWindow(const forms::ControlRow* row) {
+  return row != nullptr && row->kind == forms::Kind::kWindow;
 }
 
 /// The sort of thing that a step is for.
@@ -59,22 +63,10 @@ std::optional<Step> ParseStep(const std::string& text) {
       .kind = Step::Kind::kSet, .id = text.substr(0, equals), .value = text.substr(equals + 1)};
 }
 
-bool IsWindow(const controls::Control* control) {
-  return dynamic_cast<const controls::Window*>(control) != nullptr;
-}
-
-KnownIds::KnownIds() {
-  forms_.push_back(std::make_unique<forms::MainForm>());
-  for (const forms::WindowRow* row : forms::kWindows) {
-    forms_.push_back(std::make_unique<forms::Form>(*row));
-  }
-}
-
-const controls::Control* KnownIds::Find(std::string_view id) const {
-  for (const auto& form : forms_) {
-    if (const controls::Control* control = form->Find(id)) return control;
-  }
-  return nullptr;
+const forms::ControlRow* KnownIds::Find(std::string_view id) const {
+  const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                  [id](const forms::ControlRow& row) { return row.id == id; });
+  return found == rows_.end() ? nullptr : &*found;
 }
 
 bool KnownIds::Knows(Step::Kind kind, std::string_view id) const {
@@ -102,18 +94,14 @@ platform::Result<void> KnownIds::Check(const Step& step) const {
 /// What a step with an unknown id may be meant for.
 std::vector<std::string_view> KnownIds::Candidates(const Step& step) const {
   // A control where its page or window is wanted leaves no doubt.
-  for (const controls::Control* each = Find(step.id); each != nullptr; each = each->Parent()) {
-    if (Knows(step.kind, each->Id())) return {each->Id()};
+  for (const forms::ControlRow* each = Find(step.id); each != nullptr; each = Find(each->parent)) {
+    if (Knows(step.kind, each->id)) return {each->id};
   }
   const bool is_act = step.kind == Step::Kind::kSet || step.kind == Step::Kind::kPress;
   std::vector<std::string_view> ids;
-  for (const auto& form : forms_) {
-    for (const auto& control : form->Controls()) {
-      const bool holds_others = forms::IsPageId(control->Id()) || IsWindow(control.get());
-      if (Knows(step.kind, control->Id()) && !(is_act && holds_others)) {
-        ids.emplace_back(control->Id());
-      }
-    }
+  for (const forms::ControlRow& row : rows_) {
+    const bool holds_others = forms::IsPageId(row.id) || IsWindow(&row);
+    if (Knows(step.kind, row.id) && !(is_act && holds_others)) ids.push_back(row.id);
   }
   return ids;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/result.h"
-#include "ui/forms/form.h"
+#include "ui/forms/window_table.h"
 
 namespace kestrune::cli {
 
@@ -28,20 +27,17 @@ std::optional<Step> ParseStep(const std::string& text);
 /// The ids that there are, whatever the machine: those of the forms' own tables.
 class KnownIds {
  public:
-  KnownIds();
+  KnownIds() : rows_(forms::AllRows()) {}
 
   /// The sentence that says why a step can't be meant for anything, with the nearest ids.
   platform::Result<void> Check(const Step& step) const;
 
  private:
-  const controls::Control* Find(std::string_view id) const;
+  const forms::ControlRow* Find(std::string_view id) const;
   bool Knows(Step::Kind kind, std::string_view id) const;
   std::vector<std::string_view> Candidates(const Step& step) const;
 
-  std::vector<std::unique_ptr<forms::Form>> forms_;
+  std::vector<forms::ControlRow> rows_;
 };
-
-/// Whether a control is a window.
-bool IsWindow(const controls::Control* control);
 
 }  // namespace kestrune::cli

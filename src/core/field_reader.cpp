@@ -30,10 +30,13 @@ void FieldReader::SkipBlanks() {
 }
 
 std::string_view FieldReader::TakeUntil(std::string_view ends) {
-  const std::size_t end = std::min(text_.find_first_of(ends, position_), text_.size());
-  const std::string_view taken = text_.substr(position_, end - position_);
-  position_ = end;
-  return taken;
+  // A search for one of several characters asks the library for each character of the text.
+  const std::size_t start = position_;
+  const auto is_end = [ends](char c) {
+    return std::any_of(ends.begin(), ends.end(), [c](char end) { return c == end; });
+  };
+  while (!AtEnd() && !is_end(text_[position_])) ++position_;
+  return text_.substr(start, position_ - start);
 }
 
 std::string_view FieldReader::TakeQuoted() {

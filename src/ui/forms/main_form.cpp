@@ -82,13 +82,17 @@ const WindowRow kMainWindow = {
     .controls = kToolbar,
     .shortcuts = kShortcuts};
 
-MainForm::MainForm() : Form(kMainWindow) {
+std::vector<ControlRow> PagesAndPanel() {
+  std::vector<ControlRow> rows;
   for (const PageRow& page : kPages) {
-    Add(page.Frame());
-    Add(page.controls);
+    rows.push_back(page.Frame());
+    rows.insert(rows.end(), page.controls.begin(), page.controls.end());
   }
-  Add(kLowerPanel);
+  rows.insert(rows.end(), std::begin(kLowerPanel), std::end(kLowerPanel));
+  return rows;
 }
+
+MainForm::MainForm() : Form(kMainWindow) { Add(PagesAndPanel()); }
 
 const controls::Control* MainForm::WayTo(int page) const {
   const PageRow& wanted = kPages[static_cast<std::size_t>(page)];

@@ -11,6 +11,8 @@ inline constexpr int kLowHeight = 5625;
 inline constexpr int kFullHeight = 6405;
 
 extern const WindowRow kMainWindow;
+/// What stands in the main window beside the controls of its row.
+std::vector<ControlRow> PagesAndPanel();
 
 /// Form1, the main window: its toolbar, the sixteen pages and the lower panel, and nothing of what
 /// they do.
