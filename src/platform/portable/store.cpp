@@ -92,6 +92,7 @@ RegStatus Store::InsertMissingKeys(std::string_view folded, std::string_view pat
     query.Bind(1, parent).Bind(2, folded.substr(0, end)).Bind(3, name);
     status = Finish(query.Bind(4, kHighestKey));
     key = sqlite3_last_insert_rowid(database_);
+    if (status == RegStatus::kSuccess) last_found_ = key;
   }
   return status;
 }
@@ -107,6 +108,7 @@ RegStatus Store::DeleteKey(RegRoot root, std::string_view path) {
   if (status != RegStatus::kSuccess) return status;
   Transaction change(*this);
   if (!change.IsOpen() || Doomed()) return RegStatus::kWriteFault;
+  last_found_ = 0;
   status = Finish(Query(*this, kKeepHighestKey).Bind(1, kHighestKey));
   // All paths below a key lie between its own with a backslash and with the character behind that.
   const std::string first = folded + '\\';
@@ -153,12 +155,21 @@ RegStatus Store::SetValue(KeyId key, std::string_view name, RegType type,
   const std::string folded = FoldCase(name);
   // What stands there already takes no lock, so nobody waits for it, nor needs to be able to write.
   if (changes_open_ == 0 && HasValue(key, folded, type, data)) return RegStatus::kSuccess;
-  const ViewPause pause(*this);
-  Query query(*this, kPutValue);
-  query.Bind(1, key).Bind(2, folded).Bind(3, name);
-  const RegStatus status = Finish(query.Bind(4, static_cast<std::int64_t>(type)).Bind(5, data));
+  if (changes_open_ > 0) return PutValue({key, folded, name, type, data});
+  // The key must still be there when its value comes in.
+  Transaction change(*this);
+  if (!change.IsOpen()) return RegStatus::kWriteFault;
+  const RegStatus status = PutValue({key, folded, name, type, data});
   if (status != RegStatus::kSuccess) return status;
-  return sqlite3_changes(database_) > 0 ? status : RequireKey(key);
+  return change.Commit() ? status : RegStatus::kWriteFault;
+}
+
+RegStatus Store::PutValue(const Row& row) {
+  const RegStatus status = RequireKey(row.key);
+  if (status != RegStatus::kSuccess) return status;
+  Query query(*this, kPutValue);
+  query.Bind(1, row.key).Bind(2, row.folded).Bind(3, row.name);
+  return Finish(query.Bind(4, static_cast<std::int64_t>(row.type)).Bind(5, row.data));
 }
 
 bool Store::HasValue(KeyId key, std::string_view folded, RegType type,
@@ -215,11 +226,13 @@ RegStatus Store::ListValues(KeyId key, std::vector<StoredValue>& values) {
 }
 
 RegStatus Store::RequireKey(KeyId key) {
-  if (view_open_ && key == last_found_) return RegStatus::kSuccess;
+  if ((view_open_ || changes_open_ > 0) && key == last_found_) return RegStatus::kSuccess;
   Query query(*this, kHasKey);
   const int code = query.Bind(1, key).Step();
   if (code == SQLITE_DONE) return RegStatus::kKeyDeleted;
-  return code == SQLITE_ROW ? RegStatus::kSuccess : ReadFailed(code);
+  if (code != SQLITE_ROW) return ReadFailed(code);
+  last_found_ = key;
+  return RegStatus::kSuccess;
 }
 
 std::optional<std::string> Store::MachineState(std::string_view name) {
@@ -281,6 +294,7 @@ bool Store::BeginChange() {
     Query query(*this, kBeginChange);
     const int code = StepChange(query);
     if (code != SQLITE_DONE) return WriteFailed(code), false;
+    last_found_ = 0;
   }
   ++changes_open_;
   return true;

@@ -92,6 +92,14 @@ class Store {
  private:
   class Query;
   class ViewPause;
+  /// A value as its table holds it.
+  struct Row {
+    KeyId key;
+    std::string_view folded;
+    std::string_view name;
+    RegType type;
+    std::span<const std::byte> data;
+  };
   enum Sql : std::size_t;
   static constexpr std::size_t kSqlCount = 18;
 
@@ -118,6 +126,7 @@ class Store {
   RegStatus InsertMissingKeys(std::string_view folded, std::string_view path, KeyId& key);
   RegStatus FindValue(Query& query, KeyId key, std::string_view folded);
   bool HasValue(KeyId key, std::string_view folded, RegType type, std::span<const std::byte> data);
+  RegStatus PutValue(const Row& row);
   RegStatus RequireKey(KeyId key);
   RegStatus Finish(Query& query);
   int StepChange(Query& query);
@@ -147,7 +156,7 @@ class Store {
   bool impatient_ = false;                 ///< waits for nobody
   bool doomed_ = false;                    ///< the open transaction can only be taken back
   bool view_open_ = false;
-  KeyId last_found_ = 0;  ///< an open view goes on showing it
+  KeyId last_found_ = 0;  ///< stays there while the view or the transaction is open
   bool is_new_ = false;
 };
 

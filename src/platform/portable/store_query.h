@@ -40,12 +40,12 @@ inline constexpr const char* kStatements[] = {
     "ROLLBACK",
     "SELECT id FROM registry_key WHERE path = ?1",
     // The number of a key that was deleted isn't given again.
-    R"(INSERT INTO registry_key SELECT 1 + max((SELECT max(id) FROM registry_key),
+    R"(INSERT INTO registry_key VALUES(1 + max((SELECT max(id) FROM registry_key),
          coalesce((SELECT CAST(text AS INTEGER) FROM machine_state WHERE name = ?4), 0)),
-         ?1, ?2, ?3)",
+         ?1, ?2, ?3))",
     "SELECT type, data FROM registry_value WHERE key = ?1 AND folded = ?2",
-    R"(INSERT INTO registry_value(key, folded, name, type, data)
-       SELECT id, ?2, ?3, ?4, ?5 FROM registry_key WHERE id = ?1
+    // A row of its own instead of a selected one needs no journal of the statement.
+    R"(INSERT INTO registry_value(key, folded, name, type, data) VALUES(?1, ?2, ?3, ?4, ?5)
        ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data
        WHERE type <> excluded.type OR data <> excluded.data)",
     "DELETE FROM registry_value WHERE key = ?1 AND folded = ?2",
