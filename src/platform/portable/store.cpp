@@ -153,13 +153,14 @@ RegStatus Store::SetValue(KeyId key, std::string_view name, RegType type,
   RenewView();
   if (Doomed()) return RegStatus::kWriteFault;
   const std::string folded = FoldCase(name);
+  const Row row{key, folded, name, type, data};
+  if (changes_open_ > 0) return PutValue(row);
   // What stands there already takes no lock, so nobody waits for it, nor needs to be able to write.
-  if (changes_open_ == 0 && HasValue(key, folded, type, data)) return RegStatus::kSuccess;
-  if (changes_open_ > 0) return PutValue({key, folded, name, type, data});
+  if (HasValue(row)) return RegStatus::kSuccess;
   // The key must still be there when its value comes in.
   Transaction change(*this);
   if (!change.IsOpen()) return RegStatus::kWriteFault;
-  const RegStatus status = PutValue({key, folded, name, type, data});
+  const RegStatus status = PutValue(row);
   if (status != RegStatus::kSuccess) return status;
   return change.Commit() ? status : RegStatus::kWriteFault;
 }
@@ -172,13 +173,12 @@ RegStatus Store::PutValue(const Row& row) {
   return Finish(query.Bind(4, static_cast<std::int64_t>(row.type)).Bind(5, row.data));
 }
 
-bool Store::HasValue(KeyId key, std::string_view folded, RegType type,
-                     std::span<const std::byte> data) {
+bool Store::HasValue(const Row& row) {
   Query query(*this, kGetValue);
-  if (query.Bind(1, key).Bind(2, folded).Step() != SQLITE_ROW) return false;
+  if (query.Bind(1, row.key).Bind(2, row.folded).Step() != SQLITE_ROW) return false;
   const std::span<const std::byte> stored = query.Data(1);
-  return query.Type(0) == type &&
-         std::equal(stored.begin(), stored.end(), data.begin(), data.end());
+  return query.Type(0) == row.type &&
+         std::equal(stored.begin(), stored.end(), row.data.begin(), row.data.end());
 }
 
 RegStatus Store::DeleteValue(KeyId key, std::string_view name) {
@@ -334,6 +334,7 @@ RegStatus Store::Finish(Query& query) {
   return RegStatus::kSuccess;
 }
 
+/// Carries out a change, without waiting where it may be passed over.
 int Store::StepChange(Query& query) {
   impatient_ = passing_over_open_ > 0;
   const int code = query.Step();

@@ -125,7 +125,7 @@ class Store {
   RegStatus FindFolded(std::string_view folded, KeyId& key);
   RegStatus InsertMissingKeys(std::string_view folded, std::string_view path, KeyId& key);
   RegStatus FindValue(Query& query, KeyId key, std::string_view folded);
-  bool HasValue(KeyId key, std::string_view folded, RegType type, std::span<const std::byte> data);
+  bool HasValue(const Row& row);
   RegStatus PutValue(const Row& row);
   RegStatus RequireKey(KeyId key);
   RegStatus Finish(Query& query);
