@@ -33,12 +33,13 @@ AaPreview::AaPreview(const controls::ControlSet& controls, platform::FilesApi& f
 
 void AaPreview::ShowAaPreview() {
   const std::string folder = zoom_.Chosen() ? "DATA/aa/2/" : "DATA/aa/1/";
-  const auto show = [&](controls::PictureBox& frame, const std::string& name) {
-    const std::string file = folder + name + ".jpg";
-    if (files_.IsPicture(file)) frame.ShowFile(file);
-  };
-  show(no_antialiasing_, std::string(kUnfiltered));
-  show(selected_antialiasing_, PictureName(mode_.Text(), LangText));
+  const std::string none = folder + std::string(kUnfiltered) + ".jpg";
+  const std::string selected = folder + PictureName(mode_.Text(), LangText) + ".jpg";
+  const bool has_none = files_.IsPicture(none);
+  if (has_none) no_antialiasing_.ShowFile(none);
+  // Mostly it is the same file, which would be read as a whole once more.
+  const bool has_selected = selected == none ? has_none : files_.IsPicture(selected);
+  if (has_selected) selected_antialiasing_.ShowFile(selected);
 }
 
 }  // namespace kestrune::d3d
