@@ -395,6 +395,19 @@ TEST(StoreFaultTest, NobodyWaitsToLookAndAfterOneFailureNobodyWaitsAgain) {
   EXPECT_LT(waited(), std::chrono::milliseconds(2500));
 }
 
+TEST(StoreTest, AKeyDeletedWithinATransactionTakesNoMoreValues) {
+  TempFolder folder;
+  const auto store = OpenStore(folder / "a.store");
+  const auto set = [&store](KeyId key) { return store->SetValue(key, "v", RegType::kNone, {}); };
+  Transaction change(*store);
+  KeyId key = 0;
+  EXPECT_EQ(store->CreateKey(RegRoot::kLocalMachine, "K", key), RegStatus::kSuccess);
+  EXPECT_EQ(set(key), RegStatus::kSuccess);
+  EXPECT_EQ(store->DeleteKey(RegRoot::kLocalMachine, "K"), RegStatus::kSuccess);
+  EXPECT_EQ(set(key), RegStatus::kKeyDeleted);
+  EXPECT_TRUE(change.Commit());
+}
+
 TEST(StoreFaultTest, WhatIsPassedOverNeitherWaitsNorFailsForOthers) {
   TempFolder folder;
   const std::string path = folder / "a.store";
