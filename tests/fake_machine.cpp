@@ -178,7 +178,7 @@ FakeMachine::FakeMachine(MachineKind setup)
   driver_.emplace(description_, *store_);
 }
 
-Services FakeMachine::Services() { return {*tracing_, *this, *this, shell_, *files_, *this}; }
+Services FakeMachine::Services() { return {*tracing_, *this, *this, *this, shell_, *files_, *this}; }
 
 void FakeMachine::Lay(std::string_view path, std::string_view bytes) {
   Folders().Write(std::filesystem::path(folder_).filename().string() + "/" + std::string(path),

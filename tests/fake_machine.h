@@ -35,6 +35,7 @@ struct MachineKind {
 /// rest. It logs what is asked of it and what is done to it, one line each, in order.
 class FakeMachine : public platform::DisplayApi,
                     public platform::VersionApi,
+                    public platform::SystemApi,
                     public platform::ShellApi,
                     public platform::DialogApi {
  public:
@@ -74,6 +75,8 @@ class FakeMachine : public platform::DisplayApi,
 
   std::optional<platform::DisplayDevice> DeviceAt(int index) override;
   platform::OsVersion SystemVersion() override;
+  platform::ProcessorInfo Processors() override { return processors; }
+  platform::MemoryStatus Memory() override { return memory; }
   std::optional<std::string> FileVersionText(std::string_view file_name) override;
   bool StartCommand(std::string_view command_line, platform::WindowState window) override;
   platform::Result<std::unique_ptr<platform::ChildProcess>, platform::StartFault> StartProgram(
@@ -92,6 +95,8 @@ class FakeMachine : public platform::DisplayApi,
   std::vector<std::string> notes;
   std::vector<platform::DisplayDevice> devices;
   platform::OsVersion os;
+  platform::ProcessorInfo processors{1, 586};
+  platform::MemoryStatus memory{512 << 20, 128 << 20};
   std::string driver_version;    ///< empty: no such file
   std::string direct3d_version;  ///< empty: no such file
   platform::WindowState last_window = platform::WindowState::kNormal;

@@ -37,6 +37,7 @@ platform::Services Session::Traced(const platform::Services& services) {
   return {registry_ ? *registry_ : registry,
           services.display,
           services.version,
+          services.system,
           shell_ ? *shell_ : services.shell,
           files_ ? *files_ : services.files,
           services.dialog};

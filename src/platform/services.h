@@ -5,6 +5,7 @@
 #include "platform/files_api.h"
 #include "platform/registry_api.h"
 #include "platform/shell_api.h"
+#include "platform/system_api.h"
 #include "platform/version_api.h"
 
 namespace kestrune::platform {
@@ -14,6 +15,7 @@ struct Services {
   RegistryApi& registry;
   DisplayApi& display;
   VersionApi& version;
+  SystemApi& system;
   ShellApi& shell;
   FilesApi& files;
   DialogApi& dialog;

@@ -219,7 +219,7 @@ TEST(StartUpTest, AStoreThatTakesNoValuesStopsNothing) {
       return platform::RegStatus::kWriteFault;
     }
   } refusing(services.registry);
-  Program program({refusing, services.display, services.version, services.shell, services.files,
+  Program program({refusing, services.display, services.version, services.system, services.shell, services.files,
                    services.dialog});
   EXPECT_TRUE(program.Start(""));
   auto& box = dynamic_cast<controls::CheckBox&>(

@@ -302,7 +302,7 @@ int Run(const Arguments& arguments) {
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
-  forms::Program program({registry, services.display, services.version, services.shell,
+  forms::Program program({registry, services.display, services.version, services.system, services.shell,
                           services.files, services.dialog});
   if (!program.Start("")) return 3;
   // No button may look as if the mouse were over it.

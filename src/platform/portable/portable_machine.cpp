@@ -16,6 +16,7 @@
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
 #include "platform/portable/unwritten_files.h"
+#include "platform/portable/system.h"
 #include "platform/portable/user_folders.h"
 #include "platform/portable/versions.h"
 #include "platform/portable/whole_file.h"
@@ -80,6 +81,7 @@ class PortableMachine : public Machine {
         registry_(store_registry_, [this] { return ProcessorOf(description_); }),
         display_(description_),
         version_(description_),
+        system_(description_, [this] { return ProcessorOf(description_); }),
         driver_(description_, *store_),
         shell_(dry_run),
         files_(places.program_folders, description_.code_page, description_.programs) {
@@ -89,7 +91,7 @@ class PortableMachine : public Machine {
 
   Services ServicesFor(DialogApi& dialog) override {
     FilesApi& files = unwritten_ ? static_cast<FilesApi&>(*unwritten_) : files_;
-    return {registry_, display_, version_, shell_, files, dialog};
+    return {registry_, display_, version_, system_, shell_, files, dialog};
   }
   std::optional<std::string> FirstFailure() const override { return store_->FirstFailure(); }
   std::string Title() const override {
@@ -106,6 +108,7 @@ class PortableMachine : public Machine {
   HardwareKeys registry_;
   DescribedDisplays display_;
   DescribedVersions version_;
+  DescribedSystem system_;
   DescribedDriver driver_;
   ProcessShell shell_;
   FolderFiles files_;

@@ -112,7 +112,7 @@ int Run(const std::string& profile_path) {
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
-  forms::Program program({registry, services.display, services.version, services.shell,
+  forms::Program program({registry, services.display, services.version, services.system, services.shell,
                           services.files, services.dialog});
   const bool done = program.Start(profile_path);
   if (program.Ended()) return done ? 0 : kFailed;

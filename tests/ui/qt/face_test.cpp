@@ -38,7 +38,7 @@ class RunningProgram {
       : machine_(Open(store, program_folder, machine)),
         services_(machine_->ServicesFor(dialog_)),
         registry_(services_.registry, trace_),
-        program_({registry_, services_.display, services_.version, services_.shell, services_.files,
+        program_({registry_, services_.display, services_.version, services_.system, services_.shell, services_.files,
                   services_.dialog}) {
     EXPECT_TRUE(program_.Start(""));
     face_.emplace(program_, services_.files,
