@@ -152,7 +152,7 @@ void ProfileManager::ReadStartUp() {
       registry_.ReadRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue);
   start_up_.Show(stored.IsEmpty() ? 0 : 1);
   if (stored.IsEmpty() || stored.Text() == StartUpCommand()) return;
-  const platform::UnaskedScope unasked = registry_.Unasked();
+  const platform::UnaskedScope unasked = registry_.Unasked(platform::HeldUp::kPassedOver);
   registry_.WriteAsBinary = 0;
   core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue,
                                        StartUpCommand()));
