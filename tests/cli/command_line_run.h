@@ -26,9 +26,8 @@ struct Outcome {
 struct CommandLineTest : testing::Test {
   Outcome Run(std::vector<std::string> arguments,
               const std::string& machine = "winxp-geforce7800") {
-    std::vector<std::string> all = {"--store",          folder / (machine + ".store"),
-                                    "--machine",        machine,
-                                    "--program-folder", program_folder};
+    std::vector<std::string> all = {"--store", folder / (machine + ".store"), "--machine", machine};
+    if (!program_folder.empty()) all.insert(all.end(), {"--program-folder", program_folder});
     all.insert(all.end(), arguments.begin(), arguments.end());
     std::ostringstream out;
     std::ostringstream err;
@@ -56,7 +55,7 @@ struct CommandLineTest : testing::Test {
   }
 
   platform::TempFolder folder;
-  std::string program_folder = KESTRUNE_DATA_FOLDER;
+  std::string program_folder = KESTRUNE_DATA_FOLDER;  ///< empty: the user's and the installed one
   platform::portable::PortableMachines machines;
 };
 
