@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "failure.h"
+#include "profiles.h"
 #include "registry.h"
 #include "whole_programs.h"
 
@@ -68,6 +69,7 @@ int main(int argument_count, char** arguments) {
   std::vector<Row> rows = CompareTimes(folder.Path(), quick ? 2 : 61, quick ? 2000 : 1000000);
   for (const Row& row : memory) rows.push_back(row);
   for (const Row& row : CompareRegistry(folder.Path(), quick ? 2 : 301)) rows.push_back(row);
+  for (const Row& row : CompareProfiles(folder.Path(), quick ? 2 : 101)) rows.push_back(row);
   for (const Row& row : CompareImport(folder.Path(), quick ? 2 : 15)) rows.push_back(row);
   const int missed = Print(rows);
   return missed > 0 && !quick ? 1 : 0;

@@ -44,9 +44,10 @@ std::string_view FieldReader::TakeQuoted() {
   const std::size_t quote = text_.find('"', begin);
   position_ = std::min(quote, text_.size());
   std::string_view field = text_.substr(begin, position_ - begin);
-  for (std::size_t at = 0; at < field.size(); ++at) {
+  for (std::size_t at = field.find_first_of(kLineEnds); at != field.npos;
+       at = field.find_first_of(kLineEnds, at + 1)) {
     const bool is_pair = field[at] == '\r' && field.substr(at + 1).starts_with('\n');
-    if (kLineEnds.find(field[at]) != kLineEnds.npos && !is_pair) ++line_;
+    if (!is_pair) ++line_;
   }
   if (quote == text_.npos) field = field.substr(0, field.find_last_not_of(kLineEnds) + 1);
   return field;

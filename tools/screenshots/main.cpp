@@ -96,6 +96,7 @@ class Photographer {
     TakeReason();
     TakeChange();
     TakeRegistryEditor();
+    TakeProfileManager();
     return all_saved_;
   }
 
@@ -193,6 +194,23 @@ class Photographer {
     QCoreApplication::processEvents();
     SaveWithTree(*face_.ViewOf(form), "registry-editor");
     form.TheWindow().UseClose();
+  }
+
+  void TakeProfileManager() {
+    controls::ToolKey& key = program_.Main().Get<controls::ToolKey>("main.pedit");
+    Act(key, [&key] { key.Click(); });
+    const forms::Form& manager = program_.FormOf("profile-manager");
+    auto& clocks = manager.Get<controls::CheckBox>("profile-manager.preset-clock-speed");
+    Act(clocks, [&clocks] { (void)clocks.Use(1); });
+    QCoreApplication::processEvents();
+    SaveWithTree(*face_.ViewOf(manager), "profile-manager");
+    controls::Button& browse = manager.Get<controls::Button>("profile-manager.browse");
+    Act(browse, [&browse] { browse.Click(); });
+    QCoreApplication::processEvents();
+    const forms::Form& window = program_.FormOf("associated-application");
+    SaveWithTree(*face_.ViewOf(window), "associated-application");
+    window.TheWindow().UseClose();
+    manager.TheWindow().UseClose();
   }
 
   void TakeOverclocking() {

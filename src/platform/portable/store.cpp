@@ -47,9 +47,17 @@ class Store::ViewPause {
 bool Store::IsReadOnly() const { return sqlite3_db_readonly(database_, "main") == 1; }
 
 RegStatus Store::FindKey(RegRoot root, std::string_view path, KeyId& key) {
+  // Most values are asked for one after the other in the same key.
+  if (IsHeld() && last_found_.id != 0 && last_found_.root == root && last_found_.path == path) {
+    key = last_found_.id;
+    return RegStatus::kSuccess;
+  }
   std::string folded;
-  const RegStatus status = FoldPath(root, path, folded);
-  return status == RegStatus::kSuccess ? FindFolded(folded, key) : status;
+  const std::string_view asked = path;
+  RegStatus status = FoldPath(root, path, folded);
+  if (status == RegStatus::kSuccess) status = FindFolded(folded, key);
+  if (status == RegStatus::kSuccess) last_found_ = {key, root, std::string(asked)};
+  return status;
 }
 
 RegStatus Store::FindFolded(std::string_view folded, KeyId& key) {
@@ -57,15 +65,17 @@ RegStatus Store::FindFolded(std::string_view folded, KeyId& key) {
   const int code = query.Bind(1, folded).Step();
   if (code == SQLITE_DONE) return RegStatus::kNotFound;
   if (code != SQLITE_ROW) return ReadFailed(code);
-  last_found_ = key = query.Number(0);
+  key = query.Number(0);
+  last_found_ = {.id = key};
   return RegStatus::kSuccess;
 }
 
 RegStatus Store::CreateKey(RegRoot root, std::string_view path, KeyId& key) {
-  std::string folded;
-  RegStatus status = FoldPath(root, path, folded);
-  if (status == RegStatus::kSuccess) status = FindFolded(folded, key);
+  RegStatus status = FindKey(root, path, key);
   if (status != RegStatus::kNotFound) return status;
+  std::string folded;
+  status = FoldPath(root, path, folded);
+  if (status != RegStatus::kSuccess) return status;
   if (KeyFault(path) != nullptr) return RegStatus::kInvalidParameter;
   Transaction change(*this);
   if (!change.IsOpen() || Doomed()) return RegStatus::kWriteFault;
@@ -92,7 +102,7 @@ RegStatus Store::InsertMissingKeys(std::string_view folded, std::string_view pat
     query.Bind(1, parent).Bind(2, folded.substr(0, end)).Bind(3, name);
     status = Finish(query.Bind(4, kHighestKey));
     key = sqlite3_last_insert_rowid(database_);
-    if (status == RegStatus::kSuccess) last_found_ = key;
+    if (status == RegStatus::kSuccess) last_found_ = {.id = key};
   }
   return status;
 }
@@ -108,7 +118,7 @@ RegStatus Store::DeleteKey(RegRoot root, std::string_view path) {
   if (status != RegStatus::kSuccess) return status;
   Transaction change(*this);
   if (!change.IsOpen() || Doomed()) return RegStatus::kWriteFault;
-  last_found_ = 0;
+  last_found_ = {};
   status = Finish(Query(*this, kKeepHighestKey).Bind(1, kHighestKey));
   // All paths below a key lie between its own with a backslash and with the character behind that.
   const std::string first = folded + '\\';
@@ -226,12 +236,12 @@ RegStatus Store::ListValues(KeyId key, std::vector<StoredValue>& values) {
 }
 
 RegStatus Store::RequireKey(KeyId key) {
-  if ((view_open_ || changes_open_ > 0) && key == last_found_) return RegStatus::kSuccess;
+  if (IsHeld() && key == last_found_.id) return RegStatus::kSuccess;
   Query query(*this, kHasKey);
   const int code = query.Bind(1, key).Step();
   if (code == SQLITE_DONE) return RegStatus::kKeyDeleted;
   if (code != SQLITE_ROW) return ReadFailed(code);
-  last_found_ = key;
+  last_found_ = {.id = key};
   return RegStatus::kSuccess;
 }
 
@@ -269,7 +279,7 @@ void Store::BeginReads() {
 void Store::BeginView() {
   if (view_open_ || reads_open_ == 0 || changes_open_ > 0) return;
   view_open_ = Query(*this, kBeginReading).Step() == SQLITE_DONE;
-  last_found_ = 0;
+  last_found_ = {};
 }
 
 void Store::EndReads() {
@@ -294,7 +304,7 @@ bool Store::BeginChange() {
     Query query(*this, kBeginChange);
     const int code = StepChange(query);
     if (code != SQLITE_DONE) return WriteFailed(code), false;
-    last_found_ = 0;
+    last_found_ = {};
   }
   ++changes_open_;
   return true;

@@ -100,6 +100,11 @@ class Store {
     RegType type;
     std::span<const std::byte> data;
   };
+  struct FoundKey {
+    KeyId id = 0;
+    RegRoot root{};
+    std::string path = {};  ///< as it was asked for; neither where only the number was known
+  };
   enum Sql : std::size_t;
   static constexpr std::size_t kSqlCount = 18;
 
@@ -138,6 +143,8 @@ class Store {
 
   bool EndOpenChange(bool keep);
   bool Doomed();
+  /// Whether nobody else can delete a key at the moment, as far as this program sees.
+  bool IsHeld() const { return view_open_ || changes_open_ > 0; }
   void BeginView();
   void EndView();
   void RenewView();
@@ -156,7 +163,7 @@ class Store {
   bool impatient_ = false;                 ///< waits for nobody
   bool doomed_ = false;                    ///< the open transaction can only be taken back
   bool view_open_ = false;
-  KeyId last_found_ = 0;  ///< stays there while the view or the transaction is open
+  FoundKey last_found_;  ///< stays there while the view or the transaction is open
   bool is_new_ = false;
 };
 

@@ -197,6 +197,7 @@ void Program::Parts::Close() {
 }
 
 void Program::Parts::ReadSettings() {
+  const platform::ReadScope view = registry.Reading();
   const core::FlagScope starting(state.IsStart);
   pages.driver.Read();
 }
