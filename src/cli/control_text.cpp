@@ -255,6 +255,8 @@ Result<void> ToResult(const controls::Gate& gate, const Control& control, Refusa
       return Fail(control.Id() + " is hidden.");
     case Refusal::kDisabled:
       return Fail(control.Id() + " is disabled.");
+    case Refusal::kBusy:
+      return Fail(control.Id() + " can't be used while another control's act is being done.");
     case Refusal::kNotTaken:
       return Fail(control.Id() + " can't take that.");
   }

@@ -1,23 +1,19 @@
 #include "controls/gate.h"
 
-#include <utility>
-
 namespace kestrune::controls {
 
 namespace {
 
-/// Holds a value for as long as it lives, and puts the former one back.
-class Held {
+/// Says for as long as it lives which control acts.
+class ActScope {
  public:
-  Held(const Control*& place, const Control* value)
-      : place_(place), former_(std::exchange(place, value)) {}
-  ~Held() { place_ = former_; }
-  Held(const Held&) = delete;
-  Held& operator=(const Held&) = delete;
+  ActScope(const Control*& acting, const Control& control) : acting_(acting) { acting_ = &control; }
+  ~ActScope() { acting_ = nullptr; }
+  ActScope(const ActScope&) = delete;
+  ActScope& operator=(const ActScope&) = delete;
 
  private:
-  const Control*& place_;
-  const Control* former_;
+  const Control*& acting_;
 };
 
 bool EverywhereAround(const Control& control, bool (Control::*holds)() const) {
@@ -39,9 +35,9 @@ Refusal Gate::Check(const Control& control) const {
 }
 
 Refusal Gate::Act(const Control& control, const std::function<bool()>& act) {
-  const Refusal refusal = Check(control);
+  const Refusal refusal = acting_ != nullptr ? Refusal::kBusy : Check(control);
   if (refusal != Refusal::kNone) return refusal;
-  const Held held(acting_, &control);
+  const ActScope acting(acting_, control);
   return act() ? Refusal::kNone : Refusal::kNotTaken;
 }
 

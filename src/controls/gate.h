@@ -13,6 +13,7 @@ enum class Refusal {
   kBehindModal,  ///< another window takes all acts
   kHidden,       ///< itself, or something that it stands in
   kDisabled,     ///< likewise
+  kBusy,         ///< another act is still being done, with a message or a program to wait for
   kNotTaken,     ///< the control can't take what it was given
 };
 
@@ -24,15 +25,16 @@ class Gate {
   Gate(const Gate&) = delete;
   Gate& operator=(const Gate&) = delete;
 
-  /// What stands in the way of acts on a control.
+  /// What a control itself and its windows put in the way of acts on it.
   Refusal Check(const Control& control) const;
-  /// Runs the act where nothing stands in its way. `act` uses the control and says whether the
+  /// Runs the act where nothing stands in its way; one that comes while another is being done is
+  /// dropped. `act` uses the control and says whether the
   /// control took it.
   Refusal Act(const Control& control, const std::function<bool()>& act);
   /// Uses a shortcut, which counts as an act of its control.
   Refusal Act(const Shortcut& shortcut);
 
-  /// The control whose act is being done, the innermost one; null while there is none.
+  /// The control whose act is being done; null while there is none.
   const Control* Acting() const { return acting_; }
 
   /// The window that alone takes acts; null lets all take them. It must outlive that state.
