@@ -64,7 +64,7 @@ TEST_F(AssociationTest, FoldersComeFromTheEnvironmentElseFromTheirDefaults) {
 TEST_F(AssociationTest, IsWrittenOnceAndAgainWhenItDiffers) {
   AssociateProfiles(program_);
   EXPECT_EQ(ReadAll(Entry()), DesktopEntry(program_));
-  EXPECT_NE(ReadAll(Mime()).find("<glob pattern=\"*.ksp\"/>"), std::string::npos);
+  EXPECT_NE(ReadAll(Mime()).find("<glob pattern=\"*.ksp\" weight=\"80\"/>"), std::string::npos);
   EXPECT_NE(ReadAll(Entry()).find("\nMimeType=application/x-kestrune-profile;\n"),
             std::string::npos);
   EXPECT_NE(ReadAll(Mime()).find("type=\"application/x-kestrune-profile\""), std::string::npos);

@@ -56,7 +56,8 @@ std::string MimePackage() {
       .append(
           "\">\n"
           "    <comment>Kestrune speed profile</comment>\n"
-          "    <glob pattern=\"*.ksp\"/>\n"
+          // Desktops know the ending as that of a spreadsheet, with the usual weight of 50.
+          "    <glob pattern=\"*.ksp\" weight=\"80\"/>\n"
           "  </mime-type>\n"
           "</mime-info>\n");
 }
