@@ -2,9 +2,12 @@
 
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSlider>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWidget>
 
 #include "controls/control.h"
@@ -17,6 +20,14 @@ namespace {
 bool WheelChangesValue(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) != nullptr ||
          qobject_cast<const QSlider*>(&widget) != nullptr;
+}
+
+/// Shows a tip as the text that it is: the toolkit would take one that looks like markup for
+/// markup.
+void ShowTip(QWidget* widget, const QHelpEvent& event) {
+  const QString tip = widget->toolTip();
+  const QString shown = Qt::mightBeRichText(tip) ? "<qt>" + tip.toHtmlEscaped() + "</qt>" : tip;
+  QToolTip::showText(event.globalPos(), shown, widget);
 }
 
 }  // namespace
@@ -48,6 +59,10 @@ bool InputWatcher::eventFilter(QObject*, QEvent* event) {
                                      reason == Qt::ShortcutFocusReason);
       return false;
     }
+    case QEvent::ToolTip:
+      if (widget_->toolTip().isEmpty()) return false;
+      ShowTip(widget_, *static_cast<QHelpEvent*>(event));
+      return true;
     case QEvent::Wheel:
       // Values are written at once, so a wheel turned in passing must not change one.
       if (!WheelChangesValue(*widget_)) return false;

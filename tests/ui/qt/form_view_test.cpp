@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -16,6 +17,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "sample_form.h"
@@ -371,6 +373,21 @@ TEST_F(FormViewTest, ACaptionThatDoesNotFitIsCutAndWholeInItsTip) {
   control.SetCaption("A caption & a half, much too long for its place");
   EXPECT_TRUE(widget.text().endsWith(QChar(0x2026)));
   EXPECT_EQ(widget.toolTip(), "A caption & a half, much too long for its place");
+}
+
+TEST_F(FormViewTest, ATipThatLooksLikeMarkupIsShownAsItStands) {
+  auto& control = window_.Control<CheckBox>("page.gamma");
+  auto& widget = window_.Widget<QCheckBox>("page.gamma");
+  const std::pair<const char*, const char*> cases[] = {
+      {"a <img src=\"/etc/passwd\">", "<qt>a &lt;img src=&quot;/etc/passwd&quot;&gt;</qt>"},
+      {"<b>bold</b> & more", "<qt>&lt;b&gt;bold&lt;/b&gt; &amp; more</qt>"},
+      {"1 < 2 & 3", "1 < 2 & 3"}};
+  for (const auto& [tip, shown] : cases) {
+    control.SetToolTip(tip);
+    QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), widget.mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(&widget, &event);
+    EXPECT_EQ(QToolTip::text().toStdString(), shown);
+  }
 }
 
 TEST_F(FormViewTest, TheFormDecidesAboutWidthAndMaximising) {
