@@ -47,6 +47,71 @@ TEST(HelpTest, IsClosedByTheToolbarAndByItsOption) {
   EXPECT_TRUE(driven.Visible("main.help-system-picture"));
 }
 
+TEST(HelpTest, FadesInEachTimeItIsOpenedAndNotForAnotherTopic) {
+  FakeMachine machine;
+  Driven driven(machine);
+  controls::Scheduler& timers = driven.program.Timers();
+  const controls::Window& help = driven.program.FormOf("help").TheWindow();
+  for (const char* way : {"help.close", "close box"}) {
+    driven.Hover("direct3d.misc.prerender-limit");
+    EXPECT_EQ(help.Opacity(), 0) << way;
+    timers.Advance(500);
+    EXPECT_EQ(help.Opacity(), 250) << way;
+    driven.Hover("direct3d.misc.synchronization-mode");
+    EXPECT_EQ(help.Opacity(), 250) << way;
+    timers.Advance(10);
+    EXPECT_EQ(help.Opacity(), 255) << way;
+    EXPECT_EQ(driven.State("TranslucenceLevel"), "255");
+    EXPECT_EQ(timers.UntilNext(), -1) << way;
+    if (way == std::string("help.close")) {
+      driven.Press(way);
+    } else {
+      driven.program.FormOf("help").TheWindow().UseClose();
+    }
+    EXPECT_EQ(driven.State("LastHelpTopic"), "999") << way;
+  }
+  // Closed while it still fades in, it leaves nothing behind.
+  driven.Hover("direct3d.misc.prerender-limit");
+  driven.Press("main.dx");
+  EXPECT_FALSE(driven.Visible("help"));
+  EXPECT_EQ(driven.State("LastHelpTopic"), "8");
+  EXPECT_EQ(timers.UntilNext(), -1);
+}
+
+TEST(HelpTest, ShowsWhatLevelOfDetailDoes) {
+  FakeMachine machine;
+  Driven driven(machine);
+  const std::pair<const char*, const char*> cases[] = {
+      {"help.negative-values-quality", "DATA/hs/pic/high_lod.jpg"},
+      {"help.original-zero-value", "DATA/hs/pic/normal_lod.jpg"},
+      {"help.high-values-performance", "DATA/hs/pic/low_lod.jpg"}};
+  driven.Hover("direct3d.filtering.texture-lod-bias");
+  EXPECT_EQ(driven.State("LastHelpTopic"), "1");
+  EXPECT_EQ(driven.Text("help.lod-picture"), cases[1].second);
+  EXPECT_EQ(driven.Text("help.mipmap-picture"), "DATA/hs/pic/mipmap.jpg");
+  for (const auto& [option, picture] : cases) {
+    driven.Get<controls::OptionButton>(option).Use();
+    EXPECT_EQ(driven.Text("help.lod-picture"), picture);
+    EXPECT_TRUE(machine.Files().IsPicture(picture)) << picture;
+  }
+  EXPECT_TRUE(machine.Files().IsPicture("DATA/hs/pic/mipmap.jpg"));
+  // Opened anew, it begins with the middle one.
+  driven.Press("help.close");
+  driven.Hover("direct3d.filtering.texture-lod-bias");
+  EXPECT_EQ(driven.Text("help.original-zero-value"), "on");
+  EXPECT_EQ(driven.Text("help.lod-picture"), cases[1].second);
+}
+
+TEST(HelpTest, TheFilteringToolIsStartedFromTheProgramFolder) {
+  FakeMachine machine;
+  Driven driven(machine);
+  driven.Hover("direct3d.filtering.anisotropic-filtering");
+  machine.TakeTrace();
+  driven.Press("help.direct3d-texture-filtering-tool");
+  EXPECT_EQ(Joined(machine.TakeTrace()), "run " KESTRUNE_DATA_FOLDER R"(\data\rtaf.exe)");
+  EXPECT_EQ(machine.last_window, platform::WindowState::kNormal);
+}
+
 TEST(LowerPanelTest, GrowsFromItsEdgeAndShrinksOverAPage) {
   FakeMachine machine;
   Driven driven(machine);

@@ -5,6 +5,7 @@
 
 #include "aa_pictures.h"
 #include "help_picture.h"
+#include "lod_pictures.h"
 #include "panel_pictures.h"
 
 namespace {
@@ -18,6 +19,7 @@ constexpr std::array kGroups{
     PictureGroup{"aa", kestrune::pictures::WriteAaPictures},
     PictureGroup{"cpl", kestrune::pictures::WritePanelPictures},
     PictureGroup{"hs/pic", kestrune::pictures::WriteHelpPicture},
+    PictureGroup{"hs/pic", kestrune::pictures::WriteLodPictures},
 };
 
 }  // namespace

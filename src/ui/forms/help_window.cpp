@@ -1,5 +1,9 @@
 #include "ui/forms/help_window.h"
 
+#include <algorithm>
+#include <vector>
+
+#include "core/outcome.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::forms {
@@ -8,9 +12,17 @@ namespace {
 
 constexpr int kNoTopicShown = 999;
 
-constexpr controls::Rect kWindowBounds = {0, 0, 4500, 3600};
-constexpr controls::Rect kPanelBounds = {120, 120, 4260, 3360};
+constexpr controls::Rect kWindowBounds = {0, 0, 4500, 5520};
+constexpr controls::Rect kPanelBounds = {120, 120, 4260, 4695};
 constexpr controls::Rect kTextBounds = {150, 375, 3960, 2850};
+// Where something stands below the text.
+constexpr controls::Rect kShortTextBounds = {150, 375, 3960, 1440};
+constexpr controls::Rect kPictureBounds = {150, 2910, 3960, 1650};
+
+/// A tick of the fade-in and what it adds to the opacity.
+constexpr int kFadeMs = 10;
+constexpr int kFadeStep = 5;
+constexpr int kOpaque = 255;
 
 constexpr ControlRow Panel(std::string_view id, std::string_view heading) {
   return Row(Kind::kFrame, id, "help", kPanelBounds).Design(heading).Hidden();
@@ -20,15 +32,46 @@ constexpr ControlRow Text(std::string_view id, std::string_view panel, std::stri
   return Row(Kind::kLabel, id, panel, kTextBounds).Design(text);
 }
 
+constexpr ControlRow ShortText(std::string_view id, std::string_view panel, std::string_view text) {
+  return Row(Kind::kLabel, id, panel, kShortTextBounds).Design(text);
+}
+
+constexpr std::string_view kFilteringTool = "\\data\\rtaf.exe";
+constexpr std::string_view kMipmapPicture = "DATA/hs/pic/mipmap.jpg";
+
+/// What level-of-detail bias does, as an option and the picture that it shows.
+struct LodRow {
+  std::string_view option;
+  std::string_view picture;
+};
+
+constexpr LodRow kLodRows[] = {
+    {"help.negative-values-quality", "DATA/hs/pic/high_lod.jpg"},
+    {"help.original-zero-value", "DATA/hs/pic/normal_lod.jpg"},
+    {"help.high-values-performance", "DATA/hs/pic/low_lod.jpg"},
+};
+constexpr const LodRow& kOriginalLod = kLodRows[1];
+
 constexpr ControlRow kRows[] = {
     Panel("help.topic-0", "Anisotropic filtering"),
     Text(
         "help.topic-0-text", "help.topic-0",
         "Higher degree of anisotropy makes textures (which are far away from view) more detailed."),
+    Row(Kind::kButton, "help.direct3d-texture-filtering-tool", "help.topic-0",
+        {150, 4110, 3960, 435})
+        .Design("Direct3D texture filtering tool"),
     Panel("help.topic-1", "Texture LOD bias"),
-    Text("help.topic-1-text", "help.topic-1",
-         "Texture Level of Detail make mipmap textures more smooth (high values) or sharp "
-         "(negative values) from orginal (zero value)."),
+    ShortText("help.topic-1-text", "help.topic-1",
+              "Texture Level of Detail make mipmap textures more smooth (high values) or sharp "
+              "(negative values) from orginal (zero value)."),
+    Row(Kind::kOption, kLodRows[0].option, "help.topic-1", {150, 1830, 3960, 330})
+        .Design("Negative values - quality"),
+    Row(Kind::kOption, kLodRows[1].option, "help.topic-1", {150, 2175, 3960, 330})
+        .Design("Original (Zero value)")
+        .Chosen(),
+    Row(Kind::kOption, kLodRows[2].option, "help.topic-1", {150, 2520, 3960, 330})
+        .Design("High values - performance"),
+    Row(Kind::kPicture, "help.lod-picture", "help.topic-1", kPictureBounds),
     Panel("help.topic-2", "Force mipmaps"),
     Text("help.topic-2-text", "help.topic-2",
          "You can enable mipmaps for application that do not support it. Three options are for "
@@ -40,8 +83,13 @@ constexpr ControlRow kRows[] = {
          "PERFORMANCE for best performance, PERFORMANCE for optimal performance and good image "
          "quality, QUALITY for optimal image quality and HIGH QUALITY for best image quality."),
     Panel("help.topic-4", "Mipmap filtering"),
-    Text("help.topic-4-text", "help.topic-4",
-         "You can force mipmap filtering off for more sharpness textures."),
+    ShortText("help.topic-4-text", "help.topic-4",
+              "You can force mipmap filtering off for more sharpness textures."),
+    Row(Kind::kPicture, "help.mipmap-picture", "help.topic-4", {150, 2145, 3960, 1650}),
+    Row(Kind::kLabel, "help.mipmap-disabled", "help.topic-4", {150, 3870, 1950, 270})
+        .Design("Disabled"),
+    Row(Kind::kLabel, "help.mipmap-enabled", "help.topic-4", {2160, 3870, 1950, 270})
+        .Design("Enabled"),
     Panel("help.topic-5", "Filtering optimizations"),
     Text("help.topic-5-text", "help.topic-5",
          "Filtering optimizations improves performance and have small impact on image quality."),
@@ -79,6 +127,7 @@ constexpr ControlRow kRows[] = {
     Text("help.topic-14-text", "help.topic-14",
          "This options override trilinear filtering quality and texture compression settings "
          "defined by selected Intellisample mode."),
+    Row(Kind::kButton, "help.close", "help", {2400, 4935, 1980, 435}).Design("Close"),
 };
 
 constexpr ShortcutRow kShortcuts[] = {{"Esc", {Action::Kind::kStepBack}}};
@@ -96,13 +145,44 @@ HelpWindow::HelpWindow(const Shared& shared)
       controls_(shared.controls),
       windows_(shared.windows),
       window_(shared.controls.Get<controls::Window>(kHelpWindow.window.id)),
-      main_(shared.controls.Get<controls::Window>("main")) {}
+      main_(shared.controls.Get<controls::Window>("main")),
+      lod_picture_(shared.controls.Get<controls::PictureBox>("help.lod-picture")),
+      fade_(shared.timers, kFadeMs) {
+  fade_.on_tick = [this] { Fade(); };
+  std::vector<controls::OptionButton*> options;
+  for (const LodRow& row : kLodRows) {
+    options.push_back(&controls_.Get<controls::OptionButton>(row.option));
+    options.back()->on_click = [this, &row] { lod_picture_.ShowFile(std::string(row.picture)); };
+  }
+  controls::OptionButton::Group(options);
+  controls_.Get<controls::Button>("help.close").on_click = [this] { UseClose(); };
+  controls_.Get<controls::Button>("help.direct3d-texture-filtering-tool").on_click = [&shared] {
+    core::Ignore(shared.services.shell.StartCommand(
+        shared.services.files.ProgramFolder().append(kFilteringTool),
+        platform::WindowState::kNormal));
+  };
+}
 
-void HelpWindow::TakeCloseBox() {
+void HelpWindow::TakeWindow() {
   window_.on_close = [this] {
     ForgetTopic();
     Close();
   };
+  windows_.OnLoad(window_, [this] { Load(); });
+}
+
+void HelpWindow::Load() {
+  state_.TranslucenceLevel = 0;
+  window_.SetOpacity(state_.TranslucenceLevel);
+  fade_.SetEnabled(true);
+  lod_picture_.ShowFile(std::string(kOriginalLod.picture));
+  controls_.Get<controls::PictureBox>("help.mipmap-picture").ShowFile(std::string(kMipmapPicture));
+}
+
+void HelpWindow::Fade() {
+  state_.TranslucenceLevel = std::min(state_.TranslucenceLevel + kFadeStep, kOpaque);
+  window_.SetOpacity(state_.TranslucenceLevel);
+  if (state_.TranslucenceLevel == kOpaque) fade_.SetEnabled(false);
 }
 
 void HelpWindow::Connect(const Form& form) {
@@ -125,7 +205,10 @@ void HelpWindow::Explain(const controls::Control* control) {
 
 void HelpWindow::ForgetTopic() { state_.LastHelpTopic = kNoTopicShown; }
 
-void HelpWindow::Close() { windows_.Close(window_); }
+void HelpWindow::Close() {
+  fade_.SetEnabled(false);
+  windows_.Close(window_);
+}
 
 bool HelpWindow::UseClose() {
   if (!window_.Visible()) return false;

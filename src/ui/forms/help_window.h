@@ -12,15 +12,15 @@ inline constexpr int kTopicCount = 15;
 /// Form5: a panel for each topic, of which one is shown. Its texts are the same in every language.
 extern const WindowRow kHelpWindow;
 
-/// The help window, which explains the setting under the mouse.
+/// The help window, which explains the setting under the mouse. It fades in each time it is opened.
 class HelpWindow {
  public:
   explicit HelpWindow(const Shared& shared);
   HelpWindow(const HelpWindow&) = delete;
   HelpWindow& operator=(const HelpWindow&) = delete;
 
-  /// Sees to the window's own close box.
-  void TakeCloseBox();
+  /// Sees to the window's loading and to its own close box.
+  void TakeWindow();
   /// Lets a mouse over a form's controls, and over their labels, show the topics that their rows
   /// name.
   void Connect(const Form& form);
@@ -37,12 +37,17 @@ class HelpWindow {
   bool UseClose();
 
  private:
+  void Load();
+  void Fade();
+
   core::ProgramState& state_;
   std::map<const controls::Control*, int> topics_;
   const controls::ControlSet& controls_;
   Windows& windows_;
   controls::Window& window_;
   const controls::Window& main_;
+  controls::PictureBox& lod_picture_;
+  controls::Timer fade_;  ///< until the window is opaque
 };
 
 }  // namespace kestrune::forms

@@ -108,7 +108,7 @@ void Program::Parts::MakeWindows() {
     windows.OnLoad(form->TheWindow(), [part = window_parts.back().get()] { part->Load(); });
   }
   main.TheWindow().on_close = [this] { Close(); };
-  help.TakeCloseBox();
+  help.TakeWindow();
 }
 
 void Program::Parts::LoadTexts() {
