@@ -14,6 +14,9 @@ inline constexpr int kRevision = 3;
 /// The version as it is written, its parts separated by dots.
 std::string VersionText();
 
+/// The page that tells people how to use the program, in the program folder.
+inline constexpr std::string_view kDocumentation = "DATA/doc/index.html";
+
 /// The title of the program's messages.
 inline constexpr std::string_view kProgramTitle = "Kestrune";
 

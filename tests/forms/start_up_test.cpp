@@ -219,8 +219,8 @@ TEST(StartUpTest, AStoreThatTakesNoValuesStopsNothing) {
       return platform::RegStatus::kWriteFault;
     }
   } refusing(services.registry);
-  Program program({refusing, services.display, services.version, services.system, services.shell, services.files,
-                   services.dialog});
+  Program program({refusing, services.display, services.version, services.system, services.shell,
+                   services.files, services.dialog});
   EXPECT_TRUE(program.Start(""));
   auto& box = dynamic_cast<controls::CheckBox&>(
       *program.Find("direct3d.filtering.disable-mipmap-filtering"));

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "fake_machine.h"
+#include "ui/forms/about_window.h"
+#include "ui/forms/main_form.h"
+
 namespace kestrune::forms {
 namespace {
 
@@ -117,6 +121,44 @@ TEST_F(WindowsTest, RowsTellTheFaceWhatKindOfWindowItIs) {
   EXPECT_EQ(editor.TheWindow().DefaultKey(), editor.Find("editor.close"));
   EXPECT_EQ(editor.TheWindow().CancelKey(), nullptr);
   EXPECT_EQ(editor.Get<controls::Label>("editor.name-label").Names(), editor.Find("editor.name"));
+}
+
+TEST(AboutTest, TellsVersionDocumentationAndLicences) {
+  test::FakeMachine machine;
+  test::Driven driven(machine);
+  driven.Press("main.abouti");
+  EXPECT_TRUE(driven.Visible("about"));
+  EXPECT_EQ(driven.Caption("about.version"), "Kestrune SE version: 3.5.3");
+  EXPECT_EQ(driven.Get<controls::ListBox>("about.licences").Items().size(), kLicences.size());
+  machine.TakeTrace();
+  driven.Press("about.page-link");
+  EXPECT_EQ(test::Joined(machine.TakeTrace()), "open " KESTRUNE_DATA_FOLDER "/DATA/doc/index.html");
+  // The main window coming to the front takes it away.
+  driven.program.Main().TheWindow().on_activate();
+  EXPECT_FALSE(driven.Visible("about"));
+  driven.Press("main.qorv");
+  EXPECT_EQ(test::Joined(machine.TakeTrace()), "open " KESTRUNE_DATA_FOLDER "/DATA/doc/index.html");
+}
+
+TEST(IntroTest, IsClosedByItsTimerOrAClick) {
+  test::FakeMachine machine;
+  test::Driven driven(machine);
+  driven.Press("main.abouti");
+  for (const bool clicked : {false, true}) {
+    driven.Press("about.show-intro");
+    driven.program.Timers().Advance(2999);
+    EXPECT_TRUE(driven.Visible("intro"));
+    if (clicked) driven.Press("intro.text");
+    driven.program.Timers().Advance(1);
+    EXPECT_FALSE(driven.Visible("intro")) << clicked;
+    EXPECT_TRUE(driven.Visible("about"));
+  }
+}
+
+TEST(IntroTest, OnlyTheFirstStartOfAllIsOne) {
+  test::FakeMachine machine;
+  EXPECT_TRUE(test::Driven(machine).program.IsFirstStart());
+  EXPECT_FALSE(test::Driven(machine).program.IsFirstStart());
 }
 
 }  // namespace

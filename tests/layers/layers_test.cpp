@@ -6,10 +6,13 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "ui/forms/about_window.h"
 
 namespace kestrune {
 namespace {
@@ -185,6 +188,32 @@ TEST(Layers, EveryIncludeGoesDown) {
     if (why.empty()) continue;
     ADD_FAILURE() << PathOf(file).string() << ":" << line << " includes " << name << ", but "
                   << why;
+  }
+}
+
+/// The first rows of kOutside, which are libraries.
+constexpr std::size_t kLibraries = 3;
+
+TEST(Layers, EveryLibraryHasItsLicenceInTheAboutWindow) {
+  std::set<std::string_view> used;
+  for (const auto& [file, line, name] : AllIncludes()) {
+    const bool is_library = file.find("tools/") != 0 &&
+                            std::any_of(std::begin(kOutside), std::begin(kOutside) + kLibraries,
+                                        [&](const Outside& row) {
+                                          return std::regex_match(name, std::regex(row.name));
+                                        });
+    if (!is_library) continue;
+    const auto licence =
+        std::find_if(forms::kLicences.begin(), forms::kLicences.end(),
+                     [&](const forms::LicenceRow& row) { return name.starts_with(row.headers); });
+    if (licence == forms::kLicences.end()) {
+      ADD_FAILURE() << file << ":" << line << " includes " << name << ", which has no licence";
+    } else {
+      used.insert(licence->library);
+    }
+  }
+  for (const forms::LicenceRow& row : forms::kLicences) {
+    EXPECT_TRUE(used.contains(row.library)) << row.library << " isn't used";
   }
 }
 

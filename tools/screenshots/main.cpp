@@ -97,6 +97,7 @@ class Photographer {
     TakeChange();
     TakeRegistryEditor();
     TakeProfileManager();
+    TakeAbout();
     return all_saved_;
   }
 
@@ -194,6 +195,21 @@ class Photographer {
     QCoreApplication::processEvents();
     SaveWithTree(*face_.ViewOf(form), "registry-editor");
     form.TheWindow().UseClose();
+  }
+
+  void TakeAbout() {
+    controls::ToolKey& key = program_.Main().Get<controls::ToolKey>("main.abouti");
+    Act(key, [&key] { key.Click(); });
+    const forms::Form& about = program_.FormOf("about");
+    QCoreApplication::processEvents();
+    SaveWithTree(*face_.ViewOf(about), "about");
+    controls::Button& show = about.Get<controls::Button>("about.show-intro");
+    Act(show, [&show] { show.Click(); });
+    QCoreApplication::processEvents();
+    const forms::Form& intro = program_.FormOf("intro");
+    SaveWithTree(*face_.ViewOf(intro), "intro");
+    intro.TheWindow().UseClose();
+    about.TheWindow().UseClose();
   }
 
   void TakeProfileManager() {
@@ -320,8 +336,8 @@ int Run(const Arguments& arguments) {
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
-  forms::Program program({registry, services.display, services.version, services.system, services.shell,
-                          services.files, services.dialog});
+  forms::Program program({registry, services.display, services.version, services.system,
+                          services.shell, services.files, services.dialog});
   if (!program.Start("")) return 3;
   // No button may look as if the mouse were over it.
   QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());

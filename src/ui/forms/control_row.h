@@ -38,8 +38,9 @@ struct Action {
     kShowOwnPage,           ///< goes to the page whose row names this key
     kRunCommand,            ///< starts the command line `target`, minimised
     kOpenControlPanelItem,  ///< `target` is the item
-    kOpenWebPage,           ///< `target` is the address
+    kOpenDocument,          ///< `target` is a program file, opened by its default program
     kOpenWindow,            ///< `target` is the window's id
+    kCloseWindow,           ///< as the close box of the window that it stands in does
     kShowPageBefore,        ///< goes to the page before, by index, that the window can reach
     kShowPageAfter,         ///< likewise to the one after
     kStepBack,              ///< closes help, else the window, unless that is the main one

@@ -1,5 +1,6 @@
 #include "ui/forms/main_form.h"
 
+#include "core/options.h"
 #include "ui/forms/page_groups.h"
 #include "ui/forms/pages.h"
 
@@ -25,7 +26,7 @@ constexpr ControlRow kToolbar[] = {
         .Does(kRunCommand, "rundll32.exe nvcpl.dll, launchtvapplet"),
     Row(Kind::kKey, "main.regedit", "main.nvcpl", kItem, 5).Does(kOpenWindow, "registry-editor"),
     Row(Kind::kKey, "main.pedit", "main.nvcpl", kItem, 6).Does(kOpenWindow, "profile-manager"),
-    Row(Kind::kKey, "main.abouti", "main.nvcpl", kItem, 245).Does(kNothing).Disabled(),
+    Row(Kind::kKey, "main.abouti", "main.nvcpl", kItem, 245).Does(kOpenWindow, "about"),
     Row(Kind::kKey, "main.dx", "main", {1050, 60, 1080, 735})
         .Design("Direct3D")
         .Does(kShowPage, "direct3d.antialiasing"),
@@ -52,7 +53,7 @@ constexpr ControlRow kToolbar[] = {
     Row(Kind::kKey, "main.pw", "main", {5235, 60, 2100, 735}, 207).Does(kNothing).Disabled(),
     Row(Kind::kKey, "main.qorv", "main", {7335, 60, 750, 735})
         .Design("Web")
-        .Does(kOpenWebPage, "https://www.nvidia.com/"),
+        .Does(kOpenDocument, core::kDocumentation),
     Row(Kind::kScrollBar, "main.group-scroll-bar", "main", {7755, 840, 270, 4260})
         .Range(1, 1, 1)
         .Hidden(),

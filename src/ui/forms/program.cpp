@@ -76,6 +76,7 @@ struct Program::Parts {
   LowerPanel lower_panel{main, shared, help};
   std::vector<std::unique_ptr<WindowPart>> window_parts;
   bool closed = false;
+  bool is_first_start = false;
 
  private:
   controls::ControlSet AllControls();
@@ -108,6 +109,7 @@ void Program::Parts::MakeWindows() {
     windows.OnLoad(form->TheWindow(), [part = window_parts.back().get()] { part->Load(); });
   }
   main.TheWindow().on_close = [this] { Close(); };
+  main.TheWindow().on_activate = [this] { windows.Close(controls.Get<controls::Window>("about")); };
   help.TakeWindow();
 }
 
@@ -172,6 +174,7 @@ void Program::Parts::ShowRememberedPage() {
 }
 
 void Program::Parts::ShowAtFirst() {
+  is_first_start = !registry.RegKeyExists(core::RegRoot::kCurrentUser, core::kOptionsKey);
   state.IsLoading = 1;
   state.IsStart = 1;
   LoadTexts();
@@ -244,6 +247,7 @@ controls::Focus& Program::Focus() { return parts_->focus; }
 const std::vector<Form*>& Program::Forms() const { return parts_->forms; }
 int Program::ActivePage() const { return parts_->state.ActivePage; }
 void Program::GoToPage(int page) { parts_->toolbar.GoToPage(page); }
+bool Program::IsFirstStart() const { return parts_->is_first_start; }
 bool Program::Ended() const { return parts_->closed; }
 const std::vector<std::string>& Program::Languages() const {
   return parts_->main.Get<controls::ComboBox>("main.language").Items();

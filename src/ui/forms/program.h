@@ -59,6 +59,8 @@ class Program {
   int ActivePage() const;
   /// Goes to a page as its menu item does.
   void GoToPage(int page);
+  /// Whether nothing of the program was stored before this start.
+  bool IsFirstStart() const;
   /// Whether the main window has been closed.
   bool Ended() const;
   /// The shared values, in their fixed order.

@@ -74,11 +74,14 @@ void Toolbar::Perform(const Action& action, std::string_view key, controls::Wind
     case Action::Kind::kOpenControlPanelItem:
       core::Ignore(shell_.OpenControlPanelItem(target));
       break;
-    case Action::Kind::kOpenWebPage:
-      core::Ignore(shell_.OpenWebPage(target));
+    case Action::Kind::kOpenDocument:
+      if (const auto file = files_.Locate(target)) core::Ignore(shell_.OpenWebPage(*file));
       break;
     case Action::Kind::kOpenWindow:
       windows_.Open(target);
+      break;
+    case Action::Kind::kCloseWindow:
+      window.UseClose();
       break;
     case Action::Kind::kShowPageBefore:
       GoToPage(navigation_.PageBeside(-1));

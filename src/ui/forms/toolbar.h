@@ -13,6 +13,7 @@ class Toolbar {
       : state_(shared.state),
         controls_(shared.controls),
         shell_(shared.services.shell),
+        files_(shared.services.files),
         windows_(shared.windows),
         navigation_(navigation),
         focus_(shared.focus),
@@ -38,6 +39,7 @@ class Toolbar {
   core::ProgramState& state_;
   const controls::ControlSet& controls_;
   platform::ShellApi& shell_;
+  platform::FilesApi& files_;
   Windows& windows_;
   Navigation& navigation_;
   const controls::Focus& focus_;

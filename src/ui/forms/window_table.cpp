@@ -1,7 +1,9 @@
 #include "ui/forms/window_table.h"
 
+#include "ui/forms/about_window.h"
 #include "ui/forms/associated_application.h"
 #include "ui/forms/help_window.h"
+#include "ui/forms/intro_window.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/profile_manager.h"
 #include "ui/forms/registry_editor.h"
@@ -10,8 +12,9 @@ namespace kestrune::forms {
 
 namespace {
 
-constexpr const WindowRow* kRows[] = {&kHelpWindow, &kRegistryEditor, &kProfileManager,
-                                      &kAssociatedApplication};
+constexpr const WindowRow* kRows[] = {&kHelpWindow,     &kRegistryEditor,
+                                      &kProfileManager, &kAssociatedApplication,
+                                      &kAboutWindow,    &kIntroWindow};
 
 void Append(std::vector<ControlRow>& rows, const WindowRow& window) {
   rows.push_back(window.window);

@@ -20,6 +20,7 @@
 #include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
+#include "ui/forms/windows.h"
 #include "ui/qt/face.h"
 #include "ui/qt/face_style.h"
 #include "ui/qt/qt_dialog.h"
@@ -112,8 +113,8 @@ int Run(const std::string& profile_path) {
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
-  forms::Program program({registry, services.display, services.version, services.system, services.shell,
-                          services.files, services.dialog});
+  forms::Program program({registry, services.display, services.version, services.system,
+                          services.shell, services.files, services.dialog});
   const bool done = program.Start(profile_path);
   if (program.Ended()) return done ? 0 : kFailed;
   const qt::Face face(program, services.files,
@@ -121,6 +122,7 @@ int Run(const std::string& profile_path) {
                        .machine_title = machine.Title(),
                        .changes = &changes,
                        .dialog = has_person ? &shown : nullptr});
+  if (program.IsFirstStart() && HasPerson()) program.TheWindows().Open("intro");
   TakeScreenshotIfAsked(*face.ViewOf(program.Main()));
   // Nothing in the window waits for it.
   if (has_person) QTimer::singleShot(0, qApp, AssociateProfiles);
