@@ -76,8 +76,13 @@ void ListKeys(Listing& listing) {
     driven.Press("main.tf2");
     machine.TakeTrace();
     driven.Press(control->Id());
-    listing.Line(control->Id(),
-                 "page " + driven.State("ActivePage") + ", " + machine.TakeShortTrace());
+    std::string changes = machine.TakeShortTrace();
+    // A program file is one wherever the program stands.
+    constexpr std::string_view kFolder = KESTRUNE_DATA_FOLDER "/";
+    if (const std::size_t at = changes.find(kFolder); at != changes.npos) {
+      changes.erase(at, kFolder.size());
+    }
+    listing.Line(control->Id(), "page " + driven.State("ActivePage") + ", " + changes);
   }
   EXPECT_EQ(machine.last_window, platform::WindowState::kMinimised);
 }
