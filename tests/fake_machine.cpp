@@ -74,6 +74,20 @@ class FakeChild : public ChildProcess {
   FakeMachine& machine_;
 };
 
+/// Counters that give what the machine says.
+class FakeCounters : public LoadCounters {
+ public:
+  explicit FakeCounters(FakeMachine& machine) : machine_(machine) {}
+
+  ProcessorLoads Collect() override {
+    machine_.log.emplace_back("collect");
+    return machine_.loads;
+  }
+
+ private:
+  FakeMachine& machine_;
+};
+
 std::string DriverText(int driver) {
   if (driver == 0) return "";
   char text[32];
@@ -284,6 +298,11 @@ std::optional<std::string> FakeMachine::FileVersionText(std::string_view file_na
   log.push_back("version " + std::string(file_name));
   const std::string& text = file_name.starts_with("d3d") ? direct3d_version : driver_version;
   return text.empty() ? std::nullopt : std::optional(text);
+}
+
+std::unique_ptr<LoadCounters> FakeMachine::OpenLoadCounters() {
+  log.emplace_back("open counters");
+  return std::make_unique<FakeCounters>(*this);
 }
 
 bool FakeMachine::StartCommand(std::string_view command_line, WindowState window) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
+#include <optional>
 
 namespace kestrune::platform {
 
@@ -16,6 +19,19 @@ struct MemoryStatus {
   std::int64_t available = 0;
 };
 
+/// How busy the processors 0 and 1 were, each in percent.
+using ProcessorLoads = std::array<std::optional<double>, 2>;
+
+/// Counts what the processors 0 and 1 do (PdhCollectQueryData, PerfStats\StatData).
+class LoadCounters {
+ public:
+  virtual ~LoadCounters() = default;
+
+  /// The loads since the last collection; the first one begins to count. Nothing for a processor
+  /// that isn't there or can't be read, and while no time has passed.
+  virtual ProcessorLoads Collect() = 0;
+};
+
 /// What the operating system says of the computer at this moment. A call that fails gives zeros.
 class SystemApi {
  public:
@@ -23,6 +39,9 @@ class SystemApi {
 
   virtual ProcessorInfo Processors() = 0;
   virtual MemoryStatus Memory() = 0;
+  /// Opens counters for many collections (PdhOpenQuery, PdhAddCounter). Never null; what can't be
+  /// opened is never there.
+  virtual std::unique_ptr<LoadCounters> OpenLoadCounters() = 0;
 };
 
 }  // namespace kestrune::platform

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/parse_number.h"
+#include "platform/portable/load_counters.h"
 #include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
@@ -40,6 +41,11 @@ MemoryStatus DescribedSystem::Memory() {
   }
   const auto memory_info = ReadWholeFile("/proc/meminfo");
   return memory_info ? ReadMemory(memory_info.Value()) : MemoryStatus();
+}
+
+std::unique_ptr<LoadCounters> DescribedSystem::OpenLoadCounters() {
+  if (machine_.processor.load) return std::make_unique<DescribedLoad>(*machine_.processor.load);
+  return std::make_unique<MeasuredLoad>();
 }
 
 }  // namespace kestrune::platform::portable

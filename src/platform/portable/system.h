@@ -17,6 +17,7 @@ class DescribedSystem : public SystemApi {
 
   ProcessorInfo Processors() override;
   MemoryStatus Memory() override;
+  std::unique_ptr<LoadCounters> OpenLoadCounters() override;
 
  private:
   const MachineDescription& machine_;
