@@ -66,6 +66,11 @@ class FilesApi {
   /// disk, under the given spelling of its name. Missing folders are made; files that were
   /// installed stay as they are and are covered.
   virtual Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) = 0;
+  /// Adds to a program file that WriteFile stored, in one write; a failure leaves the file as it
+  /// was. For what grows while others may read it.
+  virtual Result<void, FileFailure> AppendFile(std::string_view path, std::string_view bytes) = 0;
+  /// Deletes a program file that WriteFile stored; one that was installed stays.
+  virtual Result<void, FileFailure> RemoveFile(std::string_view path) = 0;
   /// The places where a person's search for a program begins.
   virtual std::vector<std::string> Drives() = 0;
   /// The folders and the programs in any folder of the machine, by its whole path; nothing when it

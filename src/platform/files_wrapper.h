@@ -28,6 +28,12 @@ class FilesWrapper : public FilesApi {
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override {
     return inner_.WriteFile(path, bytes);
   }
+  Result<void, FileFailure> AppendFile(std::string_view path, std::string_view bytes) override {
+    return inner_.AppendFile(path, bytes);
+  }
+  Result<void, FileFailure> RemoveFile(std::string_view path) override {
+    return inner_.RemoveFile(path);
+  }
   std::vector<std::string> Drives() override { return inner_.Drives(); }
   std::optional<FolderListing> ListFolder(const std::string& path) override {
     return inner_.ListFolder(path);

@@ -131,10 +131,21 @@ bool TracingShell::OpenControlPanelItem(std::string_view item) {
   return inner_.OpenControlPanelItem(item);
 }
 
+Result<void, FileFailure> TracingFiles::Told(std::string_view what, std::string_view path,
+                                             Result<void, FileFailure> done) {
+  if (done) {
+    trace_.Tell(TraceKind::kCommand,
+                "file\t" + std::string(what) + '\t' + PlainText(ProgramPathText(path)));
+  }
+  return done;
+}
+
 Result<void, FileFailure> TracingFiles::WriteFile(std::string_view path, std::string_view bytes) {
-  Result<void, FileFailure> written = FilesWrapper::WriteFile(path, bytes);
-  if (written) trace_.Tell(TraceKind::kCommand, "file\twrite\t" + PlainText(ProgramPathText(path)));
-  return written;
+  return Told("write", path, FilesWrapper::WriteFile(path, bytes));
+}
+
+Result<void, FileFailure> TracingFiles::RemoveFile(std::string_view path) {
+  return Told("delete", path, FilesWrapper::RemoveFile(path));
 }
 
 }  // namespace kestrune::platform

@@ -79,14 +79,20 @@ class TracingShell : public ShellApi {
   Trace& trace_;
 };
 
-/// Tells each program file that was written. No group of changes takes one back.
+/// Tells each program file that was written or deleted. What is appended belongs to a file that was
+/// told when it was begun. No group of changes takes one back.
 class TracingFiles : public FilesWrapper {
  public:
   TracingFiles(FilesApi& inner, Trace& trace) : FilesWrapper(inner), trace_(trace) {}
 
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
+  Result<void, FileFailure> RemoveFile(std::string_view path) override;
 
  private:
+  /// Tells what was done, unless it failed.
+  Result<void, FileFailure> Told(std::string_view what, std::string_view path,
+                                 Result<void, FileFailure> done);
+
   Trace& trace_;
 };
 

@@ -217,6 +217,34 @@ TEST(FilesTest, AFullDiskLeavesTheOldFileWhole) {
   EXPECT_EQ(Everything(folder / ""), "x.ksp=old");
 }
 
+TEST(FilesTest, AWrittenFileGrowsAndIsDeleted) {
+  TempFolder folder;
+  folder.Write("user/Log", "a");
+  folder.Write("user/folder/x", "x");
+  folder.Write("installed/only", "o");
+  FolderFiles files({folder / "user", folder / "installed"}, 1252);
+  EXPECT_EQ(TextOf(files.AppendFile("\\LOG", "bc")), "done");
+  EXPECT_EQ(files.ReadBytes("log"), "abc");
+  {
+    const SmallDisk disk(5);
+    EXPECT_EQ(TextOf(files.AppendFile("log", "def")), "other: No space left on device");
+    EXPECT_EQ(files.ReadBytes("log"), "abc");
+    EXPECT_EQ(TextOf(files.AppendFile("log", "de")), "done");
+    EXPECT_EQ(TextOf(files.AppendFile("log", "f")), "other: File too large");
+  }
+  EXPECT_EQ(files.ReadBytes("log"), "abcde");
+  EXPECT_EQ(TextOf(files.RemoveFile("log")), "done");
+  EXPECT_EQ(files.ReadBytes("log"), std::nullopt);
+  for (const char* path : {"log", "only", "folder"}) {
+    EXPECT_EQ(TextOf(files.AppendFile(path, "x")), "no file: No such file or directory") << path;
+    EXPECT_EQ(TextOf(files.RemoveFile(path)), "no file: No such file or directory") << path;
+  }
+  EXPECT_EQ(TextOf(files.AppendFile("none/x", "x")), "no folder: No such file or directory");
+  EXPECT_EQ(TextOf(files.AppendFile("../user/log", "x")), "other: Invalid argument");
+  EXPECT_EQ(TextOf(files.RemoveFile("")), "other: Invalid argument");
+  EXPECT_EQ(files.ReadBytes("only"), "o");
+}
+
 TEST(FilesTest, APathThatBeginsWithTheProgramFolderIsAProgramFile) {
   TempFolder folder;
   folder.Write("user/data/X.ksp", "mine");
@@ -283,6 +311,30 @@ TEST(FilesTest, WhatADryRunWritesIsReadAndListedAndNowhereElse) {
   EXPECT_EQ(dry.ReadFile(folder / "Data/b.ksp").Value(), "b");
   EXPECT_EQ(dry.Locate("data/a.ksp"), std::nullopt);
   EXPECT_EQ(files.ReadBytes("data/a.ksp"), "old");
+  EXPECT_EQ(TextOf(dry.AppendFile("data/c.ksp", "more")), "done");
+  EXPECT_EQ(dry.ReadBytes("data/c.ksp"), "c");
+  EXPECT_EQ(TextOf(dry.AppendFile("none", "x")), "no file: No such file or directory");
+}
+
+TEST(UnwrittenFilesTest, ADeletedFileIsGoneForThisRunAlone) {
+  TempFolder folder;
+  folder.Write("a.ksp", "a");
+  folder.Write("B.ksp", "b");
+  FolderFiles files({folder / ""}, 1252);
+  UnwrittenFiles dry(files);
+  EXPECT_TRUE(dry.WriteFile("c.ksp", "c"));
+  for (const char* path : {"b.KSP", "C.ksp"}) {
+    EXPECT_EQ(TextOf(dry.RemoveFile(path)), "done") << path;
+    EXPECT_EQ(TextOf(dry.RemoveFile(path)), "no file: No such file or directory") << path;
+    EXPECT_EQ(dry.ReadBytes(path), std::nullopt) << path;
+    EXPECT_EQ(dry.Locate(path), std::nullopt) << path;
+    EXPECT_EQ(TextOf(dry.ReadFile(dry.ProgramFolder() + "/" + path)),
+              "no file: No such file or directory");
+  }
+  EXPECT_EQ(dry.ListFiles("", ".ksp"), Names{"a.ksp"});
+  EXPECT_EQ(files.ListFiles("", ".ksp"), (Names{"a.ksp", "B.ksp"}));
+  EXPECT_TRUE(dry.WriteFile("b.ksp", "new"));
+  EXPECT_EQ(dry.ListFiles("", ".ksp"), (Names{"a.ksp", "b.ksp"}));
 }
 
 TEST(FolderListingTest, ProgramsAreToldByTheirRightsOrTheirNames) {

@@ -110,5 +110,14 @@ TEST_F(TracingTest, TellsAGroupAtItsEndAndOnlyTheCommandsOfOneThatIsTakenBack) {
   EXPECT_EQ(Lines(), "run/first\nopen/second\nfile/write/Data/x\\ty.ksp\nrun/third\n");
 }
 
+TEST_F(TracingTest, TellsAFileWhenItIsBegunAndWhenItIsGone) {
+  EXPECT_FALSE(files.AppendFile("a", "x"));
+  EXPECT_FALSE(files.RemoveFile("a"));
+  EXPECT_TRUE(files.WriteFile("a", "x"));
+  EXPECT_TRUE(files.AppendFile("a", "y"));
+  EXPECT_TRUE(files.RemoveFile("A"));
+  EXPECT_EQ(Lines(), "file/write/a\nfile/delete/A\n");
+}
+
 }  // namespace
 }  // namespace kestrune::platform

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -217,6 +218,29 @@ Result<void, FileFailure> FolderFiles::WriteFile(std::string_view path, std::str
   }
   names.emplace_back(parts->back());
   return ReplaceFiles(folder, names, bytes);
+}
+
+Result<std::string, FileFailure> FolderFiles::FindWritten(std::string_view path) const {
+  const auto parts = ProgramPathParts(path);
+  if (folders_.empty() || !parts || parts->empty()) {
+    return FailWith(FailureOf(EINVAL, std::string(path)));
+  }
+  std::optional<std::string> file =
+      FindIn({folders_.front()}, *parts, [](Kind kind) { return kind == Kind::kFile; });
+  if (!file) return FailWith(FailureOf(ENOENT, Below(folders_.front(), ProgramPathText(path))));
+  return *std::move(file);
+}
+
+Result<void, FileFailure> FolderFiles::AppendFile(std::string_view path, std::string_view bytes) {
+  const auto file = FindWritten(path);
+  return file ? AppendToFile(file.Value(), bytes) : FailWith(file.Reason());
+}
+
+Result<void, FileFailure> FolderFiles::RemoveFile(std::string_view path) {
+  const auto file = FindWritten(path);
+  if (!file) return FailWith(file.Reason());
+  if (unlink(file.Value().c_str()) != 0) return FailWith(FailureOf(errno, file.Value()));
+  return {};
 }
 
 std::vector<std::string> FolderFiles::Drives() {

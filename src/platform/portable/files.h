@@ -26,6 +26,8 @@ class FolderFiles : public FilesApi {
   std::string ProgramFolder() override;
   Result<std::string, FileFailure> ReadFile(const std::string& path) override;
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
+  Result<void, FileFailure> AppendFile(std::string_view path, std::string_view bytes) override;
+  Result<void, FileFailure> RemoveFile(std::string_view path) override;
   std::vector<std::string> Drives() override;
   std::optional<FolderListing> ListFolder(const std::string& path) override;
   std::string PathOf(const std::string& folder, const std::string& name) override;
@@ -37,6 +39,9 @@ class FolderFiles : public FilesApi {
   }
 
  private:
+  /// The file of that path among those that were written.
+  Result<std::string, FileFailure> FindWritten(std::string_view path) const;
+
   std::vector<std::string> folders_;
   CodePages code_pages_;
   ProgramNames programs_;

@@ -1,15 +1,17 @@
 #include "platform/portable/unwritten_files.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "platform/case_fold.h"
+#include "platform/portable/whole_file.h"
 #include "platform/program_path.h"
 
 namespace kestrune::platform::portable {
 
 const UnwrittenFiles::File* UnwrittenFiles::Find(std::string_view path) const {
-  const auto found = written_.find(FoldCase(ProgramPathText(path)));
-  return found == written_.end() ? nullptr : &found->second;
+  const auto found = changed_.find(FoldCase(ProgramPathText(path)));
+  return found == changed_.end() ? nullptr : &found->second;
 }
 
 std::optional<std::string> UnwrittenFiles::ReadBytes(std::string_view path) {
@@ -24,11 +26,15 @@ std::vector<std::string> UnwrittenFiles::ListFiles(std::string_view folder,
     names.emplace(FoldCase(name), std::move(name));
   }
   const std::string folded_folder = FoldCase(ProgramPathText(folder));
-  for (const auto& [folded, file] : written_) {
+  for (const auto& [folded, file] : changed_) {
     const std::size_t name = folded.rfind('/') + 1;
     const bool is_there = folded_folder == folded.substr(0, name == 0 ? 0 : name - 1);
     if (!is_there || !folded.ends_with(FoldCase(ending))) continue;
-    names[folded.substr(name)] = file.path.substr(file.path.rfind('/') + 1);
+    if (file.bytes) {
+      names[folded.substr(name)] = file.path.substr(file.path.rfind('/') + 1);
+    } else {
+      names.erase(folded.substr(name));
+    }
   }
   std::vector<std::string> list;
   list.reserve(names.size());
@@ -44,7 +50,8 @@ Result<std::string, FileFailure> UnwrittenFiles::ReadFile(const std::string& pat
   const auto in_folder = InProgramFolder(path, ProgramFolder());
   const File* file = in_folder ? Find(*in_folder) : nullptr;
   if (file == nullptr) return FilesWrapper::ReadFile(path);
-  return file->bytes;
+  if (!file->bytes) return FailWith(FailureOf(ENOENT, path));
+  return *file->bytes;
 }
 
 Result<void, FileFailure> UnwrittenFiles::WriteFile(std::string_view path, std::string_view bytes) {
@@ -53,7 +60,26 @@ Result<void, FileFailure> UnwrittenFiles::WriteFile(std::string_view path, std::
   if (!parts || parts->empty()) return FilesWrapper::WriteFile(path, bytes);
   std::string text = ProgramPathText(path);
   std::string folded = FoldCase(text);
-  written_[std::move(folded)] = {std::move(text), std::string(bytes)};
+  changed_[std::move(folded)] = {std::move(text), std::string(bytes)};
+  return {};
+}
+
+bool UnwrittenFiles::Has(std::string_view path) {
+  const File* file = Find(path);
+  return file != nullptr ? file->bytes.has_value() : FilesWrapper::Locate(path).has_value();
+}
+
+Result<void, FileFailure> UnwrittenFiles::AppendFile(std::string_view path,
+                                                     std::string_view /*bytes*/) {
+  if (!Has(path)) return FailWith(FailureOf(ENOENT, std::string(path)));
+  return {};
+}
+
+Result<void, FileFailure> UnwrittenFiles::RemoveFile(std::string_view path) {
+  if (!Has(path)) return FailWith(FailureOf(ENOENT, std::string(path)));
+  std::string text = ProgramPathText(path);
+  std::string folded = FoldCase(text);
+  changed_[std::move(folded)] = {std::move(text), std::nullopt};
   return {};
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "platform/files_wrapper.h"
 
 namespace kestrune::platform::portable {
 
-/// Keeps what is written in memory, in front of files that stay as they are: later reads and
-/// listings see it, but it stands nowhere where another program could find it.
+/// Keeps what is written or deleted in memory, in front of files that stay as they are: later reads
+/// and listings see it, but it stands nowhere where another program could find it. What is appended
+/// is dropped, since nobody says how much that will be.
 class UnwrittenFiles : public FilesWrapper {
  public:
   using FilesWrapper::FilesWrapper;
@@ -18,16 +20,20 @@ class UnwrittenFiles : public FilesWrapper {
   std::optional<std::string> Locate(std::string_view path) override;
   Result<std::string, FileFailure> ReadFile(const std::string& path) override;
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
+  Result<void, FileFailure> AppendFile(std::string_view path, std::string_view bytes) override;
+  Result<void, FileFailure> RemoveFile(std::string_view path) override;
 
  private:
   struct File {
     std::string path;
-    std::string bytes;
+    std::optional<std::string> bytes;  ///< nothing for a file that was deleted
   };
 
   const File* Find(std::string_view path) const;
+  /// Whether there is such a file, as far as this is concerned.
+  bool Has(std::string_view path);
 
-  std::map<std::string, File> written_;  ///< by the path in capitals
+  std::map<std::string, File> changed_;  ///< by the path in capitals
 };
 
 }  // namespace kestrune::platform::portable

@@ -134,6 +134,18 @@ Result<void, FileFailure> ReplaceFiles(const std::string& folder,
   return {};
 }
 
+Result<void, FileFailure> AppendToFile(const std::string& path, std::string_view bytes) {
+  const OpenFile file(path, O_WRONLY | O_APPEND);
+  struct stat status {};
+  if (file.Number() < 0 || fstat(file.Number(), &status) != 0) return FailedAs(errno, path);
+  const ssize_t count = write(file.Number(), bytes.data(), bytes.size());
+  if (count == static_cast<ssize_t>(bytes.size())) return {};
+  const int error = count < 0 ? errno : ENOSPC;
+  // Where that fails too there is nothing left to try.
+  [[maybe_unused]] const int kept = count > 0 ? ftruncate(file.Number(), status.st_size) : 0;
+  return FailedAs(error, path);
+}
+
 Result<std::string, FileFailure> ReadWholeFile(const std::string& path, std::size_t longest,
                                                PipesToo pipes) {
   if (path.find('\0') != path.npos) return FailedAs(EINVAL, path);

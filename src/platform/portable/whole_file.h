@@ -33,4 +33,7 @@ Result<void, FileFailure> ReplaceFiles(const std::string& folder,
                                        const std::vector<std::string>& names,
                                        std::string_view bytes);
 
+/// Adds bytes to an ordinary file in one write, and takes back what a full disk left of them.
+Result<void, FileFailure> AppendToFile(const std::string& path, std::string_view bytes);
+
 }  // namespace kestrune::platform::portable
