@@ -260,7 +260,7 @@ void WidgetMaker::Visit(controls::PictureBox& picture) {
 
 void WidgetMaker::Visit(controls::Graph& graph) {
   auto* widget = new GraphWidget(graph, context_.TheScale(), parent_);
-  TieWhole(graph, widget, [widget] { widget->update(); });
+  TieWhole(graph, widget, [widget] { widget->Follow(); });
 }
 
 void WidgetMaker::Visit(controls::Bar& bar) {

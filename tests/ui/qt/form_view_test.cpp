@@ -496,6 +496,66 @@ TEST_F(FormViewTest, AGraphShowsWhatWasDrawnSinceTheLastClearing) {
   EXPECT_NE(at(100, 52), QColor(0, 255, 0));
 }
 
+/// Remembers which part of a widget was painted.
+class PaintWatcher : public QObject {
+ public:
+  explicit PaintWatcher(QWidget& widget) { widget.installEventFilter(this); }
+
+  QRegion Take() { return std::exchange(painted_, {}); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent*>(event)->region();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QRegion painted_;
+};
+
+TEST_F(FormViewTest, AGraphPaintsWhatIsNewAlone) {
+  window_.Control<Frame>("other").SetVisible(true);
+  auto& graph = window_.Control<controls::Graph>("other.graph");
+  auto& widget = window_.Widget<QWidget>("other.graph");
+  const auto at = [&widget](int x, int y) { return widget.grab().toImage().pixelColor(x, y); };
+  QCoreApplication::processEvents();
+  PaintWatcher watcher(widget);
+  const auto painted = [&watcher] {
+    QCoreApplication::processEvents();
+    return watcher.Take().boundingRect();
+  };
+  graph.Draw(controls::GraphLine{1500, 150, 1500, 1350, "#00ff00", 30});
+  const QRect line = painted();
+  EXPECT_TRUE(line.contains(QRect(99, 10, 2, 80)));
+  EXPECT_LE(line.width(), 10);
+  graph.Draw(controls::GraphPoint{2250, 750, "#ff0000", 30});
+  const QRect point = painted();
+  EXPECT_TRUE(point.contains(150, 50));
+  EXPECT_LE(std::max(point.width(), point.height()), 10);
+  EXPECT_EQ(at(100, 50), QColor(0, 255, 0));
+  graph.Clear();
+  EXPECT_EQ(painted().size(), widget.size());
+  EXPECT_NE(at(100, 50), QColor(0, 255, 0));
+}
+
+TEST_F(FormViewTest, AGraphIsDrawnAnewWhereItHasGrownAndCutsOffWhatLiesOutside) {
+  window_.Control<Frame>("other").SetVisible(true);
+  auto& graph = window_.Control<controls::Graph>("other.graph");
+  auto& widget = window_.Widget<QWidget>("other.graph");
+  const auto at = [&widget](int x, int y) { return widget.grab().toImage().pixelColor(x, y); };
+  graph.Draw(controls::GraphLine{1500, 0, 1500, 3000, "#00ff00", 30});
+  EXPECT_EQ(at(100, 90), QColor(0, 255, 0));
+  controls::Rect bounds = graph.Bounds();
+  bounds.height = 1650;
+  graph.SetBounds(bounds);
+  EXPECT_EQ(at(100, 105), QColor(0, 255, 0));
+  constexpr int kFar = 2'000'000'000;
+  graph.Draw(controls::GraphLine{1500, 0, 1500, -kFar, "#ff0000", 30});
+  graph.Draw(controls::GraphLine{2250, kFar, 2250, -kFar, "#0000ff", 30});
+  EXPECT_EQ(at(100, 50), QColor(0, 255, 0));
+  EXPECT_EQ(at(150, 50), QColor(0, 0, 255));
+}
+
 TEST_F(FormViewTest, ABarIsAsWideAsItsValueAndAReadOnlyBoxTakesNoTyping) {
   window_.Control<Frame>("other").SetVisible(true);
   window_.Control<controls::Bar>("other.bar").ShowWidth(900);
