@@ -14,6 +14,7 @@ constexpr std::string_view kLineEnds = "\r\n";
 std::optional<std::string> FieldReader::Next() {
   if (AtEnd()) return std::nullopt;
   SkipBlanks();
+  is_cut_off_ = false;
   std::string field;
   if (!AtEnd() && text_[position_] == '"') {
     field = TakeQuoted();
@@ -49,7 +50,8 @@ std::string_view FieldReader::TakeQuoted() {
     const bool is_pair = field[at] == '\r' && field.substr(at + 1).starts_with('\n');
     if (!is_pair) ++line_;
   }
-  if (quote == text_.npos) field = field.substr(0, field.find_last_not_of(kLineEnds) + 1);
+  is_cut_off_ = quote == text_.npos;
+  if (is_cut_off_) field = field.substr(0, field.find_last_not_of(kLineEnds) + 1);
   return field;
 }
 

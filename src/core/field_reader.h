@@ -22,6 +22,8 @@ class FieldReader {
   bool AtEnd() const { return position_ >= end_; }
   /// The next field; nothing at the end.
   std::optional<std::string> Next();
+  /// Whether the field read last began with a quote and had no closing one.
+  bool IsCutOff() const { return is_cut_off_; }
   /// The line, from 1, at which the next field begins.
   int Line() const { return line_; }
 
@@ -35,6 +37,7 @@ class FieldReader {
   std::size_t end_;  ///< where nothing but blanks and line ends follows
   std::size_t position_ = 0;
   int line_ = 1;
+  bool is_cut_off_ = false;
 };
 
 }  // namespace kestrune::core

@@ -18,6 +18,11 @@ inline constexpr int kCoreClock = 226;
 inline constexpr int kMemoryClock = 227;
 inline constexpr int kRefusedClock = 269;
 
+// What monitoring says.
+inline constexpr int kSamplesLeftOut = 265;
+inline constexpr int kRecordingStopped = 270;
+inline constexpr int kRecordingNotStarted = 277;
+
 // What the profile manager says.
 inline constexpr int kSelectProfile = 232;
 inline constexpr int kNoProfiles = 233;
@@ -37,6 +42,7 @@ inline constexpr int kVgaDevice = 101;
 inline constexpr int kDriverVersion = 104;
 inline constexpr int kOsVersion = 109;
 inline constexpr int kDirectXVersion = 110;
+inline constexpr int kFreeMemory = 111;  ///< behind the amount
 inline constexpr int kProgramVersion = 246;
 inline constexpr int kLastUpdate = 247;
 

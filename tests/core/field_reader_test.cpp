@@ -35,6 +35,14 @@ TEST(FieldReaderTest, SplitsAtCommasAndEveryKindOfLineEnd) {
   for (const auto& [text, fields] : cases) EXPECT_EQ(Fields(text), fields) << text;
 }
 
+TEST(FieldReaderTest, SaysThatAQuotedFieldIsCutOff) {
+  FieldReader reader("\"a\",b,\"c\"x\n\"d");
+  for (const bool is_cut_off : {false, false, false, true}) {
+    EXPECT_TRUE(reader.Next());
+    EXPECT_EQ(reader.IsCutOff(), is_cut_off);
+  }
+}
+
 TEST(FieldReaderTest, CountsLinesForTheFieldThatComes) {
   FieldReader reader("a,b\r\n\"c\r\nc\n\"\nd\n\n");
   const int lines[] = {1, 1, 2, 5};

@@ -41,6 +41,8 @@ struct WindowRow {
   std::string_view default_key = {};  ///< id of the button that Enter presses
   std::string_view cancel_key = {};   ///< id of the button that Esc presses
   std::string_view opened_by = {};    ///< id of the key or button that opens it
+  /// Id of a control of the owner: a script opens the window by its name while that can be used.
+  std::string_view opened_beside = {};
   std::span<const ShortcutRow> shortcuts = {};
   /// Makes the window's part; null where another part of the program sees to it.
   std::unique_ptr<WindowPart> (*make)(const Shared&) = nullptr;

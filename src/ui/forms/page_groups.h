@@ -4,6 +4,7 @@
 #include "ui/forms/direct3d_pages.h"
 #include "ui/forms/driver_settings.h"
 #include "ui/forms/information_pages.h"
+#include "ui/forms/monitoring_page.h"
 #include "ui/forms/opengl_pages.h"
 #include "ui/forms/overclocking_page.h"
 
@@ -18,7 +19,8 @@ struct PageGroups {
         opengl(shared, driver, direct3d),
         control_panel(shared),
         overclocking(shared),
-        information(shared) {}
+        information(shared),
+        monitoring(shared) {}
 
   DriverSettings driver;
   Direct3DPages direct3d;
@@ -26,6 +28,7 @@ struct PageGroups {
   ControlPanelPages control_panel;
   OverclockingPage overclocking;
   InformationPages information;
+  MonitoringPage monitoring;
 };
 
 }  // namespace kestrune::forms

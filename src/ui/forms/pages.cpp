@@ -30,7 +30,7 @@ const PageRow kRows[] = {
     {"direct3d.multitexturing", 42, Group::kDirect3D, 4, "main.mt", kMultitexturingControls},
     {"direct3d.shaders", 43, Group::kDirect3D, 5, "main.psvs", kShaderControls},
     {"opengl.compatibility", 44, Group::kOpenGL, 4, "main.oglcs", kOpenGLCompatibilityControls},
-    {"info.monitoring", 45, Group::kInformation, 3, "main.sys", {}},
+    {"info.monitoring", 45, Group::kInformation, 3, "main.sys", kMonitoringControls},
     {"info.processes", 254, Group::kInformation, 4, "main.proc", {}},
 };
 

@@ -195,6 +195,7 @@ void Program::Parts::ShowAtFirst() {
 void Program::Parts::Close() {
   if (closed) return;
   closed = true;
+  pages.monitoring.Monitoring().End();
   lower_panel.SaveVisitedPage();
   windows.Close(main.TheWindow());
 }
@@ -225,6 +226,7 @@ bool Program::Start(std::string_view command_line) {
     parts_->Close();
     return done;
   }
+  parts_->pages.monitoring.Monitoring().Start();
   parts_->lower_panel.LoadHelpPicture();
   if (parts_->versions.state.OSFamily >= detect::kWindowsVista) parts_->toolbar.DisableForVista();
   return true;
@@ -233,6 +235,7 @@ bool Program::Start(std::string_view command_line) {
 bool Program::ApplyProfile(std::string_view path) { return parts_->ApplyProfile(path); }
 profiles::Profiles& Program::Profiles() { return parts_->profiles; }
 const detect::VersionState& Program::Versions() const { return parts_->versions.state; }
+const core::ProgramState& Program::RunState() const { return parts_->state; }
 MainForm& Program::Main() { return parts_->main; }
 
 Form& Program::FormOf(std::string_view window) {

@@ -41,6 +41,7 @@ class Program {
   [[nodiscard]] bool ApplyProfile(std::string_view path);
   profiles::Profiles& Profiles();
   const detect::VersionState& Versions() const;
+  const core::ProgramState& RunState() const;
 
   MainForm& Main();
   /// The form of the window with that id, which must exist.

@@ -5,6 +5,7 @@
 #include "ui/forms/help_window.h"
 #include "ui/forms/intro_window.h"
 #include "ui/forms/main_form.h"
+#include "ui/forms/monitoring_window.h"
 #include "ui/forms/profile_manager.h"
 #include "ui/forms/registry_editor.h"
 
@@ -14,7 +15,8 @@ namespace {
 
 constexpr const WindowRow* kRows[] = {&kHelpWindow,     &kRegistryEditor,
                                       &kProfileManager, &kAssociatedApplication,
-                                      &kAboutWindow,    &kIntroWindow};
+                                      &kAboutWindow,    &kIntroWindow,
+                                      &kMonitoringWindow};
 
 void Append(std::vector<ControlRow>& rows, const WindowRow& window) {
   rows.push_back(window.window);

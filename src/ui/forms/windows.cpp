@@ -1,5 +1,7 @@
 #include "ui/forms/windows.h"
 
+#include <utility>
+
 namespace kestrune::forms {
 
 void Windows::Add(const Form& form) {
@@ -38,13 +40,15 @@ void Windows::Show(controls::Window& window) {
 
 void Windows::Open(controls::Window& window) {
   if (window.Visible()) return;
+  loading_ = &window;
   Load(window);
-  Show(window);
+  if (std::exchange(loading_, nullptr) == &window) Show(window);
 }
 
 void Windows::Open(std::string_view id) { Open(entries_.at(id).form->TheWindow()); }
 
 void Windows::Close(controls::Window& window) {
+  if (loading_ == &window) loading_ = nullptr;
   if (!window.Visible()) return;
   for (const auto& [id, entry] : entries_) {
     if (entry.form->TheWindow().Owner() == &window) Close(entry.form->TheWindow());

@@ -28,7 +28,8 @@ class Windows {
   void Load(controls::Window& window);
   /// Shows a loaded window.
   void Show(controls::Window& window);
-  /// Loads and shows a window; one that is open comes to the front.
+  /// Loads and shows a window, unless its load procedure closes it; one that is open comes to the
+  /// front.
   void Open(controls::Window& window);
   void Open(std::string_view id);
   /// Closes a window and those that it owns; the main window closes all.
@@ -50,6 +51,7 @@ class Windows {
   controls::Gate& gate_;
   std::map<std::string_view, Entry> entries_;   ///< by id
   std::vector<const controls::Window*> modal_;  ///< open ones, the latest last
+  const controls::Window* loading_ = nullptr;   ///< the one that is being opened
 };
 
 }  // namespace kestrune::forms

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace kestrune::monitor {
+
+/// Where a percentage stands above a chart's ground, in twips from the chart's upper edge: also
+/// outside of the chart, as far as there are numbers for it.
+constexpr int HeightOf(int percent, int ground, int twips_a_percent) {
+  const std::int64_t height = ground - std::int64_t{twips_a_percent} * percent;
+  return static_cast<int>(std::clamp<std::int64_t>(height, std::numeric_limits<int>::min(),
+                                                   std::numeric_limits<int>::max()));
+}
+
+}  // namespace kestrune::monitor
