@@ -2,6 +2,7 @@
 #include "cli/command.h"
 #include "cli/database_commands.h"
 #include "cli/machine_commands.h"
+#include "cli/monitor_command.h"
 #include "cli/profile_commands.h"
 #include "cli/program_commands.h"
 #include "cli/registry_commands.h"
@@ -38,6 +39,10 @@ constexpr Command kCommands[] = {
      "STEP...", PrintSteps, WrittenSteps},
     {"state", "Print the shared values", "", State},
     {"languages", "Print the languages that can be chosen", "", Languages},
+    {"monitor",
+     "Print processor loads and free memory in real time, until interrupted: milliseconds, percent "
+     "of each processor, percent and MB free",
+     "[--interval=MS] [--count=N] [--record=FILE]", Monitor, CheckMonitorWords},
     {"clocks show", "Print the default and the current clocks, with --2d or --3d of that pair", "",
      ShowClocks},
     {"clocks set", "Set the clocks, in MHz, with --2d or --3d of that pair", "CORE MEMORY",

@@ -2,6 +2,7 @@
 
 #include "platform/plain_text.h"
 #include "ui/forms/main_form.h"
+#include "ui/forms/windows.h"
 
 namespace kestrune::cli {
 
@@ -88,22 +89,28 @@ Result<void> Script::GoTo(const Control& control) {
 Result<void> Script::OpenFor(const Control& control) {
   const Control& window = control.Root();
   const forms::WindowRow& row = program_.FormOf(window.Id()).WindowsRow();
-  return window.Visible() || row.opened_by.empty() ? Result<void>() : Open(window.Id());
+  const bool has_way = !row.opened_by.empty() || !row.opened_beside.empty();
+  return window.Visible() || !has_way ? Result<void>() : Open(window.Id());
 }
 
 Result<void> Script::Open(const std::string& window) {
   controls::Gate& gate = program_.Gate();
-  const Control& target = *program_.Find(window);
+  auto& target = dynamic_cast<controls::Window&>(*program_.Find(window));
   // An open one comes to the front, which is nothing to see in a terminal.
   if (target.Visible()) return ToResult(gate, target, gate.Act(target, [] { return true; }));
-  const std::string_view opened_by = program_.FormOf(window).WindowsRow().opened_by;
-  if (opened_by.empty()) {
+  const forms::WindowRow& row = program_.FormOf(window).WindowsRow();
+  const bool by_key = !row.opened_by.empty();
+  if (!by_key && row.opened_beside.empty()) {
     return Fail(window + " can't be opened by name; it opens when the mouse moves over a setting.");
   }
-  Control& key = *program_.Find(opened_by);
+  Control& key = *program_.Find(by_key ? row.opened_by : row.opened_beside);
   if (Result<void> opened = OpenFor(key); !opened) return opened;
   if (Result<void> shown = GoTo(key); !shown) return shown;
-  return Press(gate, key);
+  if (by_key) return Press(gate, key);
+  return ToResult(gate, key, gate.Act(key, [this, &target] {
+    program_.TheWindows().Open(target);
+    return true;
+  }));
 }
 
 Result<void> Script::Close(const std::string& window) {

@@ -21,6 +21,8 @@ Session::Session(std::unique_ptr<platform::Machine> machine, const GlobalOptions
       streams_(streams),
       machine_(std::move(machine)),
       dialog_(streams.err, options.answer),
+      system_(machine_->ServicesFor(dialog_).system),
+      standing_load_(system_),
       tracing_(options.trace != Trace::kOff),
       trace_([this](platform::TraceKind kind, const std::string& line) { Print(kind, line); }),
       services_(Traced(machine_->ServicesFor(dialog_))) {}
@@ -37,7 +39,7 @@ platform::Services Session::Traced(const platform::Services& services) {
   return {registry_ ? *registry_ : registry,
           services.display,
           services.version,
-          services.system,
+          standing_load_,
           shell_ ? *shell_ : services.shell,
           files_ ? *files_ : services.files,
           services.dialog};

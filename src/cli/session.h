@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/standing_load.h"
 #include "cli/status.h"
 #include "cli/terminal_dialog.h"
 #include "platform/change_recorder.h"
@@ -58,6 +59,8 @@ class Session {
   forms::Program& Start();
   platform::RegistryApi& Registry() { return services_.registry; }
   platform::FilesApi& Files() { return services_.files; }
+  /// The computer as it is in real time, which the program's own clock doesn't follow.
+  platform::SystemApi& System() { return system_; }
   /// Null unless changes are recorded.
   platform::ChangeRecorder* Recorder() { return recorder_ ? &*recorder_ : nullptr; }
   /// The run's status: that of the command, unless something failed that it wasn't told of.
@@ -75,6 +78,8 @@ class Session {
   Streams streams_;
   std::unique_ptr<platform::Machine> machine_;
   TerminalDialog dialog_;
+  platform::SystemApi& system_;
+  StandingLoad standing_load_;
   bool tracing_ = false;
   platform::Trace trace_;
   std::optional<platform::ChangeRecorder> recorder_;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/system_api.h"
+
+namespace kestrune::cli {
+
+/// Stands in front of a system whose clock is moved by hand. No processor does anything in such
+/// time, so a load stays what it was first. The system must outlive it.
+class StandingLoad : public platform::SystemApi {
+ public:
+  explicit StandingLoad(platform::SystemApi& inner) : inner_(inner) {}
+
+  platform::ProcessorInfo Processors() override { return inner_.Processors(); }
+  platform::MemoryStatus Memory() override { return inner_.Memory(); }
+  std::unique_ptr<platform::LoadCounters> OpenLoadCounters() override {
+    return std::make_unique<Counters>(inner_.OpenLoadCounters()->Collect());
+  }
+
+ private:
+  class Counters : public platform::LoadCounters {
+   public:
+    explicit Counters(const platform::ProcessorLoads& first) : first_(first) {}
+    platform::ProcessorLoads Collect() override { return first_; }
+
+   private:
+    platform::ProcessorLoads first_;
+  };
+
+  platform::SystemApi& inner_;
+};
+
+}  // namespace kestrune::cli
