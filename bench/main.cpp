@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "failure.h"
+#include "monitoring.h"
 #include "profiles.h"
 #include "registry.h"
 #include "whole_programs.h"
@@ -65,8 +66,10 @@ int main(int argument_count, char** arguments) {
   }
   // A quick run tells that everything works, and nothing about speed.
   const WorkFolder folder;
-  const std::vector<Row> memory = CompareMemory(folder.Path(), quick ? 2 : 5);
+  std::vector<Row> memory = CompareMemory(folder.Path(), quick ? 2 : 5);
   std::vector<Row> rows = CompareTimes(folder.Path(), quick ? 2 : 61, quick ? 2000 : 1000000);
+  memory.push_back(CompareLongSampling(folder.Path()));
+  for (const Row& row : CompareSampling(folder.Path(), quick ? 1 : 7)) rows.push_back(row);
   for (const Row& row : memory) rows.push_back(row);
   for (const Row& row : CompareRegistry(folder.Path(), quick ? 2 : 301)) rows.push_back(row);
   for (const Row& row : CompareProfiles(folder.Path(), quick ? 2 : 101)) rows.push_back(row);

@@ -51,13 +51,6 @@ rusage Run(const std::vector<std::string>& words) {
   return usage;
 }
 
-Measure ProcessorTime(std::vector<std::string> words) {
-  return [words = std::move(words)] {
-    const rusage usage = Run(words);
-    return Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
-  };
-}
-
 Measure Memory(std::vector<std::string> words) {
   return [words = std::move(words)] { return static_cast<double>(Run(words).ru_maxrss) * 1024; };
 }
@@ -115,6 +108,13 @@ class Programs {
 bool HasQueryProgram() { return std::system("command -v sqlite3 > /dev/null") == 0; }
 
 }  // namespace
+
+Measure ProcessorTime(std::vector<std::string> words) {
+  return [words = std::move(words)] {
+    const rusage usage = Run(words);
+    return Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
+  };
+}
 
 std::vector<Row> CompareMemory(const std::string& folder, int rounds) {
   const Programs programs(folder);

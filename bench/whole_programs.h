@@ -7,6 +7,9 @@
 
 namespace kestrune::bench {
 
+/// The processor time, user and system, of a program's whole run, by its words.
+Measure ProcessorTime(std::vector<std::string> words);
+
 /// Whole runs of the programs that stand beside this one, on stores of their own in a folder. Each
 /// ends this program when one of them fails.
 ///

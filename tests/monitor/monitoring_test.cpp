@@ -36,7 +36,7 @@ struct Monitored {
   bool Enabled(std::string_view id) const {
     return controls.Find("info.monitoring." + std::string(id))->Enabled();
   }
-  /// The shapes of a graph since its last clearing: "60:1185-805 green" and "60:1175 green".
+  /// The shapes of a graph since its last clearing: "60:1050-670 green" and "60:1040 green".
   std::string Shapes(std::string_view id) const {
     std::string text;
     for (const auto& shape : controls.Get<Graph>("info.monitoring." + std::string(id)).Shapes()) {
@@ -120,21 +120,21 @@ TEST(MonitoringTest, TheCountersAreOpenedOnceAndCollectedOnceATick) {
 TEST(MonitoringTest, LoadsAreDrawnAsPointsAndLinesAboveTheirGround) {
   Monitored page(1);
   page.machine.memory = kQuarter;
-  ASSERT_EQ(page.controls.Find("info.monitoring.cpu-graph")->Bounds().height, 1275);
+  ASSERT_EQ(page.controls.Find("info.monitoring.cpu-graph")->Bounds().height, 1140);
   page.machine.loads = {{50, 0}};
   page.Tick();
   page.machine.loads = {{0, 100}};
   page.Tick();
   EXPECT_EQ(page.Shapes("cpu-graph"),
-            "60:1185-675 #00ff00, 90:1175 #ff0000, 120:1175 #00ff00, 150:1185-175 #ff0000");
-  EXPECT_EQ(page.Shapes("memory-graph"), "60:1275-1025 #0000ff, 120:1275-1025 #0000ff");
+            "60:1050-540 #00ff00, 90:1040 #ff0000, 120:1040 #00ff00, 150:1050-40 #ff0000");
+  EXPECT_EQ(page.Shapes("memory-graph"), "60:1140-890 #0000ff, 120:1140-890 #0000ff");
 }
 
 TEST(MonitoringTest, OneProcessorDrawsNothingForASecond) {
   Monitored page(0);
   page.machine.loads = {{1, 99}};
   page.Tick();
-  EXPECT_EQ(page.Shapes("cpu-graph"), "60:1185-1165 #00ff00");
+  EXPECT_EQ(page.Shapes("cpu-graph"), "60:1050-1030 #00ff00");
 }
 
 TEST(MonitoringTest, AFullGraphIsClearedBeforeTheMemoryIsDrawn) {
@@ -147,10 +147,10 @@ TEST(MonitoringTest, AFullGraphIsClearedBeforeTheMemoryIsDrawn) {
   EXPECT_EQ(graph.Shapes().size(), static_cast<std::size_t>((width - 1) / 60));
   page.Tick();
   EXPECT_EQ(page.Shapes("cpu-graph"), "");
-  EXPECT_EQ(page.Shapes("memory-graph"), "0:1275-1025 #0000ff");
+  EXPECT_EQ(page.Shapes("memory-graph"), "0:1140-890 #0000ff");
   page.Tick();
-  EXPECT_EQ(page.Shapes("cpu-graph"), "60:1185-675 #00ff00");
-  EXPECT_EQ(page.Shapes("memory-graph"), "0:1275-1025 #0000ff, 60:1275-1025 #0000ff");
+  EXPECT_EQ(page.Shapes("cpu-graph"), "60:1050-540 #00ff00");
+  EXPECT_EQ(page.Shapes("memory-graph"), "0:1140-890 #0000ff, 60:1140-890 #0000ff");
 }
 
 TEST(MonitoringTest, AGraphThatIsNoMultipleOfAStepIsFullOnceItWasPassed) {

@@ -17,6 +17,7 @@
 #include <string_view>
 
 #include "core/outcome.h"
+#include "monitor/recording.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/services.h"
 #include "platform/tracing.h"
@@ -24,6 +25,7 @@
 #include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
+#include "ui/forms/windows.h"
 #include "ui/qt/face.h"
 #include "ui/qt/face_style.h"
 
@@ -84,8 +86,9 @@ QPalette MakePalette(const QString& scheme) {
 
 class Photographer {
  public:
-  Photographer(forms::Program& program, qt::Face& face, const QDir& folder)
-      : program_(program), face_(face), folder_(folder) {}
+  Photographer(forms::Program& program, qt::Face& face, platform::FilesApi& files,
+               const QDir& folder)
+      : program_(program), face_(face), files_(files), folder_(folder) {}
 
   bool TakeAll() {
     TakePages();
@@ -98,6 +101,7 @@ class Photographer {
     TakeRegistryEditor();
     TakeProfileManager();
     TakeAbout();
+    TakeMonitoring();
     return all_saved_;
   }
 
@@ -229,6 +233,36 @@ class Photographer {
     manager.TheWindow().UseClose();
   }
 
+  /// The page after a minute and a half, then both pages of a recording.
+  void TakeMonitoring() {
+    GoTo("info.monitoring");
+    program_.Timers().Advance(90'000);
+    QCoreApplication::processEvents();
+    SaveWithTree(Window(), "monitoring-page");
+    if (!files_.WriteFile(monitor::kRecordingFile, MadeUpRecording())) return;
+    program_.TheWindows().Open("monitoring");
+    const forms::Form& form = program_.FormOf("monitoring");
+    auto& next = form.Get<controls::Button>("monitoring.next");
+    for (const char* name : {"monitoring-1", "monitoring-2"}) {
+      QCoreApplication::processEvents();
+      SaveWithTree(*face_.ViewOf(form), name);
+      Act(next, [&next] { next.Click(); });
+    }
+    form.TheWindow().UseClose();
+  }
+
+  /// 250 samples of two processors, one of which can't be read.
+  static std::string MadeUpRecording() {
+    const monitor::RecordingFormat& format = monitor::kMonitoringFormat;
+    std::string bytes = format.beginning(true);
+    for (int i = 1; i <= 250; ++i) {
+      const monitor::Sample sample{
+          .cpu1 = 5 + i * i % 90, .cpu2 = 50 - i % 50, .free_percent = i < 120 ? 60 - i / 4 : 75};
+      bytes += i == 60 ? "?\r\n?\r\n?\r\n" : format.sample(sample, i, true);
+    }
+    return bytes;
+  }
+
   void TakeOverclocking() {
     GoTo("overclocking");
     auto& pair = program_.Main().Get<controls::OptionButton>("overclocking.3d-speed");
@@ -304,6 +338,7 @@ class Photographer {
 
   forms::Program& program_;
   qt::Face& face_;
+  platform::FilesApi& files_;
   QDir folder_;
   bool all_saved_ = true;
 };
@@ -344,7 +379,7 @@ int Run(const Arguments& arguments) {
   qt::Face face(program, services.files, {.changes = &changes});
   QCoreApplication::processEvents();
   QDir().mkpath(arguments.folder);
-  return Photographer(program, face, QDir(arguments.folder)).TakeAll() ? 0 : 3;
+  return Photographer(program, face, services.files, QDir(arguments.folder)).TakeAll() ? 0 : 3;
 }
 
 }  // namespace

@@ -13,26 +13,26 @@ constexpr std::string_view kPage = "info.monitoring";
 constexpr std::string_view kNothingYet = "0%";
 
 constexpr ControlRow kRows[] = {
-    Row(Kind::kLabel, "info.monitoring.cpu-usage", kPage, {150, 330, 2100, 270}, 46),
-    Row(Kind::kLabel, "info.monitoring.cpu-1", kPage, {2310, 330, 1170, 270})
+    Row(Kind::kLabel, "info.monitoring.cpu-usage", kPage, {150, 315, 2070, 270}, 46),
+    Row(Kind::kLabel, "info.monitoring.cpu-1", kPage, {2310, 315, 1110, 270})
         .Design(kNothingYet)
         .Tip(51),
-    Row(Kind::kBar, "info.monitoring.cpu-1-bar", kPage, {3510, 360, 0, 210}, 51).Tip(51),
-    Row(Kind::kLabel, "info.monitoring.cpu-2", kPage, {5070, 330, 1170, 270})
+    Row(Kind::kBar, "info.monitoring.cpu-1-bar", kPage, {3510, 345, 0, 210}, 51).Tip(51),
+    Row(Kind::kLabel, "info.monitoring.cpu-2", kPage, {4800, 315, 1110, 270})
         .Design(kNothingYet)
         .Tip(52),
-    Row(Kind::kBar, "info.monitoring.cpu-2-bar", kPage, {6270, 360, 0, 210}, 52).Tip(52),
-    Row(Kind::kGraph, "info.monitoring.cpu-graph", kPage, {150, 645, 7260, 1275}, 46),
-    Row(Kind::kLabel, "info.monitoring.free-physics-memory", kPage, {150, 2025, 3300, 270}, 47),
-    Row(Kind::kLabel, "info.monitoring.free-memory", kPage, {3510, 2025, 3900, 270})
+    Row(Kind::kBar, "info.monitoring.cpu-2-bar", kPage, {6000, 345, 0, 210}, 52).Tip(52),
+    Row(Kind::kGraph, "info.monitoring.cpu-graph", kPage, {150, 615, 7260, 1140}, 46),
+    Row(Kind::kLabel, "info.monitoring.free-physics-memory", kPage, {150, 1860, 3270, 270}, 47),
+    Row(Kind::kLabel, "info.monitoring.free-memory", kPage, {3510, 1860, 3900, 270})
         .Design(kNothingYet),
-    Row(Kind::kGraph, "info.monitoring.memory-graph", kPage, {150, 2340, 7260, 1275}, 47),
-    Row(Kind::kLabel, "info.monitoring.monitoring-speed", kPage, {150, 3765, 1860, 270}, 48),
-    Row(Kind::kOption, "info.monitoring.fast", kPage, {2070, 3735, 1080, 330}, 49),
-    Row(Kind::kOption, "info.monitoring.normal", kPage, {3210, 3735, 1200, 330}, 50),
-    Row(Kind::kOption, "info.monitoring.slow", kPage, {4470, 3735, 1080, 330}, 57).Chosen(),
-    Row(Kind::kButton, "info.monitoring.rec", kPage, {5610, 3705, 870, 405}, 58),
-    Row(Kind::kButton, "info.monitoring.stop", kPage, {6540, 3705, 870, 405}, 59).Disabled(),
+    Row(Kind::kGraph, "info.monitoring.memory-graph", kPage, {150, 2160, 7260, 1140}, 47),
+    Row(Kind::kLabel, "info.monitoring.monitoring-speed", kPage, {150, 3420, 2640, 270}, 48),
+    Row(Kind::kOption, "info.monitoring.fast", kPage, {2880, 3390, 1200, 330}, 49),
+    Row(Kind::kOption, "info.monitoring.normal", kPage, {4170, 3390, 1500, 330}, 50),
+    Row(Kind::kOption, "info.monitoring.slow", kPage, {5760, 3390, 1650, 330}, 57).Chosen(),
+    Row(Kind::kButton, "info.monitoring.rec", kPage, {4170, 3765, 1575, 405}, 58),
+    Row(Kind::kButton, "info.monitoring.stop", kPage, {5835, 3765, 1575, 405}, 59).Disabled(),
 };
 
 }  // namespace

@@ -33,7 +33,7 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kLabel, "monitoring.free-memory-progress", kWindow, {150, 2640, 10050, 270}, 189),
     Row(Kind::kGraph, "monitoring.memory", kWindow, {150, 2940, 10050, 2100}, 189),
     // The numbers of the first and the last sample that are drawn.
-    Row(Kind::kLabel, "monitoring.first-sample", kWindow, {150, 5070, 1200, 270}, kFilledText),
+    Row(Kind::kLabel, "monitoring.first-sample", kWindow, {150, 5070, 750, 270}, kFilledText),
     Row(Kind::kLabel, "monitoring.last-sample", kWindow, {9450, 5070, 750, 270}, kFilledText),
     Row(Kind::kLabel, "monitoring.note", kWindow, {150, 5415, 10050, 270}, kFilledText),
     Row(Kind::kButton, "monitoring.save-recording", kWindow, {150, 5805, 3450, 435}, 264),
@@ -75,6 +75,7 @@ class MonitoringWindow : public WindowPart {
   std::optional<Recording> Read() const;
   void DrawPage();
   void DrawSegments(const Recording& recording);
+  void ShowAxis(const std::string& first, const std::string& last, int end);
   void DrawSegment(int x, const Sample& from, const Sample& to, bool two_processors);
   void ShowNote(const Recording& recording, const std::string& saved);
   void Save();
@@ -137,8 +138,7 @@ void MonitoringWindow::DrawSegments(const Recording& recording) {
   const Sample* former = nullptr;
   std::size_t first = 0;
   int x = 0;
-  first_.SetCaption("");
-  last_.SetCaption("");
+  ShowAxis("", "", 0);
   while (drawn_ < recording.samples.size() && x < kPageEnd) {
     const std::optional<Sample>& sample = recording.samples[drawn_++];
     if (!sample) continue;
@@ -147,11 +147,22 @@ void MonitoringWindow::DrawSegments(const Recording& recording) {
     } else {
       DrawSegment(x, *former, *sample, recording.two_processors);
       x += kSegment;
-      first_.SetCaption(std::to_string(first));
-      last_.SetCaption(std::to_string(drawn_));
+      ShowAxis(std::to_string(first), std::to_string(drawn_), x);
     }
     former = &*sample;
   }
+}
+
+/// Puts the last sample's number where the line ends, but for the room that both numbers need.
+void MonitoringWindow::ShowAxis(const std::string& first, const std::string& last, int end) {
+  first_.SetCaption(first);
+  last_.SetCaption(last);
+  controls::Rect place = last_.Bounds();
+  const int left = first_.Bounds().left;
+  const int right = left + cpu_.Bounds().width;
+  place.left =
+      std::clamp(left + end - place.width / 2, left + first_.Bounds().width, right - place.width);
+  last_.SetBounds(place);
 }
 
 void MonitoringWindow::DrawSegment(int x, const Sample& from, const Sample& to,

@@ -7,9 +7,12 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -165,6 +168,28 @@ TEST_F(FaceTest, AMenuItemLeadsToItsPage) {
   EXPECT_TRUE(running.Widget<QWidget>("direct3d.misc").isVisible());
 }
 
+TEST_F(FaceTest, WhatTheProcessorsDoIsDrawnAndRecordedInRealTime) {
+  RunningProgram running(NewStore(), folder_.path());
+  running.TheProgram().GoToPage(14);
+  QTest::mouseClick(&running.Widget<QRadioButton>("info.monitoring.fast"), Qt::LeftButton, {},
+                    QPoint(10, 10));
+  QTest::mouseClick(&running.Widget<QPushButton>("info.monitoring.rec"), Qt::LeftButton);
+  EXPECT_EQ(running.State("Recording"), 1);
+  auto& graph = running.TheProgram().Main().Get<controls::Graph>("info.monitoring.cpu-graph");
+  EXPECT_TRUE(QTest::qWaitFor([&graph] { return graph.Shapes().size() >= 3; }));
+  // The line of a load of 37 percent on the third sample, 180 twips from the left.
+  auto& widget = running.Widget<QWidget>("info.monitoring.cpu-graph");
+  EXPECT_EQ(widget.grab().toImage().pixelColor(12, widget.height() - 20), QColor(0, 255, 0));
+  QTest::mouseClick(&running.Widget<QPushButton>("info.monitoring.stop"), Qt::LeftButton);
+  QWidget* window = running.ViewOf("monitoring");
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->isModal());
+  EXPECT_TRUE(QFile::exists(folder_.filePath("sm.dat")));
+  window->close();
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_FALSE(QFile::exists(folder_.filePath("sm.dat")));
+}
+
 TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
   RunningProgram running(NewStore());
   for (int page = 0; page < forms::PageCount(); ++page) {
@@ -174,7 +199,10 @@ TEST_F(FaceTest, TabReachesEverythingThatCanBeUsedOnEachPage) {
       const QWidget* widget = running.Window().WidgetOf(*control);
       const auto* label = dynamic_cast<controls::Label*>(control.get());
       const bool is_text = label != nullptr && label->Role() != controls::LabelRole::kLink;
-      const bool takes_use = !is_text && dynamic_cast<controls::Frame*>(control.get()) == nullptr &&
+      const bool is_drawn_on = dynamic_cast<controls::Graph*>(control.get()) != nullptr ||
+                               dynamic_cast<controls::Bar*>(control.get()) != nullptr;
+      const bool takes_use = !is_text && !is_drawn_on &&
+                             dynamic_cast<controls::Frame*>(control.get()) == nullptr &&
                              dynamic_cast<controls::Window*>(control.get()) == nullptr;
       const bool is_picture = dynamic_cast<controls::PictureBox*>(control.get()) != nullptr;
       if (widget == nullptr || !takes_use || !control->Usable()) continue;
