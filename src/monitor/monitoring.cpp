@@ -1,7 +1,7 @@
 #include "monitor/monitoring.h"
 
 #include "lang/texts.h"
-#include "monitor/height.h"
+#include "monitor/chart.h"
 #include "monitor/recording.h"
 
 namespace kestrune::monitor {
@@ -20,10 +20,6 @@ constexpr int kSlowest = 1000;
 constexpr int kPercent = 10;  // twips for one, in bars and graphs
 constexpr int kStep = 60;     // twips from sample to sample
 constexpr int kLineWidth = 30;
-
-constexpr const char* kFirstColour = "#00ff00";
-constexpr const char* kSecondColour = "#ff0000";
-constexpr const char* kMemoryColour = "#0000ff";
 
 /// What can't be used while samples are recorded.
 constexpr std::string_view kStartsOrPaces[] = {"info.monitoring.rec", "info.monitoring.fast",

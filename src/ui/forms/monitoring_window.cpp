@@ -6,7 +6,7 @@
 #include "core/options.h"
 #include "core/outcome.h"
 #include "lang/texts.h"
-#include "monitor/height.h"
+#include "monitor/chart.h"
 #include "monitor/recording.h"
 #include "platform/case_fold.h"
 #include "ui/forms/shared.h"
@@ -43,9 +43,6 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kButton, "monitoring.close", kWindow, {7950, 5805, 2250, 435}, 204),
 };
 
-constexpr const char* kFirstColour = "#00ff00";
-constexpr const char* kSecondColour = "#ff0000";
-constexpr const char* kMemoryColour = "#0000ff";
 constexpr int kThin = 15;
 constexpr int kThick = 30;
 
@@ -167,9 +164,9 @@ void MonitoringWindow::ShowAxis(const std::string& first, const std::string& las
 
 void MonitoringWindow::DrawSegment(int x, const Sample& from, const Sample& to,
                                    bool two_processors) {
-  cpu_.Draw(Segment(x, from.cpu1, to.cpu1, kFirstColour, kThin));
-  if (two_processors) cpu_.Draw(Segment(x, from.cpu2, to.cpu2, kSecondColour, kThin));
-  memory_.Draw(Segment(x, from.free_percent, to.free_percent, kMemoryColour, kThick));
+  cpu_.Draw(Segment(x, from.cpu1, to.cpu1, monitor::kFirstColour, kThin));
+  if (two_processors) cpu_.Draw(Segment(x, from.cpu2, to.cpu2, monitor::kSecondColour, kThin));
+  memory_.Draw(Segment(x, from.free_percent, to.free_percent, monitor::kMemoryColour, kThick));
 }
 
 void MonitoringWindow::ShowNote(const Recording& recording, const std::string& saved) {

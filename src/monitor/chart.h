@@ -6,6 +6,11 @@
 
 namespace kestrune::monitor {
 
+/// The colours of the lines of both processors and of the memory.
+inline constexpr const char* kFirstColour = "#00ff00";
+inline constexpr const char* kSecondColour = "#ff0000";
+inline constexpr const char* kMemoryColour = "#0000ff";
+
 /// Where a percentage stands above a chart's ground, in twips from the chart's upper edge: also
 /// outside of the chart, as far as there are numbers for it.
 constexpr int HeightOf(int percent, int ground, int twips_a_percent) {
