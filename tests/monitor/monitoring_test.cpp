@@ -157,7 +157,7 @@ TEST(MonitoringTest, AGraphThatIsNoMultipleOfAStepIsFullOnceItWasPassed) {
   Monitored page;
   auto& graph = page.controls.Get<Graph>("info.monitoring.cpu-graph");
   graph.SetBounds({0, 0, 10000, 1500});
-  page.timers.Advance(166 * 1000);
+  page.timers.Advance(166000);
   EXPECT_EQ(graph.Shapes().size(), 166u);
   page.Tick();
   EXPECT_EQ(graph.Shapes().size(), 0u);
