@@ -50,7 +50,8 @@ constexpr ControlRow kToolbar[] = {
     Row(Kind::kKey, "main.basicdx", "main.info", kItem, 26).Does(kShowOwnPage),
     Row(Kind::kKey, "main.sys", "main.info", kItem, 27).Does(kShowOwnPage),
     Row(Kind::kKey, "main.proc", "main.info", kItem, 254).Does(kShowOwnPage),
-    Row(Kind::kKey, "main.pw", "main", {5235, 60, 2100, 735}, 207).Does(kNothing).Disabled(),
+    Row(Kind::kKey, "main.pw", "main", {5235, 60, 2100, 735}, 207)
+        .Does(kOpenWindow, "performance-wizard"),
     Row(Kind::kKey, "main.qorv", "main", {7335, 60, 750, 735})
         .Design("Web")
         .Does(kOpenDocument, core::kDocumentation),

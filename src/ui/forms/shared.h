@@ -17,6 +17,7 @@
 namespace kestrune::forms {
 
 class Windows;
+struct PageGroups;
 
 /// What the parts of one program share. The program owns all of it and it outlives the parts; it
 /// holds no state of its own.
@@ -35,6 +36,7 @@ struct Shared {
   const settings::Hardware& hardware;
   clocks::Clocks& clocks;
   profiles::Profiles& profiles;
+  PageGroups& pages;  ///< made after this; there for whatever is made after the pages
 
   const lang::LangTable& LangText() const { return language.LangText; }
 };

@@ -6,6 +6,7 @@
 #include "ui/forms/intro_window.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/monitoring_window.h"
+#include "ui/forms/performance_wizard.h"
 #include "ui/forms/profile_manager.h"
 #include "ui/forms/registry_editor.h"
 
@@ -16,7 +17,7 @@ namespace {
 constexpr const WindowRow* kRows[] = {&kHelpWindow,     &kRegistryEditor,
                                       &kProfileManager, &kAssociatedApplication,
                                       &kAboutWindow,    &kIntroWindow,
-                                      &kMonitoringWindow};
+                                      &kMonitoringWindow, &kPerformanceWizard};
 
 void Append(std::vector<ControlRow>& rows, const WindowRow& window) {
   rows.push_back(window.window);
