@@ -51,6 +51,7 @@ constexpr Layer kLayers[] = {
     {"cli", {"ui/forms"}},
     {"tools/pictures"},
     {"tools/databases", {"regedit"}},
+    {"tools/tuning", {"wizard"}},
     {"tools/screenshots", {"ui/qt"}},
 };
 
