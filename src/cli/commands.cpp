@@ -7,6 +7,7 @@
 #include "cli/program_commands.h"
 #include "cli/registry_commands.h"
 #include "cli/step_commands.h"
+#include "cli/wizard_commands.h"
 
 namespace kestrune::cli {
 
@@ -68,6 +69,8 @@ constexpr Command kCommands[] = {
     {"profile check", "Print what is wrong with a speed profile, or with all", "[FILE]",
      CheckProfiles},
     {"profile diff", "Print what applying a speed profile would change", "FILE", DiffProfile},
+    {"wizard", "Optimize with the performance wizard and print what it sets",
+     "[--fine=AA,TF] ENTRY QUALITY", RunWizard, CheckWizardWords},
     {"check", "Print what is wrong with speed profiles and databases", "[FILE...]", CheckFiles},
     {"machine", "Print the machine descriptions, or one of them", "[NAME]", Machines, nullptr,
      &MachineSource::HasDescriptions},

@@ -102,6 +102,7 @@ class Photographer {
     TakeProfileManager();
     TakeAbout();
     TakeMonitoring();
+    TakeWizard();
     return all_saved_;
   }
 
@@ -261,6 +262,23 @@ class Photographer {
       bytes += i == 60 ? "?\r\n?\r\n?\r\n" : format.sample(sample, i, true);
     }
     return bytes;
+  }
+
+  void TakeWizard() {
+    controls::ToolKey& key = program_.Main().Get<controls::ToolKey>("main.pw");
+    Act(key, [&key] { key.Click(); });
+    QCoreApplication::processEvents();
+    const forms::Form& form = program_.FormOf("performance-wizard");
+    SaveWithTree(*face_.ViewOf(form), "performance-wizard");
+    auto& fine = form.Get<controls::CheckBox>("performance-wizard.fine-adjust");
+    Act(fine, [&fine] { (void)fine.Use(1); });
+    auto& quality = form.Get<controls::Slider>("performance-wizard.quality");
+    Act(quality, [&quality] { (void)quality.Use(8); });
+    controls::Button& optimize = form.Get<controls::Button>("performance-wizard.optimize");
+    Act(optimize, [&optimize] { optimize.Click(); });
+    QCoreApplication::processEvents();
+    SaveWithTree(*face_.ViewOf(form), "performance-wizard-optimized");
+    form.TheWindow().UseClose();
   }
 
   void TakeOverclocking() {
