@@ -1,4 +1,4 @@
-// Language files and card tables of any content are taken. The first byte chooses the card.
+// Language files, card tables and the wizard's files of any content are taken. The first byte chooses the card.
 #include <memory>
 
 #include "detect/card_data.h"
@@ -8,6 +8,7 @@
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
 #include "platform/windowless_dialog.h"
+#include "wizard/tuning.h"
 
 using namespace kestrune;
 
@@ -49,5 +50,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   adapter.DeviceId = data[0] % 2 == 0 ? "0041" : "00F1";
   detect::CardData cards(files, adapter);
   for (const char* table : {"mt", "ps", "vs", "af", "aa"}) cards.GetCardData(table, data[0] > 127);
+  wizard::Factors factors;
+  wizard::ReadIndex(files);
+  wizard::ReadFactors(files, wizard::kDefaultEntry, adapter.DeviceId, factors);
+  wizard::Optimize({9, 4, 0, true}, 0, factors);
+  wizard::Optimize({0, 0, 4, true}, 7, factors);
   return 0;
 }

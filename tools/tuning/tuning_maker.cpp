@@ -68,22 +68,22 @@ constexpr Card kCards[] = {
     {"25", 128, 513, 4, 250},                      // GeForce4 Ti 4200
     {"28", 128, 650, 4, 300},                      // GeForce4 Ti 4800
     {"29", 256, 1320, 24, 450},                    // GeForce 7900 GT
-    {"2A", 128, 400, 4, 233},
-    {"2E", 128, 1400, 12, 560},                   // GeForce 7600 GT
-    {"30", 128, 800, 4, 400},                     // GeForce FX 5800
-    {"31", 128, 550, 4, 325},                     // GeForce FX 5600
-    {"32", 128, 400, 4, 250},                     // GeForce FX 5200
-    {"33", 256, 850, 4, 400},                     // GeForce FX 5900
-    {"34", 128, 500, 4, 425},                     // GeForce FX 5700
-    {"38", 128, 800, 8, 450},                     // GeForce 7650 GS
-    {"39", 128, 1400, 12, 560},                   // GeForce 7600 GT
-    {"3D", 64, 667, 2, 425, Memory::kComputers},  // built-in GeForce 6150 SE
-    {"40", 128, 1400, 16, 540},                   // GeForce 8600 GT
-    {"42", 128, 800, 8, 450},                     // GeForce 8500 GT
-    {"53", 64, 667, 2, 425, Memory::kComputers},  // built-in GeForce 7050 PV
-    {"60", 256, 1940, 64, 650},                   // GeForce 8800 GTS 512
-    {"61", 256, 1800, 56, 600},                   // GeForce 8800 GT
-    {"7E", 64, 800, 2, 600, Memory::kComputers},  // built-in GeForce 7150
+    {"2A", 128, 400, 4, 233},                      // a console's chip
+    {"2E", 128, 1400, 12, 560},                    // GeForce 7600 GT
+    {"30", 128, 800, 4, 400},                      // GeForce FX 5800
+    {"31", 128, 550, 4, 325},                      // GeForce FX 5600
+    {"32", 128, 400, 4, 250},                      // GeForce FX 5200
+    {"33", 256, 850, 4, 400},                      // GeForce FX 5900
+    {"34", 128, 500, 4, 425},                      // GeForce FX 5700
+    {"38", 128, 800, 8, 450},                      // GeForce 7650 GS
+    {"39", 128, 1400, 12, 560},                    // GeForce 7600 GT
+    {"3D", 64, 667, 2, 425, Memory::kComputers},   // built-in GeForce 6150 SE
+    {"40", 128, 1400, 16, 540},                    // GeForce 8600 GT
+    {"42", 128, 800, 8, 450},                      // GeForce 8500 GT
+    {"53", 64, 667, 2, 425, Memory::kComputers},   // built-in GeForce 7050 PV
+    {"60", 256, 1940, 64, 650},                    // GeForce 8800 GTS 512
+    {"61", 256, 1800, 56, 600},                    // GeForce 8800 GT
+    {"7E", 64, 800, 2, 600, Memory::kComputers},   // built-in GeForce 7150
 };
 
 /// A kind of game, and what it has more or less than the card by itself.
