@@ -1,4 +1,5 @@
-// Language files, card tables and the wizard's files of any content are taken. The first byte chooses the card.
+// Language files, card tables and the wizard's files of any content are taken. The first byte
+// chooses the card.
 #include <memory>
 
 #include "detect/card_data.h"
