@@ -6,6 +6,7 @@
 
 #include "core/number.h"
 #include "lang/texts.h"
+#include "platform/case_fold.h"
 #include "platform/clock_word.h"
 #include "platform/driver_keys.h"
 
@@ -49,12 +50,6 @@ std::string_view BelowRoot(std::string_view driver_key) {
   return at == std::string_view::npos ? driver_key : driver_key.substr(at + 1);
 }
 
-std::string Upper(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-  return text;
-}
-
 std::int16_t HexNumber(std::string_view digits) {
   std::uint16_t number = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
@@ -67,6 +62,13 @@ bool AdapterState::IsOneOf(std::span<const std::string_view> prefixes,
                            std::span<const std::string_view> ids) const {
   return std::find(prefixes.begin(), prefixes.end(), DeviceIdPrefix) != prefixes.end() ||
          std::find(ids.begin(), ids.end(), DeviceId) != ids.end();
+}
+
+AdapterState AdapterState::InCapitals() const {
+  AdapterState card = *this;
+  card.DeviceId = platform::FoldCase(DeviceId);
+  card.DeviceIdPrefix = platform::FoldCase(DeviceIdPrefix);
+  return card;
 }
 
 void Adapter::FindVideoKey() {
@@ -122,9 +124,7 @@ void Adapter::ReadCardName() {
 }
 
 void Adapter::IdentifyGpu() {
-  AdapterState card;
-  card.DeviceId = Upper(state.DeviceId);
-  card.DeviceIdPrefix = card.DeviceId.substr(0, kPrefixLength);
+  const AdapterState card = state.InCapitals();
   if (card.IsOneOf(kTwoPairPrefixes, kTwoPairIds)) {
     state.CardVar = 1;
   } else {

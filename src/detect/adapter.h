@@ -37,6 +37,8 @@ struct AdapterState {
   /// Whether DeviceIdPrefix is one of these, or DeviceId is.
   bool IsOneOf(std::span<const std::string_view> prefixes,
                std::span<const std::string_view> ids = {}) const;
+  /// The same card with its identifiers in capitals, as tables and people have them.
+  AdapterState InCapitals() const;
 };
 
 /// Finds the NVIDIA display adapter, its driver's key and its processor family.

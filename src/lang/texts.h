@@ -39,10 +39,17 @@ inline constexpr int kNotOnThisSystem = 280;
 
 // The beginnings of the information lines.
 inline constexpr int kVgaDevice = 101;
+inline constexpr int kGpuId = 102;
+inline constexpr int kGpuRevision = 103;
 inline constexpr int kDriverVersion = 104;
+inline constexpr int kProcessor = 105;
+inline constexpr int kProcessorVendor = 106;
+inline constexpr int kProcessorSpeed = 107;
+inline constexpr int kMemory = 108;
 inline constexpr int kOsVersion = 109;
 inline constexpr int kDirectXVersion = 110;
 inline constexpr int kFreeMemory = 111;  ///< behind the amount
+inline constexpr int kPciExpress = 113;  ///< behind the identifier of a graphics processor
 inline constexpr int kProgramVersion = 246;
 inline constexpr int kLastUpdate = 247;
 

@@ -20,6 +20,7 @@ TEST(StartUpTest, TakesItsStepsInOrder) {
   machine.Store(R"(HKLM\Software\Microsoft\Windows NT\CurrentVersion)", "A", "REG_SZ a");
   machine.Store(R"(HKLM\Software\Microsoft\DirectX)", "A", "REG_SZ a");
   machine.Store(R"(HKLM\HARDWARE\DEVICEMAP\VIDEO)", "A", "REG_SZ a");
+  machine.Store(R"(HKLM\HARDWARE\DESCRIPTION\System\CentralProcessor\0)", "A", "REG_SZ a");
   machine.Store(machine.DriverKey(), "A", "REG_SZ a");
   machine.Store(test::kTweakKey, "A", "REG_SZ a");
   const Driven driven(machine);
@@ -35,6 +36,7 @@ TEST(StartUpTest, TakesItsStepsInOrder) {
                          "device 0",
                          "device 1",
                          "read Device Description",
+                         "read VendorIdentifier",
                          "events",
                          R"(file \DATA\mt.dat)",
                          R"(file \DATA\af.dat)",

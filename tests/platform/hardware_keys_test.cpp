@@ -61,6 +61,7 @@ TEST(HardwareKeysTest, ProcessorsCanBeReadAndNotWritten) {
   processor.count = 2;
   processor.mhz = 2400;
   processor.vendor = "GenuineIntel";
+  processor.names = {"P4"};
   HardwareKeys registry(behind, [&] { return processor; });
 
   struct Case {
@@ -101,6 +102,8 @@ TEST(HardwareKeysTest, ProcessorsCanBeReadAndNotWritten) {
   EXPECT_EQ(registry.QueryValue(key, "VendorIdentifier", type, size, {}), RegStatus::kSuccess);
   EXPECT_EQ(size, sizeof("GenuineIntel"));
   EXPECT_EQ(registry.QueryValue(key, "Identifier", type, size, {}), RegStatus::kNotFound);
+  EXPECT_EQ(registry.QueryValue(key, "ProcessorNameString", type, size, {}), RegStatus::kSuccess);
+  EXPECT_EQ(size, 1u) << "only the first is named";
   EXPECT_EQ(registry.SetValue(key, "~MHz", RegType::kDword, {}), RegStatus::kAccessDenied);
   EXPECT_EQ(registry.DeleteValue(key, "~MHz"), RegStatus::kAccessDenied);
   const std::string processors = "HARDWARE\\DESCRIPTION\\System\\CentralProcessor";

@@ -81,7 +81,7 @@ TEST(MachineDescriptionTest, EveryKeyArrives) {
   EXPECT_EQ(m.memory.total, 5368709120);
   EXPECT_EQ(m.memory.available, 0);
   EXPECT_EQ(*m.processor.count + *m.processor.type + *m.processor.mhz, 2 + 586 + 2400);
-  EXPECT_EQ(*m.processor.name + *m.processor.identifier + *m.processor.vendor, "PIV");
+  EXPECT_EQ(m.processor.names->back() + *m.processor.identifier + *m.processor.vendor, "PIV");
   EXPECT_EQ(m.processor.load, (std::vector<int>{37, 42}));
 }
 
@@ -155,6 +155,21 @@ TEST(MachineDescriptionTest, NoFileIsTooDeepToBeReadOrRefused) {
   EXPECT_NE(fault(repeated("[", 300000)), "");
 }
 
+TEST(MachineDescriptionTest, ATableThatIsThereLacksNothing) {
+  const auto loaded = ParseMachineDescription(
+      "[processor]\ncount = 2\nname = \"P\"\n[memory]\ntotal = 5\n", "m");
+  ASSERT_TRUE(loaded.Ok());
+  const MachineDescription& m = loaded.Value().description;
+  EXPECT_EQ(m.processor.names, (std::vector<std::string>{"P", "P"}));
+  EXPECT_EQ(m.processor.mhz, 0);
+  EXPECT_EQ(m.processor.vendor, "");
+  EXPECT_EQ(m.memory.available, 0);
+  const auto named = ParseMachineDescription("[processor]\nname = [\"P\", \"Q\"]\n", "m");
+  EXPECT_EQ(named.Value().description.processor.names, (std::vector<std::string>{"P", "Q"}));
+  const MachineDescription bare = ParseMachineDescription("", "m").Value().description;
+  EXPECT_FALSE(bare.processor.count || bare.processor.names || bare.memory.total);
+}
+
 TEST(MachineDescriptionTest, UnknownKeysAreWarningsWithTheirLine) {
   const auto loaded = ParseMachineDescription("nam = 1\n[os]\nmajor = 6\nmayor = 7\n[cpu]\n", "m");
   ASSERT_TRUE(loaded.Ok());
@@ -196,7 +211,7 @@ TEST(HostTest, ProcessorsAndDisplayDevicesAreReadFromTheSystemsOwnFiles) {
   const DescribedProcessor processor = Completed(described, ReadProcessors(kCpuInfo));
   EXPECT_EQ(processor.count, 2);
   EXPECT_EQ(processor.mhz, 100);
-  EXPECT_EQ(processor.name, "Intel(R) P4");
+  EXPECT_EQ(processor.names, (std::vector<std::string>{"Intel(R) P4", "other"}));
   EXPECT_EQ(processor.identifier, "x86 Family 15 Model 2 Stepping 7");
 
   TempFolder folder;

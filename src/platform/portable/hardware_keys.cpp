@@ -1,9 +1,11 @@
 #include "platform/portable/hardware_keys.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/case_fold.h"
 #include "platform/dword.h"
+#include "platform/parse_number.h"
 #include "platform/reg_text.h"
 #include "platform/value_text.h"
 
@@ -132,8 +134,9 @@ bool HardwareKeys::IsHeld(RegHandle key) {
 
 std::vector<StoredValue> HardwareKeys::OwnValues(RegHandle key) {
   const KeyAddress& address = Opened(key)->address;
-  return PlaceOf(address.root, address.path) == Place::kProcessor ? values_
-                                                                  : std::vector<StoredValue>();
+  if (PlaceOf(address.root, address.path) != Place::kProcessor) return {};
+  const std::string_view path = WithoutLastBackslash(address.path);
+  return processors_[*ParseWhole<std::size_t>(path.substr(path.rfind('\\') + 1))];
 }
 
 /// The names below a key that no registry behind needs to have.
@@ -143,7 +146,7 @@ std::vector<std::string> HardwareKeys::OwnKeys(const KeyAddress& address) {
   std::vector<std::string> numbers;
   if (place != Place::kProcessors) return numbers;
   LoadValues();
-  for (int i = 0; i < *count_; ++i) numbers.push_back(std::to_string(i));
+  for (std::size_t i = 0; i < processors_.size(); ++i) numbers.push_back(std::to_string(i));
   return numbers;
 }
 
@@ -159,20 +162,28 @@ HardwareKeys::Place HardwareKeys::PlaceOf(RegRoot root, std::string_view path) {
   if (!IsWithin(kProcessors, folded)) return Place::kElsewhere;
   LoadValues();
   const std::string_view number = folded.substr(kProcessors.size() + 1);
-  for (int i = 0; i < *count_; ++i) {
+  for (std::size_t i = 0; i < processors_.size(); ++i) {
     if (number == std::to_string(i)) return Place::kProcessor;
   }
   return Place::kNowhere;
 }
 
 void HardwareKeys::LoadValues() {
-  if (count_) return;
-  const DescribedProcessor processor = ask_processor_();
-  count_ = processor.count.value_or(1);
-  if (processor.identifier) values_.push_back(Text("Identifier", *processor.identifier));
-  if (processor.name) values_.push_back(Text("ProcessorNameString", *processor.name));
-  if (processor.vendor) values_.push_back(Text("VendorIdentifier", *processor.vendor));
-  if (processor.mhz) values_.push_back(Dword("~MHz", *processor.mhz));
+  if (!ask_processor_) return;
+  const DescribedProcessor processor = std::exchange(ask_processor_, nullptr)();
+  if (!processor.count) return;
+  // One that is described is there, whatever is said of their number.
+  const auto count = static_cast<std::size_t>(std::max(*processor.count, 1));
+  for (std::size_t i = 0; i < count; ++i) {
+    std::vector<StoredValue>& values = processors_.emplace_back();
+    if (processor.identifier) values.push_back(Text("Identifier", *processor.identifier));
+    if (processor.names) {
+      const bool is_named = i < processor.names->size();
+      values.push_back(Text("ProcessorNameString", is_named ? (*processor.names)[i] : ""));
+    }
+    if (processor.vendor) values.push_back(Text("VendorIdentifier", *processor.vendor));
+    if (processor.mhz) values.push_back(Dword("~MHz", *processor.mhz));
+  }
 }
 
 }  // namespace kestrune::platform::portable

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,9 +44,8 @@ class HardwareKeys : public RegistryWrapper {
   std::vector<std::string> OwnKeys(const KeyAddress& address);
   void LoadValues();
 
-  std::function<DescribedProcessor()> ask_processor_;
-  std::optional<int> count_;
-  std::vector<StoredValue> values_;  ///< of every processor alike, sorted by name
+  std::function<DescribedProcessor()> ask_processor_;  ///< null once it was asked
+  std::vector<std::vector<StoredValue>> processors_;  ///< the values of each, sorted by name
 };
 
 }  // namespace kestrune::platform::portable

@@ -113,6 +113,17 @@ class Table {
     if (const toml::node* node = Find(key)) Read(*node, key, target, range);
   }
 
+  /// A text stands for `count` names that are alike.
+  void TakeNames(std::string_view key, std::optional<std::vector<std::string>>& names, int count) {
+    const toml::node* node = Find(key);
+    if (node == nullptr) return;
+    if (const auto* text = node->as_string()) {
+      names.emplace(static_cast<std::size_t>(count), text->get());
+    } else {
+      Read(*node, key, names, {});
+    }
+  }
+
   template <class Reader>
   void TakeTable(std::string_view key, Reader read) {
     const toml::node* node = Find(key);
@@ -233,10 +244,18 @@ void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& 
   table.Take("key_revision", clocks.key_revision);
 }
 
+/// Nothing where a table that is there says nothing.
+template <class Value>
+void FillIn(std::optional<Value>& value) {
+  if (!value) value.emplace();
+}
+
 void TakeMemory(const toml::table& source, Findings& findings, DescribedMemory& memory) {
   Table table(source, findings);
   table.Take("total", memory.total, kMemoryBytes);
   table.Take("available", memory.available, kMemoryBytes);
+  FillIn(memory.total);
+  FillIn(memory.available);
 }
 
 void TakeProcessor(const toml::table& source, Findings& findings, DescribedProcessor& processor) {
@@ -244,10 +263,16 @@ void TakeProcessor(const toml::table& source, Findings& findings, DescribedProce
   table.Take("count", processor.count, kProcessorCount);
   table.Take("type", processor.type);
   table.Take("mhz", processor.mhz, kProcessorMhz);
-  table.Take("name", processor.name);
+  table.TakeNames("name", processor.names, processor.count.value_or(1));
   table.Take("identifier", processor.identifier);
   table.Take("vendor", processor.vendor);
   table.Take("load", processor.load, kLoadPercent);
+  FillIn(processor.count);
+  FillIn(processor.type);
+  FillIn(processor.mhz);
+  FillIn(processor.names);
+  FillIn(processor.identifier);
+  FillIn(processor.vendor);
 }
 
 void TakeMachine(const toml::table& source, Findings& findings, MachineDescription& machine) {

@@ -41,14 +41,15 @@ struct DescribedProcessor {
   std::optional<int> count;
   std::optional<int> type;  ///< such as 586
   std::optional<int> mhz;
-  std::optional<std::string> name;
+  std::optional<std::vector<std::string>> names;  ///< one a processor
   std::optional<std::string> identifier;
   std::optional<std::string> vendor;
   std::optional<std::vector<int>> load;  ///< percent, one a processor; absent: measured
 };
 
-/// What a machine's hardware and operating system would report. Where something is absent, the
-/// running machine answers for it.
+/// What a machine's hardware and operating system would report. A table that the file has is the
+/// whole truth: what it lacks is 0 or empty. Where a table is left out its members are absent, and
+/// the running machine answers for them.
 struct MachineDescription {
   std::string file;      ///< where it was read
   std::string title;     ///< for people

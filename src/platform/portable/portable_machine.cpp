@@ -15,8 +15,8 @@
 #include "platform/portable/shell.h"
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
-#include "platform/portable/unwritten_files.h"
 #include "platform/portable/system.h"
+#include "platform/portable/unwritten_files.h"
 #include "platform/portable/user_folders.h"
 #include "platform/portable/versions.h"
 #include "platform/portable/whole_file.h"
@@ -63,7 +63,7 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
 
 DescribedProcessor ProcessorOf(const MachineDescription& machine) {
   const DescribedProcessor& described = machine.processor;
-  const bool is_whole = described.count && described.mhz && described.name &&
+  const bool is_whole = described.count && described.mhz && described.names &&
                         described.identifier && described.vendor;
   if (is_whole) return described;
   const auto cpu_info = ReadWholeFile("/proc/cpuinfo");
@@ -78,10 +78,10 @@ class PortableMachine : public Machine {
         warnings_(std::move(loaded.warnings)),
         store_(std::move(store)),
         store_registry_(*store_),
-        registry_(store_registry_, [this] { return ProcessorOf(description_); }),
+        registry_(store_registry_, [this] { return Processor(); }),
         display_(description_),
         version_(description_),
-        system_(description_, [this] { return ProcessorOf(description_); }),
+        system_(description_, [this] { return Processor(); }),
         driver_(description_, *store_),
         shell_(dry_run),
         files_(places.program_folders, description_.code_page, description_.programs) {
@@ -101,7 +101,13 @@ class PortableMachine : public Machine {
   const std::vector<std::string>& Warnings() const override { return warnings_; }
 
  private:
+  const DescribedProcessor& Processor() {
+    if (!processor_) processor_ = ProcessorOf(description_);
+    return *processor_;
+  }
+
   MachineDescription description_;
+  std::optional<DescribedProcessor> processor_;  ///< found when first asked for
   std::vector<std::string> warnings_;
   std::unique_ptr<Store> store_;
   StoreRegistry store_registry_;

@@ -25,6 +25,7 @@ void Complete(std::optional<Value>& value, const std::optional<Value>& other) {
 
 DescribedProcessor ReadProcessors(std::string_view cpu_info) {
   std::map<std::string, std::string, std::less<>> first;  // what is said of the first processor
+  std::vector<std::string> names;
   int count = 0;
   while (!cpu_info.empty()) {
     const std::string_view line = cpu_info.substr(0, cpu_info.find('\n'));
@@ -33,6 +34,10 @@ DescribedProcessor ReadProcessors(std::string_view cpu_info) {
     if (colon == line.npos) continue;
     const std::string_view key = Trim(line.substr(0, colon));
     if (key == "processor") ++count;
+    if (key == "model name") {
+      names.resize(static_cast<std::size_t>(std::max(count, 1)));
+      names.back() = Trim(line.substr(colon + 1));
+    }
     if (count <= 1) first.emplace(key, Trim(line.substr(colon + 1)));
   }
   DescribedProcessor processor;
@@ -42,7 +47,7 @@ DescribedProcessor ReadProcessors(std::string_view cpu_info) {
     return found->second;
   };
   if (count > 0) processor.count = count;
-  processor.name = text("model name");
+  if (!names.empty()) processor.names = std::move(names);
   processor.vendor = text("vendor_id");
   if (const auto mhz = text("cpu MHz")) {
     const double value = std::strtod(mhz->c_str(), nullptr);
@@ -62,7 +67,7 @@ DescribedProcessor Completed(const DescribedProcessor& described, const Describe
   Complete(whole.count, other.count);
   Complete(whole.type, other.type);
   Complete(whole.mhz, other.mhz);
-  Complete(whole.name, other.name);
+  Complete(whole.names, other.names);
   Complete(whole.identifier, other.identifier);
   Complete(whole.vendor, other.vendor);
   return whole;

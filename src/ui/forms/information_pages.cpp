@@ -11,17 +11,23 @@ namespace {
 
 constexpr std::string_view kBasic = "info.basic";
 
-// The lines are filled by detection; one that it can't fill stays as designed.
+/// A line that detection fills; one that it can't fill stays as designed.
+constexpr ControlRow Line(int place, std::string_view id, std::string_view design) {
+  return Row(Kind::kLabel, id, kBasic, {210, 300 + 345 * place, 7200, 270}).Design(design);
+}
+
 constexpr ControlRow kBasicRows[] = {
-    Row(Kind::kLabel, "info.basic.vga-device", kBasic, {210, 480, 7200, 270}).Design("VGA Device:"),
-    Row(Kind::kLabel, "info.basic.display-driver-version", kBasic, {210, 870, 7200, 270})
-        .Design("Display driver version:"),
-    Row(Kind::kLabel, "info.basic.os-version", kBasic, {210, 1260, 7200, 270})
-        .Design("OS version:"),
-    Row(Kind::kLabel, "info.basic.directx-version", kBasic, {210, 1650, 7200, 270})
-        .Design("DirectX version:"),
-    Row(Kind::kLabel, "info.basic.kestrune-se-version", kBasic, {210, 2040, 7200, 270})
-        .Design("Kestrune SE version:"),
+    Line(0, "info.basic.vga-device", "VGA Device:"),
+    Line(1, "info.basic.gpu-id", "GPU ID:"),
+    Line(2, "info.basic.revision", "Revision:"),
+    Line(3, "info.basic.display-driver-version", "Display driver version:"),
+    Line(4, "info.basic.cpu", "CPU:"),
+    Line(5, "info.basic.identifier", "Identifier:"),
+    Line(6, "info.basic.real-cpu-speed", "Real CPU speed:"),
+    Line(7, "info.basic.total-physics-memory", "Total physics memory:"),
+    Line(8, "info.basic.os-version", "OS version:"),
+    Line(9, "info.basic.directx-version", "DirectX version:"),
+    Line(10, "info.basic.kestrune-se-version", "Kestrune SE version:"),
 };
 
 }  // namespace

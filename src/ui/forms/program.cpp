@@ -4,6 +4,7 @@
 
 #include "core/options.h"
 #include "core/outcome.h"
+#include "detect/system_information.h"
 #include "lang/texts.h"
 #include "profiles/associate.h"
 #include "ui/forms/lower_panel.h"
@@ -51,6 +52,8 @@ struct Program::Parts {
 
   detect::Versions versions{services.version, services.dialog, registry, LangText, controls};
   detect::Adapter adapter{services.display, registry, versions.state, LangText, controls};
+  detect::SystemInformation information{services.system, registry, adapter.state,
+                                        state,           LangText, controls};
   detect::CardData cards{services.files, adapter.state};
   const settings::Hardware hardware{versions.state, adapter.state, state};
   clocks::Clocks clocks{registry,      services.shell, services.dialog, versions.state,
@@ -139,6 +142,7 @@ void Program::Parts::DetectAdapter() {
   adapter.ReadCardName();
   adapter.IdentifyGpu();
   adapter.ReadGpuRevision();
+  information.FillSystemInfo();
 }
 
 void Program::Parts::FillSettings() {
