@@ -78,6 +78,7 @@ class FakeMachine : public platform::DisplayApi,
   platform::ProcessorInfo Processors() override { return processors; }
   platform::MemoryStatus Memory() override { return memory; }
   std::unique_ptr<platform::LoadCounters> OpenLoadCounters() override;
+  std::optional<std::vector<platform::ProcessRecord>> Processes() override { return processes; }
   std::optional<std::string> FileVersionText(std::string_view file_name) override;
   bool StartCommand(std::string_view command_line, platform::WindowState window) override;
   platform::Result<std::unique_ptr<platform::ChildProcess>, platform::StartFault> StartProgram(
@@ -99,6 +100,7 @@ class FakeMachine : public platform::DisplayApi,
   platform::ProcessorInfo processors{1, 586};
   platform::MemoryStatus memory{512 << 20, 128 << 20};
   platform::ProcessorLoads loads;  ///< what every collection gives
+  std::optional<std::vector<platform::ProcessRecord>> processes;
   std::string driver_version;    ///< empty: no such file
   std::string direct3d_version;  ///< empty: no such file
   platform::WindowState last_window = platform::WindowState::kNormal;

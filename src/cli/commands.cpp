@@ -44,6 +44,8 @@ constexpr Command kCommands[] = {
      "Print processor loads and free memory in real time, until interrupted: milliseconds, percent "
      "of each processor, percent and MB free",
      "[--interval=MS] [--count=N] [--record=FILE]", Monitor, CheckMonitorWords},
+    {"processes", "Print the running processes; with --json also what the page says of them", "",
+     Processes},
     {"clocks show", "Print the default and the current clocks, with --2d or --3d of that pair", "",
      ShowClocks},
     {"clocks set", "Set the clocks, in MHz, with --2d or --3d of that pair", "CORE MEMORY",

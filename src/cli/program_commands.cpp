@@ -1,10 +1,26 @@
 #include "cli/program_commands.h"
 
 #include "cli/control_text.h"
+#include "cli/script.h"
 #include "platform/plain_text.h"
 #include "ui/forms/main_form.h"
 
 namespace kestrune::cli {
+
+namespace {
+
+/// A number of a process, by its name in a document.
+struct NumberRow {
+  const char* name;
+  int platform::ProcessRecord::*number;
+};
+
+constexpr NumberRow kProcessNumbers[] = {{"id", &platform::ProcessRecord::id},
+                                         {"parent", &platform::ProcessRecord::parent},
+                                         {"threads", &platform::ProcessRecord::threads},
+                                         {"priority", &platform::ProcessRecord::priority}};
+
+}  // namespace
 
 Status Pages(Run& run, forms::Program& program) {
   run.out.BeginList();
@@ -33,6 +49,26 @@ Status Languages(Run& run, forms::Program& program) {
   run.out.BeginList();
   for (const std::string& name : program.Languages()) {
     run.out.Item({{"name", name}});
+    run.out.Line(platform::PlainText(name));
+  }
+  return Status::kDone;
+}
+
+Status Processes(Run& run, forms::Program& program) {
+  Script script(program, run.out, run.streams, run.has_failed);
+  const Status status = script.Run({{.kind = Step::Kind::kPage, .id = "info.processes"},
+                                    {.kind = Step::Kind::kPress, .id = "info.processes.refresh"}});
+  if (status != Status::kDone) return status;
+  const auto& list = dynamic_cast<controls::ListBox&>(*program.Find("info.processes.processes"));
+  const std::vector<platform::ProcessRecord>& table = program.Processes();
+  run.out.BeginList();
+  for (std::size_t i = 0; i < list.Items().size(); ++i) {
+    const std::string& name = list.Items()[i];
+    Json item = {{"name", name}};
+    for (const NumberRow& row : kProcessNumbers) {
+      item[row.name] = i < table.size() ? Json(table[i].*row.number) : Json();
+    }
+    run.out.Item(std::move(item));
     run.out.Line(platform::PlainText(name));
   }
   return Status::kDone;

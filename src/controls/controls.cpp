@@ -135,8 +135,14 @@ bool ListBox::Choose(int position) {
   return true;
 }
 
-void ListBox::SetItems(std::vector<std::string> items) {
+void ListBox::Replace(std::vector<std::string> items, bool is_refreshed) {
   items_ = std::move(items);
+  ++edition_;
+  is_refreshed_ = is_refreshed;
+}
+
+void ListBox::SetItems(std::vector<std::string> items) {
+  Replace(std::move(items), false);
   position_ = -1;
   Notify();
 }
@@ -144,7 +150,7 @@ void ListBox::SetItems(std::vector<std::string> items) {
 void ListBox::RefreshItems(std::vector<std::string> items) {
   const std::string chosen = ValueText();
   const int old = position_;
-  items_ = std::move(items);
+  Replace(std::move(items), true);
   if (old >= 0 && !HasItem(items_, old, chosen)) position_ = PositionOf(items_, chosen);
   Notify();
 }

@@ -133,6 +133,10 @@ class ListBox : public Control {
   /// Replaces the lines; the chosen one stays chosen where there is one like it, at its place
   /// rather than elsewhere.
   void RefreshItems(std::vector<std::string> items);
+  /// How often the lines were replaced, so that whoever draws them knows without a look at each.
+  int Edition() const { return edition_; }
+  /// Whether the lines replaced earlier ones of the same list, so that its view stays in place.
+  bool IsRefreshed() const { return is_refreshed_; }
   /// Whether a line is a place that choosing it goes to, so that a keyboard first looks for it and
   /// chooses by Enter. Said before it is drawn.
   bool LeadsElsewhere() const { return leads_elsewhere_; }
@@ -144,7 +148,11 @@ class ListBox : public Control {
   std::function<void()> on_change;
 
  private:
+  void Replace(std::vector<std::string> items, bool is_refreshed);
+
   std::vector<std::string> items_;
+  int edition_ = 0;
+  bool is_refreshed_ = false;
   int position_ = -1;
   bool leads_elsewhere_ = false;
 };

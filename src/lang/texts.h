@@ -53,6 +53,13 @@ inline constexpr int kPciExpress = 113;  ///< behind the identifier of a graphic
 inline constexpr int kProgramVersion = 246;
 inline constexpr int kLastUpdate = 247;
 
+// The beginnings of what the page of processes says.
+inline constexpr int kProcessName = 257;
+inline constexpr int kProcessId = 258;
+inline constexpr int kParentProcess = 259;
+inline constexpr int kThreadCount = 260;
+inline constexpr int kTotalProcesses = 262;
+
 // What the registry editor says.
 inline constexpr int kRegistryEditor = 196;  ///< the database's name follows
 inline constexpr int kRegistryEditorEnd = 197;

@@ -17,26 +17,28 @@ bool IsControl(char32_t character) {
   return character < ' ' || (character >= 0x7F && character < 0xA0);
 }
 
-void AppendEscaped(std::string& text, char32_t control) {
+struct LetterRow {
+  char32_t control;
+  std::string_view escaped;
+};
+
+constexpr LetterRow kLetters[] = {{'\n', "\\n"}, {'\r', "\\r"}, {'\t', "\\t"}};
+
+void AppendEscaped(std::string& text, char32_t control, Escapes escapes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
-  switch (control) {
-    case '\n':
-      text += "\\n";
-      break;
-    case '\r':
-      text += "\\r";
-      break;
-    case '\t':
-      text += "\\t";
-      break;
-    default:
-      text.append("\\x").append(1, kDigits[control >> 4]).append(1, kDigits[control & 15]);
+  const auto* letter =
+      std::find_if(std::begin(kLetters), std::end(kLetters),
+                   [control](const LetterRow& row) { return row.control == control; });
+  if (escapes == Escapes::kLetters && letter != std::end(kLetters)) {
+    text += letter->escaped;
+  } else {
+    text.append("\\x").append(1, kDigits[control >> 4]).append(1, kDigits[control & 15]);
   }
 }
 
 }  // namespace
 
-std::string PlainText(std::string_view text) {
+std::string PlainText(std::string_view text, Escapes escapes) {
   const auto odd = std::find_if_not(text.begin(), text.end(), IsOrdinary);
   auto position = static_cast<std::size_t>(odd - text.begin());
   std::string plain(text.substr(0, position));
@@ -45,7 +47,7 @@ std::string PlainText(std::string_view text) {
     if (character == kNoCharacter) {
       AppendCharacter(plain, kReplacement);
     } else if (IsControl(character)) {
-      AppendEscaped(plain, character);
+      AppendEscaped(plain, character, escapes);
     } else {
       AppendCharacter(plain, character);
     }

@@ -5,8 +5,12 @@
 
 namespace kestrune::platform {
 
-/// Text that moves no cursor wherever it is printed: a control character as \n, \r, \t, or \xNN
-/// with its number; a byte that is no UTF-8 as U+FFFD.
-std::string PlainText(std::string_view text);
+/// How a control character is written: \n, \r and \t by their letters and others as \xNN with the
+/// number, or all of them by number.
+enum class Escapes { kLetters, kNumbersOnly };
+
+/// Text that moves no cursor wherever it is printed: control characters escaped, a byte that is no
+/// UTF-8 as U+FFFD.
+std::string PlainText(std::string_view text, Escapes escapes = Escapes::kLetters);
 
 }  // namespace kestrune::platform

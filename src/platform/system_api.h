@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace kestrune::platform {
 
@@ -32,6 +34,15 @@ class LoadCounters {
   virtual ProcessorLoads Collect() = 0;
 };
 
+/// One process of a snapshot.
+struct ProcessRecord {
+  std::string name;  ///< of its program's file, in one line
+  int id = 0;
+  int parent = 0;  ///< identifier
+  int threads = 0;
+  int priority = 0;  ///< base priority of its threads, such as 8
+};
+
 /// What the operating system says of the computer at this moment. A call that fails gives zeros.
 class SystemApi {
  public:
@@ -42,6 +53,9 @@ class SystemApi {
   /// Opens counters for many collections (PdhOpenQuery, PdhAddCounter). Never null; what can't be
   /// opened is never there.
   virtual std::unique_ptr<LoadCounters> OpenLoadCounters() = 0;
+  /// All processes of this moment, first that of number 0 (CreateToolhelp32Snapshot,
+  /// Process32First, Process32Next); nothing when it fails.
+  virtual std::optional<std::vector<ProcessRecord>> Processes() = 0;
 };
 
 }  // namespace kestrune::platform

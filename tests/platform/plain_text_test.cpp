@@ -27,6 +27,7 @@ TEST(PlainTextTest, NothingMovesTheCursor) {
        }) {
     EXPECT_EQ(PlainText(text), plain);
   }
+  EXPECT_EQ(PlainText("a\n\t\x1B", Escapes::kNumbersOnly), "a\\x0A\\x09\\x1B");
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include <toml++/toml.h>
 
 #include "platform/case_fold.h"
+#include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
@@ -40,6 +41,7 @@ constexpr Range kMemoryBytes{0, std::int64_t{1} << 50};
 constexpr Range kProcessorCount{1, 64};
 constexpr Range kProcessorMhz{0, 1000000};
 constexpr Range kLoadPercent{0, 100};
+constexpr Range kPriority{0, 31};
 constexpr Range kPlatform{1, 2};
 constexpr Range kVersionPart{0, 65535};
 constexpr Range kCodePage{0, 65535};
@@ -275,6 +277,17 @@ void TakeProcessor(const toml::table& source, Findings& findings, DescribedProce
   FillIn(processor.vendor);
 }
 
+void TakeProcess(const toml::table& source, Findings& findings, ProcessRecord& process) {
+  Table table(source, findings);
+  std::string name;
+  table.Take("name", name);
+  process.name = ProcessName(name);
+  table.Take("id", process.id);
+  table.Take("parent", process.parent);
+  table.Take("threads", process.threads);
+  table.Take("priority", process.priority, kPriority);
+}
+
 void TakeMachine(const toml::table& source, Findings& findings, MachineDescription& machine) {
   Table table(source, findings);
   table.Take("name", machine.title);
@@ -293,6 +306,10 @@ void TakeMachine(const toml::table& source, Findings& findings, MachineDescripti
   table.TakeTable("memory", [&](const auto& t) { TakeMemory(t, findings, machine.memory); });
   table.TakeTable("processor",
                   [&](const auto& t) { TakeProcessor(t, findings, machine.processor); });
+  table.TakeTables("process", [&](const auto& t) {
+    if (!machine.processes) machine.processes.emplace();
+    TakeProcess(t, findings, machine.processes->emplace_back());
+  });
 }
 
 std::vector<std::string> DescriptionFiles(const std::string& folder) {

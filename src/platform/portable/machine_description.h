@@ -11,6 +11,7 @@
 #include "platform/machine.h"
 #include "platform/portable/folder_listing.h"
 #include "platform/result.h"
+#include "platform/system_api.h"
 #include "platform/version_api.h"
 
 namespace kestrune::platform::portable {
@@ -64,6 +65,7 @@ struct MachineDescription {
   std::optional<DescribedClocks> clocks;  ///< absent: the stand-in never answers
   DescribedMemory memory;
   DescribedProcessor processor;
+  std::optional<std::vector<ProcessRecord>> processes;  ///< without that of number 0
 };
 
 struct LoadedDescription {

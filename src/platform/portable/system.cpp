@@ -4,6 +4,7 @@
 
 #include "platform/parse_number.h"
 #include "platform/portable/load_counters.h"
+#include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
@@ -46,6 +47,13 @@ MemoryStatus DescribedSystem::Memory() {
 std::unique_ptr<LoadCounters> DescribedSystem::OpenLoadCounters() {
   if (machine_.processor.load) return std::make_unique<DescribedLoad>(*machine_.processor.load);
   return std::make_unique<MeasuredLoad>();
+}
+
+std::optional<std::vector<ProcessRecord>> DescribedSystem::Processes() {
+  if (!machine_.processes) return ReadProcesses("/proc");
+  std::vector<ProcessRecord> records = {IdleProcess()};
+  records.insert(records.end(), machine_.processes->begin(), machine_.processes->end());
+  return records;
 }
 
 }  // namespace kestrune::platform::portable

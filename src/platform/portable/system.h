@@ -18,6 +18,7 @@ class DescribedSystem : public SystemApi {
   ProcessorInfo Processors() override;
   MemoryStatus Memory() override;
   std::unique_ptr<LoadCounters> OpenLoadCounters() override;
+  std::optional<std::vector<ProcessRecord>> Processes() override;
 
  private:
   const MachineDescription& machine_;

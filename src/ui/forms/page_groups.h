@@ -7,6 +7,7 @@
 #include "ui/forms/monitoring_page.h"
 #include "ui/forms/opengl_pages.h"
 #include "ui/forms/overclocking_page.h"
+#include "ui/forms/processes_page.h"
 
 namespace kestrune::forms {
 
@@ -20,7 +21,8 @@ struct PageGroups {
         control_panel(shared),
         overclocking(shared),
         information(shared),
-        monitoring(shared) {}
+        monitoring(shared),
+        processes(shared) {}
 
   DriverSettings driver;
   Direct3DPages direct3d;
@@ -29,6 +31,7 @@ struct PageGroups {
   OverclockingPage overclocking;
   InformationPages information;
   MonitoringPage monitoring;
+  ProcessesPage processes;
 };
 
 }  // namespace kestrune::forms

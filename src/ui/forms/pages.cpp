@@ -31,7 +31,7 @@ const PageRow kRows[] = {
     {"direct3d.shaders", 43, Group::kDirect3D, 5, "main.psvs", kShaderControls},
     {"opengl.compatibility", 44, Group::kOpenGL, 4, "main.oglcs", kOpenGLCompatibilityControls},
     {"info.monitoring", 45, Group::kInformation, 3, "main.sys", kMonitoringControls},
-    {"info.processes", 254, Group::kInformation, 4, "main.proc", {}},
+    {"info.processes", 254, Group::kInformation, 4, "main.proc", kProcessControls},
 };
 
 }  // namespace

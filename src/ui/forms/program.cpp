@@ -261,6 +261,10 @@ const std::vector<std::string>& Program::Languages() const {
 }
 const std::string& Program::MissingFile() const { return parts_->language.MissingFile; }
 
+const std::vector<platform::ProcessRecord>& Program::Processes() const {
+  return parts_->pages.processes.Table();
+}
+
 regedit::Database Program::DatabaseOf(regedit::Category category) const {
   return regedit::OpenDatabase(parts_->services.files, category, parts_->versions.state.DrvVer,
                                regedit::kMostEditorEntries);

@@ -70,6 +70,8 @@ class Program {
   const std::vector<std::string>& Languages() const;
   /// The chosen language's file, as a path with slashes, where it can't be read; else empty.
   const std::string& MissingFile() const;
+  /// The processes behind the first lines of the list of processes, in their order.
+  const std::vector<platform::ProcessRecord>& Processes() const;
   /// What the registry editor lists of a category for the driver.
   regedit::Database DatabaseOf(regedit::Category category) const;
 

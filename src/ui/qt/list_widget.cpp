@@ -1,5 +1,6 @@
 #include "ui/qt/list_widget.h"
 
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include "ui/face/context.h"
@@ -24,11 +25,11 @@ ListWidget::ListWidget(controls::ListBox& control, face::Context& context, QWidg
 }
 
 void ListWidget::SelectionChanged() {
-  const QList<QListWidgetItem*> selected = selectedItems();
+  const QModelIndexList selected = selectedIndexes();
   if (selected.isEmpty()) {
     Redraw();
   } else {
-    Choose(row(selected.first()));
+    Choose(selected.first().row());
   }
 }
 
@@ -38,14 +39,20 @@ void ListWidget::Choose(int row) {
 }
 
 void ListWidget::RedrawItems() {
+  if (edition_ == control_.Edition()) return;
+  edition_ = control_.Edition();
   const std::vector<std::string>& items = control_.Items();
   QStringList texts;
   for (const std::string& item : items) texts += ToQt(item);
   bool same = count() == texts.size();
   for (int i = 0; same && i < count(); ++i) same = item(i)->text() == texts[i];
   if (same) return;
+  const int top = control_.IsRefreshed() ? verticalScrollBar()->value() : 0;
   clear();
   addItems(texts);
+  // The place in the list is known once the lines have theirs.
+  doItemsLayout();
+  verticalScrollBar()->setValue(top);
 }
 
 void ListWidget::Redraw() {

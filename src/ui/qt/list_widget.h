@@ -31,6 +31,7 @@ class ListWidget : public QListWidget {
   controls::ListBox& control_;
   face::Context& context_;
   int row_before_press_ = -1;
+  int edition_ = 0;  ///< of the lines that are drawn
 };
 
 }  // namespace kestrune::qt

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
 #include <QSpontaneKeyEvent>
 #include <QTest>
@@ -67,6 +68,51 @@ TEST_F(FormViewTest, AComboMarksNoEntryForATextThatIsNone) {
   EXPECT_EQ(widget.currentIndex(), -1);
   window_.Control<ComboBox>("page.limit").ShowText("2");
   EXPECT_EQ(widget.currentIndex(), 2);
+}
+
+/// Shows the page with the list and fills it with many lines.
+QListWidget& ManyLines(SampleWindow& window) {
+  window.Control<Frame>("page").SetVisible(false);
+  window.Control<Frame>("other").SetVisible(true);
+  std::vector<std::string> lines;
+  for (int i = 0; i < 3000; ++i) lines.push_back("line " + std::to_string(i));
+  lines[2000] = "Zebra";
+  window.Control<ListBox>("other.lines").SetItems(std::move(lines));
+  return window.Widget<QListWidget>("other.lines");
+}
+
+TEST_F(FormViewTest, ARefreshedListStaysWhereItWas) {
+  QListWidget& widget = ManyLines(window_);
+  auto& control = window_.Control<ListBox>("other.lines");
+  widget.verticalScrollBar()->setValue(1500);
+  std::vector<std::string> lines = control.Items();
+  lines.insert(lines.begin() + 2, "new");
+  control.RefreshItems(lines);
+  EXPECT_EQ(widget.count(), 3001);
+  EXPECT_EQ(widget.verticalScrollBar()->value(), 1500);
+  EXPECT_TRUE(widget.selectedItems().isEmpty());
+  lines.resize(10);
+  control.RefreshItems(lines);
+  EXPECT_EQ(widget.verticalScrollBar()->value(), widget.verticalScrollBar()->maximum());
+  ManyLines(window_);
+  EXPECT_EQ(widget.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(FormViewTest, TypingInAListMovesToTheNextLineThatBeginsSo) {
+  QListWidget& widget = ManyLines(window_);
+  widget.setFocus();
+  QTest::keyClicks(&widget, "zeb");
+  EXPECT_EQ(window_.Control<ListBox>("other.lines").Position(), 2000);
+  EXPECT_EQ(widget.currentRow(), 2000);
+}
+
+TEST_F(FormViewTest, ChoosingALineLeavesTheOthersAlone) {
+  QListWidget& widget = ManyLines(window_);
+  // A line that was drawn otherwise since the lines came would be mended by a walk over all.
+  widget.item(17)->setText("own");
+  window_.Control<ListBox>("other.lines").Choose(5);
+  EXPECT_EQ(widget.currentRow(), 5);
+  EXPECT_EQ(widget.item(17)->text(), "own");
 }
 
 TEST_F(FormViewTest, TypingReachesTheControlWhenItIsFinished) {
