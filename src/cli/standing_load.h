@@ -14,6 +14,9 @@ class StandingLoad : public platform::SystemApi {
 
   platform::ProcessorInfo Processors() override { return inner_.Processors(); }
   platform::MemoryStatus Memory() override { return inner_.Memory(); }
+  std::optional<std::vector<platform::ProcessRecord>> Processes() override {
+    return inner_.Processes();
+  }
   std::unique_ptr<platform::LoadCounters> OpenLoadCounters() override {
     return std::make_unique<Counters>(inner_.OpenLoadCounters()->Collect());
   }

@@ -1,6 +1,6 @@
 #include "detect/system_information.h"
 
-#include "core/number.h"
+#include "detect/memory_info.h"
 #include "lang/texts.h"
 
 namespace kestrune::detect {
@@ -19,12 +19,6 @@ constexpr std::string_view kPciExpressPrefixes[] = {"009", "021"};
 constexpr std::string_view kPciExpressIds[] = {"0141", "0140", "0161", "00FA",
                                                "00FB", "00FC", "00FD", "00FF"};
 
-/// Bytes as the nearest whole number of MB.
-int Megabytes(std::int64_t bytes) {
-  constexpr double kKilo = 1024;
-  return core::RoundToInt32(static_cast<double>(bytes) / kKilo / kKilo).value_or(0);
-}
-
 }  // namespace
 
 SystemInformation::SystemInformation(platform::SystemApi& system, core::basRegistry& registry,
@@ -37,14 +31,6 @@ SystemInformation::SystemInformation(platform::SystemApi& system, core::basRegis
       program_(program),
       LangText(lang_text),
       controls_(controls) {}
-
-std::string SystemInformation::GetMemInfo() {
-  constexpr int kModule = 4;  // what the system keeps of a memory module for itself is left out
-  const platform::MemoryStatus memory = system_.Memory();
-  const int total = Megabytes(memory.total);
-  FreeMB = Megabytes(memory.available) + 1;
-  return std::to_string((total + 1) % kModule == 0 ? total + 1 : total);
-}
 
 void SystemInformation::FillSystemInfo() {
   const platform::ProcessorInfo processors = system_.Processors();
@@ -63,9 +49,10 @@ void SystemInformation::Show(std::string_view line, int text, const std::string&
 }
 
 void SystemInformation::ShowMemory() {
-  const std::string total = GetMemInfo();
+  const MemoryMegabytes memory = GetMemInfo(system_.Memory());
   Show("info.basic.total-physics-memory", texts::kMemory,
-       total + " MB (" + std::to_string(FreeMB) + " MB " + LangText[texts::kFreeMemory] + ")");
+       std::to_string(memory.total) + " MB (" + std::to_string(memory.free) + " MB " +
+           LangText[texts::kFreeMemory] + ")");
 }
 
 void SystemInformation::ShowGraphicsProcessor() {

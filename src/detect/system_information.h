@@ -23,11 +23,6 @@ class SystemInformation {
 
   /// Needs the adapter's identity and revision. Finds `Mhz` and `TwoCPU`.
   void FillSystemInfo();
-  /// The whole memory in MB, of which odd amounts just below a multiple of 4 count as that; keeps
-  /// the free memory.
-  std::string GetMemInfo();
-
-  int FreeMB = 0;
 
  private:
   void ShowGraphicsProcessor();
