@@ -46,7 +46,6 @@ struct Action {
     kStepBack,              ///< closes help, else the window, unless that is the main one
     kExplain,               ///< shows the help topic of the control with the focus
     kReadAgain,             ///< shows the driver's and the control panel's values as they are now
-    kNothing,               ///< said by a key that leads nowhere yet
   };
   Kind kind = Kind::kNone;
   std::string_view target = {};

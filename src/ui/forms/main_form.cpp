@@ -12,7 +12,6 @@ using enum Action::Kind;
 
 constexpr controls::Rect kItem = {0, 0, 0, 0};
 
-// A key whose window isn't part of the program yet is disabled and does nothing.
 constexpr ControlRow kToolbar[] = {
     Row(Kind::kKey, "main.nvcpl", "main", {90, 60, 960, 735})
         .Design("nVidia")

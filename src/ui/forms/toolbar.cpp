@@ -99,7 +99,6 @@ void Toolbar::Perform(const Action& action, std::string_view key, controls::Wind
       navigation_.ReadAgain();
       break;
     case Action::Kind::kNone:
-    case Action::Kind::kNothing:
       break;
   }
 }
