@@ -14,7 +14,6 @@ using platform::Result;
 namespace {
 
 constexpr std::string_view kFine = "--fine=AA,TF";
-constexpr std::string_view kEntries = "performance-wizard.auto-settings-for";
 
 Step SetStep(std::string_view control, std::string value) {
   return {.kind = Step::Kind::kSet,
