@@ -10,6 +10,7 @@
 
 #include "failure.h"
 #include "monitoring.h"
+#include "processes.h"
 #include "profiles.h"
 #include "registry.h"
 #include "whole_programs.h"
@@ -74,6 +75,9 @@ int main(int argument_count, char** arguments) {
   for (const Row& row : CompareRegistry(folder.Path(), quick ? 2 : 301)) rows.push_back(row);
   for (const Row& row : CompareProfiles(folder.Path(), quick ? 2 : 101)) rows.push_back(row);
   for (const Row& row : CompareImport(folder.Path(), quick ? 2 : 15)) rows.push_back(row);
+  for (const Row& row : CompareProcesses(folder.Path(), quick ? 2 : 31, quick ? 20 : 3000)) {
+    rows.push_back(row);
+  }
   const int missed = Print(rows);
   return missed > 0 && !quick ? 1 : 0;
 }

@@ -7,7 +7,7 @@
 
 namespace kestrune::bench {
 
-/// The processor time, user and system, of a program's whole run, by its words.
+/// Runs a program to its end, without its output, and measures its processor time.
 Measure ProcessorTime(std::vector<std::string> words);
 
 /// Whole runs of the programs that stand beside this one, on stores of their own in a folder. Each
