@@ -69,6 +69,7 @@ class FakeChild : public ChildProcess {
     states.erase(states.begin());
     return state;
   }
+  void End() override { machine_.log.emplace_back("end"); }
 
  private:
   FakeMachine& machine_;
@@ -146,7 +147,10 @@ std::string ShortPlace(const FakeMachine& machine, const std::string& key,
 
 std::string ShortChange(const FakeMachine& machine, const std::string& line) {
   const bool is_write = line.starts_with("write ");
-  if (!is_write && !line.starts_with("delete ")) return line;
+  if (!is_write && !line.starts_with("delete ")) {
+    const std::string in_folder = "run " KESTRUNE_DATA_FOLDER "\\";
+    return line.starts_with(in_folder) ? "run P\\" + line.substr(in_folder.size()) : line;
+  }
   const std::size_t type = is_write ? line.find(" REG_") : line.size();
   const std::size_t name = line.rfind(' ', type - 1) + 1;
   const std::size_t key = line.find(' ') + 1;
@@ -172,6 +176,7 @@ FakeMachine::FakeMachine(MachineKind setup)
       setup_(std::move(setup)),
       folder_(NewFolder()),
       trace_([this](TraceKind, const std::string& line) { log.push_back(line); }),
+      display_(*this, trace_),
       shell_(*this, trace_) {
   auto store = portable::Store::Open({.path = folder_ + ".store", .dry_run = true});
   if (!store.Ok()) throw std::runtime_error(store.Reason());
@@ -192,7 +197,9 @@ FakeMachine::FakeMachine(MachineKind setup)
   driver_.emplace(description_, *store_);
 }
 
-Services FakeMachine::Services() { return {*tracing_, *this, *this, *this, shell_, *files_, *this}; }
+Services FakeMachine::Services() {
+  return {*tracing_, display_, *this, *this, shell_, *files_, *this};
+}
 
 void FakeMachine::Lay(std::string_view path, std::string_view bytes) {
   Folders().Write(std::filesystem::path(folder_).filename().string() + "/" + std::string(path),
@@ -318,6 +325,14 @@ Result<std::unique_ptr<ChildProcess>, StartFault> FakeMachine::StartProgram(std:
   return std::unique_ptr<ChildProcess>(std::make_unique<FakeChild>(*this));
 }
 
+std::optional<DisplayMode> FakeMachine::ModeAt(int number) {
+  log.push_back("mode " + std::to_string(number));
+  const auto at = static_cast<std::size_t>(number);
+  return at < modes.size() ? std::optional(modes[at]) : std::nullopt;
+}
+
+ModeChange FakeMachine::ChangeMode(const ModeRequest&) { return mode_change; }
+
 bool FakeMachine::SetCurrentFolder(std::string_view folder) {
   log.push_back("folder " + std::string(folder));
   return has_folders;
@@ -327,10 +342,12 @@ void FakeMachine::WaitWhile(const std::function<bool()>& goes_on) {
   while (goes_on()) log.push_back("goes on");
 }
 
-Answer FakeMachine::ShowMessage(std::string_view /*title*/, std::string_view text, Buttons) {
+Answer FakeMachine::Ask(std::string_view /*title*/, std::string_view text,
+                        const Question& question) {
   log.push_back("message " + std::string(text));
   messages.emplace_back(text);
-  return Answer::kOk;
+  last_question = question;
+  return answer.value_or(question.preset);
 }
 
 Driven::Driven(FakeMachine& machine, std::string_view command_line)

@@ -69,11 +69,16 @@ class FakeMachine : public platform::DisplayApi,
   std::vector<std::string> TakeTrace();
   /// The same in short, "nothing" for none: "D3D NAME = NUMBER" and "GL NAME = NUMBER" for the
   /// values of the interfaces where and as this system's driver keeps them, without the OGL_ of the
-  /// NT family; "Tweak", "Debug" and "Options" for REG_DWORD in these keys. Whatever departs from
+  /// NT family; "Tweak", "Debug" and "Options" for REG_DWORD in these keys; P the
+  /// program folder of what is run. Whatever departs from
   /// that is written out.
   std::string TakeShortTrace();
 
   std::optional<platform::DisplayDevice> DeviceAt(int index) override;
+  std::optional<platform::DisplayMode> ModeAt(int number) override;
+  platform::ModeChange ChangeMode(const platform::ModeRequest& request) override;
+  bool MustConfirm() override { return must_confirm; }
+  void RestartComputer() override {}
   platform::OsVersion SystemVersion() override;
   platform::ProcessorInfo Processors() override { return processors; }
   platform::MemoryStatus Memory() override { return memory; }
@@ -86,16 +91,22 @@ class FakeMachine : public platform::DisplayApi,
   bool SetCurrentFolder(std::string_view folder) override;
   bool OpenWebPage(std::string_view) override { return true; }
   bool OpenControlPanelItem(std::string_view) override { return true; }
-  platform::Answer ShowMessage(std::string_view title, std::string_view text,
-                               platform::Buttons buttons) override;
+  platform::Answer Ask(std::string_view title, std::string_view text,
+                       const platform::Question& question) override;
   void Notify(std::string_view sentence) override { notes.emplace_back(sentence); }
   void RunPendingEvents() override { log.push_back("events"); }
   void WaitWhile(const std::function<bool()>& goes_on) override;
 
   std::vector<std::string> log;
   std::vector<std::string> messages;
+  platform::Question last_question;
+  std::optional<platform::Answer> answer;  ///< to every message; absent: its preset one
   std::vector<std::string> notes;
   std::vector<platform::DisplayDevice> devices;
+  std::vector<platform::DisplayMode> modes = {
+      {640, 480, 16, 60}, {800, 600, 16, 75}, {1024, 768, 32, 85}};
+  platform::ModeChange mode_change = platform::ModeChange::kDone;  ///< of every change
+  bool must_confirm = false;
   platform::OsVersion os;
   platform::ProcessorInfo processors{1, 586};
   platform::MemoryStatus memory{512 << 20, 128 << 20};
@@ -120,6 +131,7 @@ class FakeMachine : public platform::DisplayApi,
   std::unique_ptr<platform::portable::StoreRegistry> registry_;
   platform::Trace trace_;
   std::unique_ptr<platform::TracingRegistry> tracing_;
+  platform::TracingDisplay display_;
   platform::TracingShell shell_;
   std::unique_ptr<platform::portable::FolderFiles> files_;
 };

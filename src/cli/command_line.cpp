@@ -92,7 +92,7 @@ class CommandLine {
   const Streams& streams_;
   GlobalOptions options_;
   std::string trace_;
-  std::string answer_ = "ok";
+  std::string answer_;
   Arguments arguments_;
   const Command* chosen_ = nullptr;
   std::map<std::string_view, CLI::App*> groups_;
@@ -224,7 +224,9 @@ Status CommandLine::Run(std::vector<std::string> arguments) {
   chosen_ = commands_.at(&LastWord());
   if (trace_ == "on") options_.trace = Trace::kAfterStart;
   if (trace_ == "all") options_.trace = Trace::kAll;
-  if (answer_ == "cancel") options_.answer = platform::Answer::kCancel;
+  if (!answer_.empty()) {
+    options_.answer = answer_ == "cancel" ? platform::Answer::kCancel : platform::Answer::kOk;
+  }
   return RunChosen();
 }
 

@@ -44,6 +44,7 @@ constexpr Command kCommands[] = {
      "Print processor loads and free memory in real time, until interrupted: milliseconds, percent "
      "of each processor, percent and MB free",
      "[--interval=MS] [--count=N] [--record=FILE]", Monitor, CheckMonitorWords},
+    {"modes", "Print the display modes that can be chosen", "", Modes},
     {"processes", "Print the running processes; with --json also what the page says of them", "",
      Processes},
     {"clocks show", "Print the default and the current clocks, with --2d or --3d of that pair", "",

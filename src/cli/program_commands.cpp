@@ -20,6 +20,15 @@ constexpr NumberRow kProcessNumbers[] = {{"id", &platform::ProcessRecord::id},
                                          {"threads", &platform::ProcessRecord::threads},
                                          {"priority", &platform::ProcessRecord::priority}};
 
+Status PrintNames(Run& run, const std::vector<std::string>& names) {
+  run.out.BeginList();
+  for (const std::string& name : names) {
+    run.out.Item({{"name", name}});
+    run.out.Line(platform::PlainText(name));
+  }
+  return Status::kDone;
+}
+
 }  // namespace
 
 Status Pages(Run& run, forms::Program& program) {
@@ -45,13 +54,12 @@ Status State(Run& run, forms::Program& program) {
   return Status::kDone;
 }
 
-Status Languages(Run& run, forms::Program& program) {
-  run.out.BeginList();
-  for (const std::string& name : program.Languages()) {
-    run.out.Item({{"name", name}});
-    run.out.Line(platform::PlainText(name));
-  }
-  return Status::kDone;
+Status Languages(Run& run, forms::Program& program) { return PrintNames(run, program.Languages()); }
+
+Status Modes(Run& run, forms::Program& program) {
+  const auto* list =
+      dynamic_cast<controls::ListBox*>(program.Find("control-panel.resolution.select-resolution"));
+  return PrintNames(run, list->Items());
 }
 
 Status Processes(Run& run, forms::Program& program) {

@@ -33,11 +33,12 @@ platform::Services Session::Traced(const platform::Services& services) {
   platform::RegistryApi& registry = recorder_ ? *recorder_ : services.registry;
   if (tracing_) registry_.emplace(registry, trace_);
   if (tracing_ || options_.machine.dry_run) {
+    display_.emplace(services.display, trace_);
     shell_.emplace(services.shell, trace_);
     files_.emplace(services.files, trace_);
   }
   return {registry_ ? *registry_ : registry,
-          services.display,
+          display_ ? *display_ : services.display,
           services.version,
           standing_load_,
           shell_ ? *shell_ : services.shell,

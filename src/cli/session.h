@@ -24,7 +24,7 @@ struct GlobalOptions {
   platform::MachineOptions machine;
   bool json = false;
   Trace trace = Trace::kOff;
-  platform::Answer answer = platform::Answer::kOk;
+  std::optional<platform::Answer> answer = {};  ///< to messages; absent: what each presets
   bool records_changes = false;  ///< what ends up different is told instead of each step
 };
 
@@ -84,6 +84,7 @@ class Session {
   platform::Trace trace_;
   std::optional<platform::ChangeRecorder> recorder_;
   std::optional<platform::TracingRegistry> registry_;
+  std::optional<platform::TracingDisplay> display_;
   std::optional<platform::TracingShell> shell_;
   std::optional<platform::TracingFiles> files_;
   platform::Services services_;

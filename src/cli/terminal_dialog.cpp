@@ -5,10 +5,11 @@
 
 namespace kestrune::cli {
 
-platform::Answer TerminalDialog::ShowMessage(std::string_view /*title*/, std::string_view text,
-                                             platform::Buttons buttons) {
+platform::Answer TerminalDialog::Ask(std::string_view /*title*/, std::string_view text,
+                                     const platform::Question& question) {
   out_ << "message: " << platform::PlainText(text) << '\n';
-  return buttons == platform::Buttons::kOk ? platform::Answer::kOk : answer_;
+  if (question.buttons == platform::Buttons::kOk) return platform::Answer::kOk;
+  return answer_.value_or(question.preset);
 }
 
 void TerminalDialog::Notify(std::string_view sentence) {

@@ -60,6 +60,15 @@ inline constexpr int kParentProcess = 259;
 inline constexpr int kThreadCount = 260;
 inline constexpr int kTotalProcesses = 262;
 
+// What the page of the DirectX report says.
+inline constexpr int kReportAwaited = 112;
+inline constexpr int kNoReport = 271;
+
+// What is said of changes of the display mode.
+inline constexpr int kModeNeedsRestart = 241;
+inline constexpr int kModeRefused = 242;
+inline constexpr int kKeepMode = 273;
+
 // What the registry editor says.
 inline constexpr int kRegistryEditor = 196;  ///< the database's name follows
 inline constexpr int kRegistryEditorEnd = 197;

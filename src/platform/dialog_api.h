@@ -8,13 +8,23 @@ namespace kestrune::platform {
 enum class Buttons { kOk, kOkCancel };
 enum class Answer { kOk, kCancel };
 
+/// A message and how it can be answered.
+struct Question {
+  Buttons buttons = Buttons::kOk;
+  Answer preset = Answer::kOk;  ///< what Enter presses, and what counts where nobody presses
+  int seconds = 0;  ///< after so many the last button counts as pressed; 0: it waits for ever
+};
+
 /// What a face shows on behalf of the logic.
 class DialogApi {
  public:
   virtual ~DialogApi() = default;
 
   /// Shows a message and waits for its answer. Timers go on meanwhile.
-  virtual Answer ShowMessage(std::string_view title, std::string_view text, Buttons buttons) = 0;
+  virtual Answer Ask(std::string_view title, std::string_view text, const Question& question) = 0;
+  Answer ShowMessage(std::string_view title, std::string_view text, Buttons buttons) {
+    return Ask(title, text, {.buttons = buttons});
+  }
   /// Tells a person something and waits for nobody.
   virtual void Notify(std::string_view sentence) = 0;
   /// Lets pending window events run once.

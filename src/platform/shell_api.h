@@ -25,6 +25,8 @@ class ChildProcess {
   /// Waits up to `milliseconds`, 0 only looks. The first call begins to take the requests to end
   /// this program, which kInterrupted tells of then; they end it as usual when this is destroyed.
   virtual ChildState Wait(int milliseconds) = 0;
+  /// Ends it, whatever it is doing (TerminateProcess).
+  virtual void End() = 0;
 };
 
 /// Why a program was not started.

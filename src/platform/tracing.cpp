@@ -110,6 +110,21 @@ void TracingRegistry::TellDelete(const std::string& key, std::string_view name) 
   trace_.Tell(TraceKind::kChange, "delete\t" + PlainText(key) + "\t" + ValueNameText(name));
 }
 
+ModeChange TracingDisplay::ChangeMode(const ModeRequest& request) {
+  const ModeChange change = inner_.ChangeMode(request);
+  if (change == ModeChange::kFailed) return change;
+  trace_.Tell(TraceKind::kCommand, "mode\t" + std::to_string(request.width) + "x" +
+                                       std::to_string(request.height) +
+                                       (request.depth ? "x" + std::to_string(*request.depth) : "") +
+                                       "\t" + (request.is_saved ? "saved" : "unsaved"));
+  return change;
+}
+
+void TracingDisplay::RestartComputer() {
+  trace_.Tell(TraceKind::kCommand, "restart");
+  inner_.RestartComputer();
+}
+
 bool TracingShell::StartCommand(std::string_view command_line, WindowState window) {
   trace_.Tell(TraceKind::kCommand, "run\t" + PlainText(command_line));
   return inner_.StartCommand(command_line, window);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/display_api.h"
 #include "platform/files_wrapper.h"
 #include "platform/registry_wrapper.h"
 #include "platform/shell_api.h"
@@ -57,6 +58,22 @@ class TracingRegistry : public RegistryWrapper {
                  std::span<const std::byte> data);
   void TellDelete(const std::string& key, std::string_view name);
 
+  Trace& trace_;
+};
+
+/// Tells each change of mode that was made or waits for a restart, and each restart.
+class TracingDisplay : public DisplayApi {
+ public:
+  TracingDisplay(DisplayApi& inner, Trace& trace) : inner_(inner), trace_(trace) {}
+
+  std::optional<DisplayDevice> DeviceAt(int index) override { return inner_.DeviceAt(index); }
+  std::optional<DisplayMode> ModeAt(int number) override { return inner_.ModeAt(number); }
+  ModeChange ChangeMode(const ModeRequest& request) override;
+  bool MustConfirm() override { return inner_.MustConfirm(); }
+  void RestartComputer() override;
+
+ private:
+  DisplayApi& inner_;
   Trace& trace_;
 };
 

@@ -27,6 +27,7 @@ TEST(ContractTest, TheListingIsWhatTheProgramDoes) {
   listing.Comment(
       "names begin with OGL_ except on Windows 9x. Tweak, Debug and Options are the keys of");
   listing.Comment("the driver's switches, OpenGL's and the program's, always REG_DWORD.");
+  listing.Comment("P is the program folder.");
   ListPages(listing);
   ListKeys(listing);
   ListHelp(listing);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,6 +25,17 @@ struct Outcome {
 
 /// Runs kestrunectl in this process, on a store of each machine's own.
 struct CommandLineTest : testing::Test {
+  /// The shipped program folder, in which something may be written.
+  CommandLineTest() {
+    namespace fs = std::filesystem;
+    const fs::path shipped = KESTRUNE_DATA_FOLDER;
+    fs::create_directories(program_folder + "/DATA");
+    fs::create_directory_symlink(shipped / "machines", program_folder + "/machines");
+    for (const auto& each : fs::directory_iterator(shipped / "DATA")) {
+      fs::create_symlink(each.path(), fs::path(program_folder) / "DATA" / each.path().filename());
+    }
+  }
+
   Outcome Run(std::vector<std::string> arguments,
               const std::string& machine = "winxp-geforce7800") {
     std::vector<std::string> all = {"--store", folder / (machine + ".store"), "--machine", machine};
@@ -55,7 +67,7 @@ struct CommandLineTest : testing::Test {
   }
 
   platform::TempFolder folder;
-  std::string program_folder = KESTRUNE_DATA_FOLDER;  ///< empty: the user's and the installed one
+  std::string program_folder = folder / "program";  ///< empty: the user's and the installed one
   platform::portable::PortableMachines machines;
 };
 

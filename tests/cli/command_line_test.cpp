@@ -44,6 +44,7 @@ TEST_F(CommandLineTest, TracesChangesOfTheRegistryItself) {
 }
 
 TEST_F(CommandLineTest, TracingFromTheFirstStepShowsTheStartUpToo) {
+  program_folder = KESTRUNE_DATA_FOLDER;
   EXPECT_EQ(Run({"--trace", "get", kLimit}).err, "");
   std::string lines = Run({"--trace=all", "get", kLimit}).err;
   std::replace(lines.begin(), lines.end(), '\t', ' ');

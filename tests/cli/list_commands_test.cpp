@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "cli/command_line_run.h"
@@ -9,9 +11,8 @@ namespace {
 struct ListCommandsTest : CommandLineTest {
   Outcome RunOn(const std::string& description, std::vector<std::string> arguments) {
     folder.Write("m.toml", description);
-    std::vector<std::string> all = {"--store",          folder / "m.store",
-                                    "--machine",        folder / "m.toml",
-                                    "--program-folder", program_folder};
+    std::vector<std::string> all = {"--store",         folder / "m.store", "--machine",
+                                    folder / "m.toml", "--program-folder", program_folder};
     all.insert(all.end(), arguments.begin(), arguments.end());
     std::ostringstream out;
     std::ostringstream err;
@@ -23,8 +24,8 @@ struct ListCommandsTest : CommandLineTest {
 TEST_F(ListCommandsTest, ProcessesAreListedWithTheDetailsThatThePageHas) {
   std::string description;
   for (int i = 1; i <= 202; ++i) {
-    description += "[[process]]\nname = \"p\\t" + std::to_string(i) + "\"\nid = " +
-                   std::to_string(i) + "\npriority = 8\n";
+    description += "[[process]]\nname = \"p\\t" + std::to_string(i) +
+                   "\"\nid = " + std::to_string(i) + "\npriority = 8\n";
   }
   const std::string text = RunOn(description, {"processes"}).out;
   EXPECT_TRUE(text.starts_with("p\\x091\np\\x092\n")) << text;
@@ -35,6 +36,43 @@ TEST_F(ListCommandsTest, ProcessesAreListedWithTheDetailsThatThePageHas) {
             R"({"id":201,"name":"p\\x09201","parent":0,"priority":8,"threads":0})");
   EXPECT_EQ(list[201].dump(),
             R"({"id":null,"name":"p\\x09202","parent":null,"priority":null,"threads":null})");
+}
+
+TEST_F(ListCommandsTest, ModesAreListedAndARestartIsNotTheUsualAnswer) {
+  const std::string description =
+      "[display]\nmodes = [\"640x480x16 60Hz\", \"800x600x32 75Hz\"]\n"
+      "restart_needed = [\"800x600\"]\n";
+  EXPECT_EQ(RunOn(description, {"modes"}).out, "800x600x32 75Hz\n");
+  EXPECT_EQ(nlohmann::json::parse(RunOn(description, {"--json", "modes"}).out).dump(),
+            R"([{"name":"800x600x32 75Hz"}])");
+  const auto told = [&](std::vector<std::string> options) {
+    const std::vector<std::string> steps = {"--trace", "do", "page:control-panel.resolution",
+                                            "control-panel.resolution.select-resolution=#0",
+                                            "control-panel.resolution.apply"};
+    options.insert(options.end(), steps.begin(), steps.end());
+    return RunOn(description, options).err;
+  };
+  const std::string asked =
+      "mode\t800x600x32\tsaved\nmessage: The computer must be restarted to change the display "
+      "mode. Restart it now?\n";
+  EXPECT_EQ(told({}), asked);
+  EXPECT_EQ(told({"--answer", "cancel"}), asked);
+  EXPECT_EQ(told({"--answer", "ok"}), asked + "restart\n");
+}
+
+TEST_F(ListCommandsTest, TheDirectXReportIsOfThisComputerWhateverMachineIsDescribed) {
+  const auto report = [this](std::vector<std::string> options) {
+    options.insert(options.end(), {"--json", "show", "info.directx"});
+    const auto shown = nlohmann::json::parse(RunOn("", options).out);
+    return shown[1]["items"].get<std::vector<std::string>>();
+  };
+  EXPECT_EQ(report({"--dry-run"}), std::vector<std::string>{"Please wait ..."});
+  EXPECT_FALSE(std::filesystem::exists(folder / "program/DATA/d3d_adapter_info.txt"));
+  const std::vector<std::string> lines = report({});
+  ASSERT_GE(lines.size(), 2u);
+  EXPECT_TRUE(lines[0].starts_with("Graphics of the computer that the program runs on"))
+      << lines[0];
+  EXPECT_EQ(report({"--dry-run"}), lines);
 }
 
 TEST_F(ListCommandsTest, BasicInformationIsWhatTheDescriptionSays) {

@@ -7,16 +7,7 @@
 namespace kestrune::cli {
 namespace {
 
-struct MonitorCommandTest : CommandLineTest {
-  MonitorCommandTest() {
-    program_folder = folder / "program";
-    std::filesystem::create_directories(program_folder);
-    for (const char* name : {"DATA", "machines"}) {
-      std::filesystem::create_directory_symlink(std::string(KESTRUNE_DATA_FOLDER) + "/" + name,
-                                                program_folder + "/" + name);
-    }
-  }
-};
+using MonitorCommandTest = CommandLineTest;
 
 std::string WithBlanks(std::string text) {
   std::replace(text.begin(), text.end(), '\t', ' ');

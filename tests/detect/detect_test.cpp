@@ -201,13 +201,11 @@ constexpr std::string_view kProcessor = R"(HKLM\HARDWARE\DESCRIPTION\System\Cent
 
 TEST(SystemInformationTest, CountsMemoryInWholeModules) {
   const std::tuple<std::int64_t, std::int64_t, std::string> cases[] = {
-      {1073741824, 134217728, "1024 MB (129 MB free)"},
-      {535822336, 0, "512 MB (1 MB free)"},
-      {1071644672, 1572864, "1022 MB (3 MB free)"},   // a half goes to the even neighbour
-      {1073112678, 2621440, "1024 MB (3 MB free)"},   // 1023.4 MB
-      {1073217536, 524288, "1024 MB (1 MB free)"},    // 1023.5 MB
-      {8589934592, 4294967296, "8192 MB (4097 MB free)"},
-      {0, 0, "0 MB (1 MB free)"}};
+      {1073741824, 134217728, "1024 MB (129 MB free)"},   {535822336, 0, "512 MB (1 MB free)"},
+      {1071644672, 1572864, "1022 MB (3 MB free)"},  // a half goes to the even neighbour
+      {1073112678, 2621440, "1024 MB (3 MB free)"},  // 1023.4 MB
+      {1073217536, 524288, "1024 MB (1 MB free)"},   // 1023.5 MB
+      {8589934592, 4294967296, "8192 MB (4097 MB free)"}, {0, 0, "0 MB (1 MB free)"}};
   for (const auto& [total, available, line] : cases) {
     FakeMachine machine;
     machine.memory = {total, available};
@@ -217,11 +215,16 @@ TEST(SystemInformationTest, CountsMemoryInWholeModules) {
 }
 
 TEST(SystemInformationTest, NamesTheGraphicsProcessorAndItsBus) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"0041", "0041"},  {"0140", "0140 (PCI Express)"}, {"0141", "0141 (PCI Express)"},
-      {"0142", "0142"},  {"0161", "0161 (PCI Express)"}, {"00fa", "00FA (PCI Express)"},
-      {"00FE", "00FE"},  {"00FF", "00FF (PCI Express)"}, {"009a", "009A (PCI Express)"},
-      {"0211", "0211 (PCI Express)"}};
+  const std::pair<std::string, std::string> cases[] = {{"0041", "0041"},
+                                                       {"0140", "0140 (PCI Express)"},
+                                                       {"0141", "0141 (PCI Express)"},
+                                                       {"0142", "0142"},
+                                                       {"0161", "0161 (PCI Express)"},
+                                                       {"00fa", "00FA (PCI Express)"},
+                                                       {"00FE", "00FE"},
+                                                       {"00FF", "00FF (PCI Express)"},
+                                                       {"009a", "009A (PCI Express)"},
+                                                       {"0211", "0211 (PCI Express)"}};
   for (const auto& [device, shown] : cases) {
     FakeMachine machine({.device = device});
     const Driven driven(machine);
@@ -246,15 +249,27 @@ TEST(SystemInformationTest, ShowsWhatTheProcessorsSayOfThemselves) {
   const std::pair<std::string, std::string> identifier = {"Identifier", "REG_SZ x86"};
   const std::pair<std::string, std::string> mhz = {"~MHz", "REG_DWORD 2400"};
   const Case cases[] = {
-      {{name, vendor, identifier, mhz}, "", 1,
-       "CPU: P4 / x86|Identifier: Intel|Real CPU speed: 2400MHz", "0 2400"},
-      {{name, vendor, mhz}, "", 2, "CPU: P4 / 586|Identifier: Intel|Real CPU speed: 2400MHz",
+      {{name, vendor, identifier, mhz},
+       "",
+       1,
+       "CPU: P4 / x86|Identifier: Intel|Real CPU speed: 2400MHz",
+       "0 2400"},
+      {{name, vendor, mhz},
+       "",
+       2,
+       "CPU: P4 / 586|Identifier: Intel|Real CPU speed: 2400MHz",
        "1 2400"},
-      {{name, vendor, identifier}, "P4", 1,
-       "CPU: P4 / x86|Identifier: Intel with HT|Real CPU speed:", "1 0"},
+      {{name, vendor, identifier},
+       "P4",
+       1,
+       "CPU: P4 / x86|Identifier: Intel with HT|Real CPU speed:",
+       "1 0"},
       {{name, vendor}, "other", 4, "CPU: P4 / 586|Identifier: Intel|Real CPU speed:", "0 0"},
-      {{{"ProcessorNameString", "REG_SZ"}, {"VendorIdentifier", "REG_SZ"}, identifier}, "", 1,
-       "CPU: |Identifier: |Real CPU speed:", "0 0"},
+      {{{"ProcessorNameString", "REG_SZ"}, {"VendorIdentifier", "REG_SZ"}, identifier},
+       "",
+       1,
+       "CPU: |Identifier: |Real CPU speed:",
+       "0 0"},
       {{identifier}, "", 1, "CPU:|Identifier:|Real CPU speed:", "0 0"},
       {{}, "", 0, "CPU:|Identifier:|Real CPU speed:", "0 0"}};
   for (const Case& each : cases) {

@@ -16,8 +16,8 @@ class ProcessesPageTest : public testing::Test {
   void Choose(int line) { EXPECT_TRUE(driven.Get<controls::ListBox>(kList).Choose(line)); }
   std::string Details() const {
     std::string text;
-    for (const char* line : {"process-name", "process-id", "parent-process-id",
-                             "number-of-threads", "total-processes"}) {
+    for (const char* line : {"process-name", "process-id", "parent-process-id", "number-of-threads",
+                             "total-processes"}) {
       const std::string caption = driven.Caption(std::string("info.processes.") + line);
       text += caption.substr(caption.find(':') + 1) + "|";
     }
@@ -45,9 +45,9 @@ TEST_F(ProcessesPageTest, NothingIsListedBeforeItIsAskedFor) {
 }
 
 TEST_F(ProcessesPageTest, TheChosenLineHasDetails) {
-  machine.processes = {{"[System Process]", 0, 0, 1, 0}, {"init", 1, 0, 4, 8},
-                       {"shell", 7, 1, 2, 13},           {"orphan", 9, 8, 1, 24},
-                       {"again", 7, 7, 1, 0},            {"child", 11, 7, 1, 4}};
+  machine.processes = {
+      {"[System Process]", 0, 0, 1, 0}, {"init", 1, 0, 4, 8},  {"shell", 7, 1, 2, 13},
+      {"orphan", 9, 8, 1, 24},          {"again", 7, 7, 1, 0}, {"child", 11, 7, 1, 4}};
   Refresh();
   // The frame around the bar has 254 whole pixels.
   const char* details[] = {" init| 1| 0| 4| 5|2032", " shell| 7| 1 - init| 2| 5|3302",

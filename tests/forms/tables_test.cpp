@@ -124,6 +124,7 @@ const std::set<std::string_view> kNamedByHand = {
     "performance-wizard.texture-filtering-high",
     "performance-wizard.preview",
     "performance-wizard.preview-label",
+    "info.directx.report",
     "info.processes.processes",
     "info.processes.priority-bar",
     "info.processes.priority-bar-frame",

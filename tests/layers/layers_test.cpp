@@ -51,6 +51,7 @@ constexpr Layer kLayers[] = {
     {"cli", {"ui/forms"}},
     {"tools/pictures"},
     {"tools/databases", {"regedit"}},
+    {"tools/d3dinfo", {"platform/portable"}},
     {"tools/tuning", {"wizard"}},
     {"tools/screenshots", {"ui/qt"}},
 };
@@ -82,7 +83,7 @@ constexpr Outside kOutside[] = {
     {"(CLI|nlohmann)/.*", {"cli"}},
     {R"(sqlite3\.h|toml\+\+/.*)", {"platform/portable"}},
     // Whatever is no header of the C++ library is taken for one of a system.
-    {R"(.*[./].*)", {"platform/portable", "platform/win32", "ui/win32"}},
+    {R"(.*[./].*)", {"platform/portable", "platform/win32", "ui/win32", "tools/d3dinfo"}},
     // These need functions of the system that the oldest ones lack, so that no program starts.
     {"[io]?stream|[io]?fstream|iostream|sstream|streambuf|syncstream|iomanip|filesystem|regex|"
      "thread|mutex|shared_mutex|condition_variable|future",

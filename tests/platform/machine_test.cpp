@@ -36,7 +36,7 @@ driver_key = '\Registry'
 [[display_device]]
 [display]
 modes = ["640x480x16 60Hz"]
-restart_needed = ["a", "b"]
+restart_needed = ["640x480", "800x600x16"]
 refused = []
 [clocks]
 core = 325
@@ -73,7 +73,9 @@ TEST(MachineDescriptionTest, EveryKeyArrives) {
   EXPECT_EQ(device.name + device.description + device.hardware_id + device.driver_key,
             "\\\\.\\DISPLAY1CardPCI\\VEN_10DE\\Registry");
   EXPECT_EQ(device.state, 5u);
-  EXPECT_EQ(m.display.modes->size() * 100 + m.display.restart_needed.size() * 10, 120u);
+  EXPECT_EQ(m.display.modes, (std::vector<DisplayMode>{{640, 480, 16, 60}}));
+  EXPECT_EQ(m.display.restart_needed.at(0).depth, std::nullopt);
+  EXPECT_EQ(m.display.restart_needed.at(1).width + *m.display.restart_needed.at(1).depth, 816);
   EXPECT_EQ(*m.clocks->core + *m.clocks->memory + *m.clocks->core_3d + *m.clocks->memory_3d +
                 *m.clocks->homer,
             325 + 700 + 350 + 701 + 1000);
@@ -111,6 +113,12 @@ TEST(MachineDescriptionTest, FaultsNameTheirPlace) {
                 "m.toml:2:13: \"available\" must be a whole number from 0 to 1125899906842624"},
            Case{"[processor]\ncount = 0",
                 "m.toml:2:9: \"count\" must be a whole number from 1 to 64"},
+           Case{"[display]\nmodes = [\"640x480 60Hz\"]",
+                "m.toml:2:10: \"modes\" must be texts such as \"1024x768x32 85Hz\""},
+           Case{"[display]\nmodes = [\"640x480x16 60\"]",
+                "m.toml:2:10: \"modes\" must be texts such as \"1024x768x32 85Hz\""},
+           Case{"[display]\nrefused = [\"640x480x0\"]",
+                "m.toml:2:12: \"refused\" must be texts such as \"1024x768x32\" or \"1024x768\""},
            Case{"os = 1", "m.toml:1:6: \"os\" must be a table"},
            Case{"[display_device]", "m.toml:1:1: \"display_device\" must be an array of tables"},
            Case{"[processor]\nload = [1,\n  \"2\"]",
@@ -156,8 +164,8 @@ TEST(MachineDescriptionTest, NoFileIsTooDeepToBeReadOrRefused) {
 }
 
 TEST(MachineDescriptionTest, ATableThatIsThereLacksNothing) {
-  const auto loaded = ParseMachineDescription(
-      "[processor]\ncount = 2\nname = \"P\"\n[memory]\ntotal = 5\n", "m");
+  const auto loaded =
+      ParseMachineDescription("[processor]\ncount = 2\nname = \"P\"\n[memory]\ntotal = 5\n", "m");
   ASSERT_TRUE(loaded.Ok());
   const MachineDescription& m = loaded.Value().description;
   EXPECT_EQ(m.processor.names, (std::vector<std::string>{"P", "P"}));

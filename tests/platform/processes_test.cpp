@@ -40,16 +40,14 @@ TEST(ProcessesTest, ProgramsStandByIdentifierBeforeWhatTheKernelRuns) {
   ASSERT_TRUE(found);
   std::string told;
   for (const ProcessRecord& each : *found) told += Told(each) + "\n";
-  EXPECT_EQ(told,
-            "[System Process] 0 0 1 0\nidle 9 1 1 4\nshell 10 1 3 8\nkthreadd 2 0 1 8\n");
+  EXPECT_EQ(told, "[System Process] 0 0 1 0\nidle 9 1 1 4\nshell 10 1 3 8\nkthreadd 2 0 1 8\n");
   EXPECT_EQ(ReadProcesses(folder / "none"), std::nullopt);
 }
 
 TEST(ProcessesTest, ThePriorityFollowsFromNicenessAndClass) {
   const std::tuple<int, int, int> cases[] = {
-      {-20, 0, 13}, {-10, 0, 13}, {-9, 0, 10}, {-1, 0, 10}, {0, 0, 8},  {0, 3, 8},
-      {1, 0, 6},    {9, 0, 6},    {10, 0, 4},  {19, 5, 4},  {0, 1, 24}, {0, 2, 24},
-      {10, 6, 24}};
+      {-20, 0, 13}, {-10, 0, 13}, {-9, 0, 10}, {-1, 0, 10}, {0, 0, 8},  {0, 3, 8},  {1, 0, 6},
+      {9, 0, 6},    {10, 0, 4},   {19, 5, 4},  {0, 1, 24},  {0, 2, 24}, {10, 6, 24}};
   for (const auto& [nice, policy, priority] : cases) {
     TempFolder folder;
     folder.Write("7/stat", Stat("p", 1, 0, nice, 1, policy));
@@ -59,8 +57,8 @@ TEST(ProcessesTest, ThePriorityFollowsFromNicenessAndClass) {
 
 TEST(ProcessesTest, NamesAreWhateverStandsInTheBrackets) {
   const std::pair<std::string, std::string> cases[] = {
-      {"a b", "a b"},          {"a) S 99 (b", "a) S 99 (b"},   {"(x))", "(x))"},
-      {"", ""},                {"a\nb\x1B", "a\\x0Ab\\x1B"}, {"a\xFF\xC4", "a\uFFFD\uFFFD"},
+      {"a b", "a b"},    {"a) S 99 (b", "a) S 99 (b"}, {"(x))", "(x))"},
+      {"", ""},          {"a\nb\x1B", "a\\x0Ab\\x1B"}, {"a\xFF\xC4", "a\uFFFD\uFFFD"},
       {"Größe", "Größe"}};
   for (const auto& [name, shown] : cases) {
     TempFolder folder;

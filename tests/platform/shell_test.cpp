@@ -194,6 +194,27 @@ TEST_F(StartTest, WaitingEndsWithTheProgramAndNotBefore) {
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left";
 }
 
+TEST_F(StartTest, AProgramCanBeEnded) {
+  const auto child = shell_.StartProgram("/bin/sleep 30", WindowState::kNormal);
+  ASSERT_TRUE(child);
+  EXPECT_EQ(child.Value()->Wait(0), ChildState::kRuns);
+  child.Value()->End();
+  EXPECT_EQ(child.Value()->Wait(20000), ChildState::kEnded);
+  child.Value()->End();
+}
+
+TEST_F(StartTest, TheHelperStandsInForItsCommandLineAlone) {
+  const std::string program = folder_ / "none\\DATA\\d3dinfo.exe";
+  shell_.SetHelper(program, {"/bin/sh", "-c", "echo helped > \"$TELL\""});
+  EXPECT_FALSE(shell_.StartProgram(program + " x", WindowState::kNormal));
+  const auto child = shell_.StartProgram(folder_ / "none\\Data\\D3DINFO.exe", WindowState::kNormal);
+  ASSERT_TRUE(child);
+  EXPECT_EQ(child.Value()->Wait(20000), ChildState::kEnded);
+  EXPECT_EQ(ReadAll(folder_ / "told"), "helped\n");
+  shell_.SetHelper(program, {"/no/helper"});
+  EXPECT_FALSE(shell_.StartProgram(program, WindowState::kNormal));
+}
+
 TEST_F(StartTest, AProgramOutlivesWhatWaitsForIt) {
   Lay("games/slow", "#!/bin/sh\nsleep 0.3\necho done > \"$TELL\"\n", 0755);
   {

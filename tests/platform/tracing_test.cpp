@@ -64,6 +64,28 @@ TEST_F(TracingTest, TellsWhatReachedTheRegistry) {
             "write/HKCU\\K\\L/@/REG_SZ y\n");
 }
 
+TEST_F(TracingTest, TellsChangesOfModeThatHappenAndRestarts) {
+  class Screen : public DisplayApi {
+   public:
+    std::optional<DisplayDevice> DeviceAt(int) override { return std::nullopt; }
+    std::optional<DisplayMode> ModeAt(int) override { return std::nullopt; }
+    ModeChange ChangeMode(const ModeRequest&) override { return change; }
+    bool MustConfirm() override { return false; }
+    void RestartComputer() override {}
+    ModeChange change = ModeChange::kDone;
+  } screen;
+  TracingDisplay display(screen, trace);
+  EXPECT_EQ(display.ChangeMode({640, 480, 16, 60, true}), ModeChange::kDone);
+  EXPECT_EQ(display.ChangeMode({640, 480}), ModeChange::kDone);
+  screen.change = ModeChange::kRestartNeeded;
+  EXPECT_EQ(display.ChangeMode({800, 600, 32, {}, true}), ModeChange::kRestartNeeded);
+  screen.change = ModeChange::kFailed;
+  EXPECT_EQ(display.ChangeMode({1024, 768}), ModeChange::kFailed);
+  display.RestartComputer();
+  EXPECT_EQ(Lines(),
+            "mode/640x480x16/saved\nmode/640x480/unsaved\nmode/800x600x32/saved\nrestart\n");
+}
+
 TEST_F(TracingTest, TellsEachValueOfADeletedKey) {
   for (const char* path : {"K", "K\\b\\x", "K\\b", "K\\A"}) {
     const RegHandle key = Key(path);

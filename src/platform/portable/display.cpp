@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "platform/parse_number.h"
+#include "platform/portable/display_server.h"
 #include "platform/portable/whole_file.h"
 
 namespace kestrune::platform::portable {
@@ -41,6 +42,14 @@ DisplayDevice ReadDevice(const std::string& folder, std::size_t number) {
   return display;
 }
 
+/// Whether a request is for one of some sizes; what has no depth goes with every depth.
+bool IsAmong(const std::vector<DescribedSize>& sizes, const ModeRequest& request) {
+  return std::any_of(sizes.begin(), sizes.end(), [&request](const DescribedSize& size) {
+    return size.width == request.width && size.height == request.height &&
+           (!size.depth || !request.depth || size.depth == request.depth);
+  });
+}
+
 }  // namespace
 
 std::vector<DisplayDevice> ReadPciDisplayDevices(const std::string& devices_folder) {
@@ -65,6 +74,30 @@ std::optional<DisplayDevice> DescribedDisplays::DeviceAt(int index) {
       machine_.display_devices ? *machine_.display_devices : *host_;
   if (index < 0 || static_cast<std::size_t>(index) >= devices.size()) return std::nullopt;
   return devices[static_cast<std::size_t>(index)];
+}
+
+const std::vector<DisplayMode>& DescribedDisplays::Modes() {
+  return machine_.display.modes ? *machine_.display.modes : host_modes_;
+}
+
+std::optional<DisplayMode> DescribedDisplays::ModeAt(int number) {
+  // Whoever asks for the mode in force wants it as it is now.
+  if (number == 0 && !machine_.display.modes) host_modes_ = ReadDisplayModes();
+  const std::vector<DisplayMode>& modes = Modes();
+  if (number < 0 || static_cast<std::size_t>(number) >= modes.size()) return std::nullopt;
+  return modes[static_cast<std::size_t>(number)];
+}
+
+ModeChange DescribedDisplays::ChangeMode(const ModeRequest& request) {
+  const std::vector<DisplayMode>& modes = Modes();
+  const bool is_listed = std::any_of(modes.begin(), modes.end(), [&](const DisplayMode& mode) {
+    return mode.width == request.width && mode.height == request.height &&
+           request.depth.value_or(mode.depth) == mode.depth;
+  });
+  if (!is_listed || IsAmong(machine_.display.refused, request)) return ModeChange::kFailed;
+  if (IsAmong(machine_.display.restart_needed, request)) return ModeChange::kRestartNeeded;
+  if (machine_.display.modes || dry_run_) return ModeChange::kDone;
+  return ChangeDisplayMode(request) ? ModeChange::kDone : ModeChange::kFailed;
 }
 
 }  // namespace kestrune::platform::portable

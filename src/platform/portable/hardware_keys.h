@@ -45,7 +45,7 @@ class HardwareKeys : public RegistryWrapper {
   void LoadValues();
 
   std::function<DescribedProcessor()> ask_processor_;  ///< null once it was asked
-  std::vector<std::vector<StoredValue>> processors_;  ///< the values of each, sorted by name
+  std::vector<std::vector<StoredValue>> processors_;   ///< the values of each, sorted by name
 };
 
 }  // namespace kestrune::platform::portable

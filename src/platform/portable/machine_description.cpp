@@ -17,6 +17,7 @@
 #include <toml++/toml.h>
 
 #include "platform/case_fold.h"
+#include "platform/parse_number.h"
 #include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
 
@@ -71,6 +72,38 @@ unsigned FirstLineTooDeep(std::string_view text) {
     text.remove_prefix(std::min(line.size() + 1, text.size()));
   }
   return 0;
+}
+
+/// The numbers between the x of a size: from 2 to 3 of them, none above 65535.
+std::vector<int> SizeNumbers(std::string_view text) {
+  std::vector<int> numbers;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('x'), rest.size());
+    numbers.push_back(ParseWhole<std::uint16_t>(rest.substr(0, end)).value_or(0));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  const bool is_size = !text.ends_with('x') && (numbers.size() == 2 || numbers.size() == 3) &&
+                       std::find(numbers.begin(), numbers.end(), 0) == numbers.end();
+  return is_size ? numbers : std::vector<int>();
+}
+
+std::optional<DescribedSize> ParseSize(std::string_view text) {
+  const std::vector<int> numbers = SizeNumbers(text);
+  if (numbers.empty()) return std::nullopt;
+  DescribedSize size{numbers[0], numbers[1], std::nullopt};
+  if (numbers.size() == 3) size.depth = numbers[2];
+  return size;
+}
+
+std::optional<DisplayMode> ParseMode(std::string_view text) {
+  constexpr std::string_view kUnit = "Hz";
+  const std::size_t blank = text.find(' ');
+  if (blank == text.npos || !text.ends_with(kUnit)) return std::nullopt;
+  const auto size = ParseSize(text.substr(0, blank));
+  text.remove_suffix(kUnit.size());
+  const auto refresh = ParseWhole<std::uint16_t>(text.substr(std::min(blank + 1, text.size())));
+  if (!size || !size->depth || !refresh) return std::nullopt;
+  return DisplayMode{size->width, size->height, *size->depth, *refresh};
 }
 
 /// What went wrong while a description was taken apart: its first fault, and its unknown keys.
@@ -156,13 +189,17 @@ class Table {
     findings_.Fault(node.source(), Quoted(key) + " must be " + wanted);
   }
 
+  /// The text that it is; empty for anything else.
+  static std::string_view TextOf(const toml::node& node) {
+    return node.is_string() ? std::string_view(node.as_string()->get()) : std::string_view();
+  }
+
   void Read(const toml::node& node, std::string_view key, std::string& target, const Range&) {
     if (!node.is_string()) return Wrong(node, key, "a text");
     target = node.as_string()->get();
   }
   void Read(const toml::node& node, std::string_view key, ProgramNames& target, const Range&) {
-    const std::string_view word =
-        node.is_string() ? std::string_view(node.as_string()->get()) : std::string_view();
+    const std::string_view word = TextOf(node);
     std::string words;
     for (const ProgramNamesWord& known : kProgramNames) {
       if (known.word == word) {
@@ -172,6 +209,16 @@ class Table {
       words += (words.empty() ? "" : " or ") + Quoted(known.word);
     }
     Wrong(node, key, words);
+  }
+  void Read(const toml::node& node, std::string_view key, DisplayMode& target, const Range&) {
+    const auto mode = ParseMode(TextOf(node));
+    if (!mode) return Wrong(node, key, "texts such as \"1024x768x32 85Hz\"");
+    target = *mode;
+  }
+  void Read(const toml::node& node, std::string_view key, DescribedSize& target, const Range&) {
+    const auto size = ParseSize(TextOf(node));
+    if (!size) return Wrong(node, key, "texts such as \"1024x768x32\" or \"1024x768\"");
+    target = *size;
   }
   template <std::integral Number>
   void Read(const toml::node& node, std::string_view key, Number& target, const Range& range) {
@@ -202,6 +249,12 @@ class Table {
   Findings& findings_;
   std::set<std::string_view> taken_;
 };
+
+/// Nothing where a table that is there says nothing.
+template <class Value>
+void FillIn(std::optional<Value>& value) {
+  if (!value) value.emplace();
+}
 
 void TakeOs(const toml::table& source, Findings& findings, MachineDescription& machine) {
   Table table(source, findings);
@@ -234,6 +287,7 @@ void TakeDisplay(const toml::table& source, Findings& findings, DescribedDisplay
   table.Take("modes", display.modes);
   table.Take("restart_needed", display.restart_needed);
   table.Take("refused", display.refused);
+  FillIn(display.modes);
 }
 
 void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& clocks) {
@@ -244,12 +298,6 @@ void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& 
   table.Take("memory_3d", clocks.memory_3d, kClockMhz);
   table.Take("homer", clocks.homer);
   table.Take("key_revision", clocks.key_revision);
-}
-
-/// Nothing where a table that is there says nothing.
-template <class Value>
-void FillIn(std::optional<Value>& value) {
-  if (!value) value.emplace();
 }
 
 void TakeMemory(const toml::table& source, Findings& findings, DescribedMemory& memory) {

@@ -26,11 +26,18 @@ struct DescribedClocks {
   std::optional<std::string> key_revision;  ///< absent: the card's
 };
 
-/// The display modes as the driver lists them, such as "1024x768x32 85Hz"; number 0 first.
+/// A size of the display, in every depth where none is given.
+struct DescribedSize {
+  int width = 0;
+  int height = 0;
+  std::optional<int> depth;
+};
+
+/// The display modes as the driver lists them, number 0 first.
 struct DescribedDisplay {
-  std::optional<std::vector<std::string>> modes;
-  std::vector<std::string> restart_needed;  ///< "800x600x32": a change to it asks for a restart
-  std::vector<std::string> refused;         ///< a change to it fails
+  std::optional<std::vector<DisplayMode>> modes;
+  std::vector<DescribedSize> restart_needed;  ///< a change to it asks for a restart
+  std::vector<DescribedSize> refused;         ///< a change to it fails
 };
 
 struct DescribedMemory {

@@ -45,6 +45,9 @@ std::string InstalledFolder(const std::string& executable_folder) {
   return std::filesystem::path(executable_folder + "/../share/kestrune").lexically_normal();
 }
 
+/// The program below the program folder that describes the graphics.
+constexpr const char* kReportProgram = "\\DATA\\d3dinfo.exe";
+
 /// Gives a new store what the machine's registry holds from the start.
 Result<void> FillStore(const MachineDescription& machine, Store& store) {
   if (machine.registry.empty()) return {};
@@ -79,13 +82,15 @@ class PortableMachine : public Machine {
         store_(std::move(store)),
         store_registry_(*store_),
         registry_(store_registry_, [this] { return Processor(); }),
-        display_(description_),
+        display_(description_, dry_run),
         version_(description_),
         system_(description_, [this] { return Processor(); }),
         driver_(description_, *store_),
         shell_(dry_run),
         files_(places.program_folders, description_.code_page, description_.programs) {
     shell_.SetDriverStandIn(&driver_);
+    shell_.SetHelper(files_.ProgramFolder() + kReportProgram,
+                     {places.own_folder + "/d3dinfo", places.program_folders.front()});
     if (dry_run) unwritten_.emplace(files_);
   }
 
@@ -127,9 +132,10 @@ MachinePlaces FindPlaces(const MachineOptions& options, const std::string& execu
   MachinePlaces places;
   const std::string home = DataHome();
   const std::string user = home.empty() ? "" : home + "/kestrune";
-  const std::string installed = InstalledFolder(
-      executable_folder.empty() ? std::filesystem::path(ExecutablePath()).parent_path().string()
-                                : executable_folder);
+  places.own_folder = executable_folder.empty()
+                          ? std::filesystem::path(ExecutablePath()).parent_path().string()
+                          : executable_folder;
+  const std::string installed = InstalledFolder(places.own_folder);
   const std::string given = FirstOf(options.program_folder, "KESTRUNE_PROGRAM_FOLDER", "");
   if (!given.empty()) {
     places.program_folders = {given};

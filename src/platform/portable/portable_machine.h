@@ -12,7 +12,8 @@ namespace kestrune::platform::portable {
 /// KESTRUNE_PROGRAM_FOLDER) and the defaults taken into account.
 struct MachinePlaces {
   std::string machine;
-  std::string store;  ///< empty when there is no place for one
+  std::string store;       ///< empty when there is no place for one
+  std::string own_folder;  ///< where the programs themselves stand
   std::vector<std::string> program_folders;
   std::vector<std::string> machine_folders;
 };

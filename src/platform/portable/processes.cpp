@@ -59,10 +59,10 @@ std::optional<FoundProcess> ParseStat(int id, std::string_view text) {
     fields[field] = ParseWhole<std::int64_t>(rest.substr(0, blank)).value_or(0);
     rest.remove_prefix(blank == rest.npos ? rest.size() : blank + 1);
   }
-  return FoundProcess{{ProcessName(text.substr(name + 1, end - name - 1)), id,
-                       static_cast<int>(fields[kParent]), static_cast<int>(fields[kThreads]),
-                       PriorityOf(fields[kNice], fields[kPolicy])},
-                      (fields[kFlags] & kKernelThread) != 0};
+  return FoundProcess{
+      {ProcessName(text.substr(name + 1, end - name - 1)), id, static_cast<int>(fields[kParent]),
+       static_cast<int>(fields[kThreads]), PriorityOf(fields[kNice], fields[kPolicy])},
+      (fields[kFlags] & kKernelThread) != 0};
 }
 
 /// The beginning of a file that a system makes up while it is read, as one read gives it.

@@ -52,6 +52,7 @@ struct Program {
 class EndedChild : public ChildProcess {
  public:
   ChildState Wait(int /*milliseconds*/) override { return ChildState::kEnded; }
+  void End() override {}
 };
 
 class StartedChild : public ChildProcess {
@@ -65,6 +66,7 @@ class StartedChild : public ChildProcess {
     if (requests_->AnyTaken()) return ChildState::kInterrupted;
     return process_.HasEnded() ? ChildState::kEnded : ChildState::kRuns;
   }
+  void End() override { process_.Kill(); }
 
  private:
   WatchedProcess process_;
@@ -172,7 +174,9 @@ Result<std::unique_ptr<ChildProcess>, StartFault> ProcessShell::StartProgram(
     std::string_view command_line, WindowState) {
   using Child = std::unique_ptr<ChildProcess>;
   if (TakenByDriver(command_line)) return Child(std::make_unique<EndedChild>());
-  Result<Program, StartFault> found = FindProgram(command_line, folder_);
+  const bool is_helper = !helper_.empty() && SameWithoutCase(command_line, helper_command_);
+  Result<Program, StartFault> found =
+      is_helper ? Program{helper_.front(), helper_} : FindProgram(command_line, folder_);
   if (!found) return FailWith(found.Reason());
   Program& program = found.Value();
   if (!IsFile(program.file) || access(program.file.c_str(), X_OK) != 0) {

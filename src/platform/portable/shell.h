@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/shell_api.h"
@@ -33,6 +34,12 @@ class ProcessShell : public ShellApi {
 
   /// The stand-in must outlive this; null for none.
   void SetDriverStandIn(DriverStandIn* driver) { driver_ = driver; }
+  /// What is started to be waited for, by its file and its words, in the place of the program that
+  /// a whole command line names.
+  void SetHelper(std::string command_line, std::vector<std::string> words) {
+    helper_command_ = std::move(command_line);
+    helper_ = std::move(words);
+  }
 
   bool StartCommand(std::string_view command_line, WindowState window) override;
   Result<std::unique_ptr<ChildProcess>, StartFault> StartProgram(std::string_view command_line,
@@ -48,6 +55,8 @@ class ProcessShell : public ShellApi {
   bool dry_run_;
   std::string folder_;  ///< empty: the one of this process
   DriverStandIn* driver_ = nullptr;
+  std::string helper_command_;
+  std::vector<std::string> helper_;  ///< empty: there is none
 };
 
 }  // namespace kestrune::platform::portable

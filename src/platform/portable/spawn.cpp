@@ -168,6 +168,15 @@ bool WatchedProcess::HasEnded() const {
   return poll(&ended, 1, 0) > 0;
 }
 
+void WatchedProcess::Kill() const {
+  if (HasEnded()) return;
+  if (descriptor_ >= 0) {
+    syscall(SYS_pidfd_send_signal, descriptor_, SIGKILL, nullptr, 0);
+  } else {
+    kill(process_, SIGKILL);
+  }
+}
+
 EndRequests::EndRequests()
     : descriptor_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
       outer_descriptor_(told_descriptor.exchange(descriptor_)) {

@@ -32,6 +32,8 @@ class WatchedProcess {
   /// Readable once the process has ended; -1 where the system has no such thing.
   int Descriptor() const { return descriptor_; }
   bool HasEnded() const;
+  /// Ends it at once.
+  void Kill() const;
 
  private:
   pid_t process_;

@@ -6,10 +6,11 @@
 
 namespace kestrune::face {
 
-platform::Answer PrintedDialog::ShowMessage(std::string_view, std::string_view text,
-                                            platform::Buttons) {
+platform::Answer PrintedDialog::Ask(std::string_view, std::string_view text,
+                                    const platform::Question& question) {
   std::fprintf(stderr, "message: %s\n", platform::PlainText(text).c_str());
-  return platform::Answer::kOk;
+  const bool times_out = question.seconds > 0 && question.buttons == platform::Buttons::kOkCancel;
+  return times_out ? platform::Answer::kCancel : question.preset;
 }
 
 void PrintedDialog::Notify(std::string_view sentence) {

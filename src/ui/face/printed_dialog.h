@@ -4,12 +4,12 @@
 
 namespace kestrune::face {
 
-/// Messages where nobody could press a button: they are printed on standard error, and the first
-/// button counts.
+/// Messages where nobody could press a button: they are printed on standard error, and the preset
+/// button counts, or the last one where the time for an answer is limited.
 class PrintedDialog : public platform::WindowlessDialog {
  public:
-  platform::Answer ShowMessage(std::string_view title, std::string_view text,
-                               platform::Buttons buttons) override;
+  platform::Answer Ask(std::string_view title, std::string_view text,
+                       const platform::Question& question) override;
   void Notify(std::string_view sentence) override;
 };
 

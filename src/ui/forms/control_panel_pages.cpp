@@ -5,7 +5,6 @@ namespace kestrune::forms {
 namespace {
 
 constexpr std::string_view kSettings = "control-panel.settings";
-constexpr std::string_view kResolution = "control-panel.resolution";
 
 constexpr ControlRow kSettingsRows[] = {
     Row(Kind::kCheck, "control-panel.settings.enable-coolbits-overclocking", kSettings,
@@ -45,16 +44,6 @@ constexpr ControlRow kSettingsRows[] = {
         .Does(Action::Kind::kOpenWindow, "registry-editor"),
 };
 
-constexpr ControlRow kResolutionRows[] = {
-    // Disabled until display modes can be changed.
-    Row(Kind::kLabel, "control-panel.resolution.select-from-list-label", kResolution,
-        {150, 375, 3000, 255}, 240)
-        .Names("control-panel.resolution.select-from-list"),
-    Row(Kind::kCombo, "control-panel.resolution.select-from-list", kResolution,
-        {150, 630, 3000, 390})
-        .Disabled(),
-};
-
 /// A switch and the picture of the page that it reveals; the temperature boxes have none.
 struct RevealedRow {
   std::string_view box;
@@ -75,21 +64,15 @@ constexpr RevealedRow kRevealed[] = {
     {"control-panel.settings.enable-direct3d-refreh-rate-page", "refresh"},
 };
 
-constexpr std::string_view kResolutions[] = {"640x480",  "800x600",   "1024x768",
-                                             "1152x864", "1280x1024", "1600x1200"};
-
 }  // namespace
 
 const std::span<const ControlRow> kControlPanelControls = kSettingsRows;
-const std::span<const ControlRow> kResolutionControls = kResolutionRows;
 
 ControlPanelPages::ControlPanelPages(const Shared& shared)
     : state_(shared.state),
       files_(shared.services.files),
       options_(shared.registry, shared.hardware, shared.LangText(), shared.controls),
-      picture_(shared.controls.Get<controls::PictureBox>("control-panel.settings.picture")),
-      resolutions_(
-          shared.controls.Get<controls::ComboBox>("control-panel.resolution.select-from-list")) {
+      picture_(shared.controls.Get<controls::PictureBox>("control-panel.settings.picture")) {
   for (const settings::Binding& binding : options_.Bindings()) {
     dynamic_cast<controls::CheckBox&>(*binding.control).on_change = [this, &binding] {
       options_.OptionChanged(binding);
@@ -105,10 +88,6 @@ ControlPanelPages::ControlPanelPages(const Shared& shared)
 void ControlPanelPages::ReadOptions() {
   const core::FlagScope starting(state_.IsStart);
   options_.ReadControlPanelOptions();
-}
-
-void ControlPanelPages::FillLists() {
-  resolutions_.SetItems({std::begin(kResolutions), std::end(kResolutions)});
 }
 
 void ControlPanelPages::ShowRevealed(std::string_view tag) {

@@ -7,10 +7,8 @@
 namespace kestrune::forms {
 
 extern const std::span<const ControlRow> kControlPanelControls;
-extern const std::span<const ControlRow> kResolutionControls;
 
-/// The pages of the control-panel group: the switches with the picture of what they reveal, and the
-/// display's resolution.
+/// The page of the control panel's switches, with the picture of what they reveal.
 class ControlPanelPages {
  public:
   explicit ControlPanelPages(const Shared& shared);
@@ -19,8 +17,6 @@ class ControlPanelPages {
 
   /// Shows what is stored for the switches.
   void ReadOptions();
-  /// Fills the list of resolutions to choose quickly from.
-  void FillLists();
 
  private:
   void ShowRevealed(std::string_view tag);
@@ -29,7 +25,6 @@ class ControlPanelPages {
   platform::FilesApi& files_;
   cpl::ControlPanelOptions options_;
   controls::PictureBox& picture_;
-  controls::ComboBox& resolutions_;
   std::string_view shown_tag_;
 };
 

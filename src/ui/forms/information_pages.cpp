@@ -11,9 +11,10 @@ namespace {
 
 constexpr std::string_view kBasic = "info.basic";
 
-/// A line that detection fills; one that it can't fill stays as designed.
-constexpr ControlRow Line(int place, std::string_view id, std::string_view design) {
-  return Row(Kind::kLabel, id, kBasic, {210, 300 + 345 * place, 7200, 270}).Design(design);
+/// A line that detection fills; one that it can't fill stays as designed. The processor's name may
+/// need two, so it stands last.
+constexpr ControlRow Line(int place, std::string_view id, std::string_view design, int lines = 1) {
+  return Row(Kind::kLabel, id, kBasic, {210, 285 + 330 * place, 7200, 270 * lines}).Design(design);
 }
 
 constexpr ControlRow kBasicRows[] = {
@@ -21,13 +22,13 @@ constexpr ControlRow kBasicRows[] = {
     Line(1, "info.basic.gpu-id", "GPU ID:"),
     Line(2, "info.basic.revision", "Revision:"),
     Line(3, "info.basic.display-driver-version", "Display driver version:"),
-    Line(4, "info.basic.cpu", "CPU:"),
-    Line(5, "info.basic.identifier", "Identifier:"),
-    Line(6, "info.basic.real-cpu-speed", "Real CPU speed:"),
-    Line(7, "info.basic.total-physics-memory", "Total physics memory:"),
-    Line(8, "info.basic.os-version", "OS version:"),
-    Line(9, "info.basic.directx-version", "DirectX version:"),
-    Line(10, "info.basic.kestrune-se-version", "Kestrune SE version:"),
+    Line(4, "info.basic.os-version", "OS version:"),
+    Line(5, "info.basic.directx-version", "DirectX version:"),
+    Line(6, "info.basic.total-physics-memory", "Total physics memory:"),
+    Line(7, "info.basic.kestrune-se-version", "Kestrune SE version:"),
+    Line(8, "info.basic.identifier", "Identifier:"),
+    Line(9, "info.basic.real-cpu-speed", "Real CPU speed:"),
+    Line(10, "info.basic.cpu", "CPU:", 2),
 };
 
 }  // namespace

@@ -2,12 +2,14 @@
 
 #include "ui/forms/control_panel_pages.h"
 #include "ui/forms/direct3d_pages.h"
+#include "ui/forms/directx_page.h"
 #include "ui/forms/driver_settings.h"
 #include "ui/forms/information_pages.h"
 #include "ui/forms/monitoring_page.h"
 #include "ui/forms/opengl_pages.h"
 #include "ui/forms/overclocking_page.h"
 #include "ui/forms/processes_page.h"
+#include "ui/forms/resolution_page.h"
 
 namespace kestrune::forms {
 
@@ -19,18 +21,22 @@ struct PageGroups {
         direct3d(shared, driver),
         opengl(shared, driver, direct3d),
         control_panel(shared),
+        resolution(shared),
         overclocking(shared),
         information(shared),
         monitoring(shared),
+        directx(shared),
         processes(shared) {}
 
   DriverSettings driver;
   Direct3DPages direct3d;
   OpenGLPages opengl;
   ControlPanelPages control_panel;
+  ResolutionPage resolution;
   OverclockingPage overclocking;
   InformationPages information;
   MonitoringPage monitoring;
+  DirectXPage directx;
   ProcessesPage processes;
 };
 

@@ -12,6 +12,7 @@ namespace {
 constexpr controls::Rect kPageBounds = {120, 840, 7560, 4260};
 
 void ReadControlPanel(PageGroups& pages) { pages.control_panel.ReadOptions(); }
+void FillDirectXReport(PageGroups& pages) { pages.directx.PageShown(); }
 void PrepareOverclocking(PageGroups& pages) { pages.overclocking.PageShown(); }
 
 const PageRow kRows[] = {
@@ -25,7 +26,8 @@ const PageRow kRows[] = {
     {"direct3d.filtering", 37, Group::kDirect3D, 2, "main.tf2", kDirect3DFilteringControls},
     {"opengl.misc", 38, Group::kOpenGL, 3, "main.ms", kOpenGLMiscControls},
     {"direct3d.misc", 39, Group::kDirect3D, 3, "main.ms2", kDirect3DMiscControls},
-    {"info.directx", 40, Group::kInformation, 2, "main.basicdx", {}},
+    {"info.directx", 40, Group::kInformation, 2, "main.basicdx", kDirectXControls,
+     FillDirectXReport},
     {"control-panel.resolution", 41, Group::kControlPanel, 2, "main.nvcpl2", kResolutionControls},
     {"direct3d.multitexturing", 42, Group::kDirect3D, 4, "main.mt", kMultitexturingControls},
     {"direct3d.shaders", 43, Group::kDirect3D, 5, "main.psvs", kShaderControls},

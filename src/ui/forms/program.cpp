@@ -153,7 +153,7 @@ void Program::Parts::FillSettings() {
   const int units = core::RegValue(cards.GetCardData("mt", false)).NumberOr(0);
   if (units < kFewestUnits) state.LowTextureUnits = 1;
   pages.driver.Lists().FillOptionLists();
-  pages.control_panel.FillLists();
+  pages.resolution.FillList();
   pages.driver.Read();
   pages.control_panel.ReadOptions();
   // Once more, now that the readers know whether SLI antialiasing is on.
@@ -178,6 +178,7 @@ void Program::Parts::ShowRememberedPage() {
 }
 
 void Program::Parts::ShowAtFirst() {
+  pages.resolution.ListDisplayModes();
   is_first_start = !registry.RegKeyExists(core::RegRoot::kCurrentUser, core::kOptionsKey);
   state.IsLoading = 1;
   state.IsStart = 1;

@@ -1,7 +1,10 @@
 #include "ui/qt/qt_dialog.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QTimer>
+#include <chrono>
 
 #include "ui/face/printed_dialog.h"
 #include "ui/qt/to_qt.h"
@@ -52,14 +55,20 @@ class InputDropper : public QObject {
 
 }  // namespace
 
-platform::Answer QtDialog::ShowMessage(std::string_view title, std::string_view text,
-                                       platform::Buttons buttons) {
-  const bool asks = buttons == platform::Buttons::kOkCancel;
+platform::Answer QtDialog::Ask(std::string_view title, std::string_view text,
+                               const platform::Question& question) {
+  const bool asks = question.buttons == platform::Buttons::kOkCancel;
   QMessageBox box(asks ? QMessageBox::Question : QMessageBox::Information, ToQt(title), ToQt(text),
                   asks ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok,
                   QApplication::activeWindow());
   // File names in a message are shown as they are, whatever they look like.
   box.setTextFormat(Qt::PlainText);
+  const bool presets_cancel = asks && question.preset == platform::Answer::kCancel;
+  box.setDefaultButton(presets_cancel ? QMessageBox::Cancel : QMessageBox::Ok);
+  if (question.seconds > 0) {
+    QAbstractButton* last = box.button(asks ? QMessageBox::Cancel : QMessageBox::Ok);
+    QTimer::singleShot(std::chrono::seconds(question.seconds), last, [last] { last->click(); });
+  }
   return box.exec() == QMessageBox::Ok ? platform::Answer::kOk : platform::Answer::kCancel;
 }
 

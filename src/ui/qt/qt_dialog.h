@@ -11,8 +11,8 @@ namespace kestrune::qt {
 /// they are printed on standard error. Needs a running QApplication.
 class QtDialog : public platform::DialogApi {
  public:
-  platform::Answer ShowMessage(std::string_view title, std::string_view text,
-                               platform::Buttons buttons) override;
+  platform::Answer Ask(std::string_view title, std::string_view text,
+                       const platform::Question& question) override;
   void Notify(std::string_view sentence) override;
   void RunPendingEvents() override;
   void WaitWhile(const std::function<bool()>& goes_on) override;

@@ -268,6 +268,12 @@ void WidgetMaker::Visit(controls::Bar& bar) {
 }
 
 void WidgetMaker::Visit(controls::Frame& frame) {
+  if (face::DrawnCaption(form_, frame).empty()) {
+    auto* outline = new QFrame(parent_);
+    outline->setFrameShape(QFrame::StyledPanel);
+    TieWhole(frame, outline, [] {});
+    return;
+  }
   auto* widget = new QGroupBox(parent_);
   Tie(frame, widget, [&form = form_, &frame, widget] {
     return DrawTitle(*widget, ToQt(face::DrawnCaption(form, frame)));

@@ -69,7 +69,7 @@ class LayoutTest : public testing::Test {
       case Kind::kHeading:
       case Kind::kLink:
       case Kind::kEdge:
-        return size.width();
+        return size.width() * lines;
       case Kind::kFrame:
         return size.width() - 16;
       default:

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -84,6 +85,30 @@ TEST(QtDialogTest, WhatAPersonDoesDuringAWaitIsDroppedAndWindowsLive) {
   window.ClickAndType();
   QCoreApplication::processEvents();
   EXPECT_EQ(window.Done(), "0aa");
+}
+
+/// What presses Enter in the message that is shown, or nothing when that is no message.
+void PressEnter() {
+  if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
+}
+
+TEST(QtDialogTest, EnterPressesThePresetButtonAndTheTimeLimitTheLast) {
+  using platform::Answer;
+  using platform::Buttons;
+  QtDialog dialog;
+  const std::tuple<Buttons, Answer, Answer> cases[] = {
+      {Buttons::kOk, Answer::kOk, Answer::kOk},
+      {Buttons::kOkCancel, Answer::kOk, Answer::kOk},
+      {Buttons::kOkCancel, Answer::kCancel, Answer::kCancel}};
+  for (const auto& [buttons, preset, answer] : cases) {
+    QTimer::singleShot(50, PressEnter);
+    EXPECT_EQ(dialog.Ask("title", "text", {buttons, preset, 0}), answer);
+  }
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_EQ(dialog.Ask("title", "text", {Buttons::kOkCancel, Answer::kOk, 1}), Answer::kCancel);
+  EXPECT_EQ(dialog.Ask("title", "text", {Buttons::kOk, Answer::kOk, 1}), Answer::kOk);
+  EXPECT_GE(clock.elapsed(), 1900);
 }
 
 TEST(QtDialogTest, NoticesGoToTheFaceElseToStandardError) {
