@@ -150,7 +150,7 @@ std::vector<wizard::WriterCall> PerformanceWizard::Calls(const wizard::Factors& 
 
 void PerformanceWizard::Optimize() {
   TakeFactors(factors_);
-  DriverSettings& driver = shared_.pages.driver;
+  DriverSettings& driver = shared_.pages->driver;
   for (const wizard::WriterCall& call : Calls(factors_)) {
     if (call.writer == settings::Writer::kDirect3D) {
       driver.WriteDirect3D(call.code, call.argument);
@@ -159,7 +159,7 @@ void PerformanceWizard::Optimize() {
     }
   }
   driver.Read();
-  shared_.pages.direct3d.ShowPreview();
+  shared_.pages->direct3d.ShowPreview();
   optimize_.SetEnabled(false);
 }
 
@@ -169,7 +169,7 @@ void PerformanceWizard::ShowPreview() {
     wizard::Factors factors = factors_;
     TakeFactors(factors);
     for (const wizard::WriterCall& call : Calls(factors)) {
-      const auto shown = ShownAfter(call, shared_.pages.driver.Direct3D());
+      const auto shown = ShownAfter(call, shared_.pages->driver.Direct3D());
       if (shown) lines.push_back(LineOf(*shown));
     }
   }

@@ -70,7 +70,7 @@ struct Program::Parts {
                                .close_manager = [this] { windows.Close(Manager()); }}};
   const Shared shared{services, state,    registry, timers,         focus,
                       controls, windows,  language, versions.state, adapter.state,
-                      cards,    hardware, clocks,   profiles,       pages};
+                      cards,    hardware, clocks,   profiles,       &pages};
 
   PageGroups pages{shared};
   HelpWindow help{shared};

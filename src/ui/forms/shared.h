@@ -36,7 +36,8 @@ struct Shared {
   const settings::Hardware& hardware;
   clocks::Clocks& clocks;
   profiles::Profiles& profiles;
-  PageGroups& pages;  ///< made after this; there for whatever is made after the pages
+  /// Made after this, for whatever is made after them; null where a program has no pages.
+  PageGroups* pages = nullptr;
 
   const lang::LangTable& LangText() const { return language.LangText; }
 };
