@@ -176,7 +176,8 @@ TEST_F(FaceTest, WhatTheProcessorsDoIsDrawnAndRecordedInRealTime) {
   QTest::mouseClick(&running.Widget<QPushButton>("info.monitoring.rec"), Qt::LeftButton);
   EXPECT_EQ(running.State("Recording"), 1);
   auto& graph = running.TheProgram().Main().Get<controls::Graph>("info.monitoring.cpu-graph");
-  EXPECT_TRUE(QTest::qWaitFor([&graph] { return graph.Shapes().size() >= 3; }));
+  // One line for each of the two processors a sample.
+  EXPECT_TRUE(QTest::qWaitFor([&graph] { return graph.Shapes().size() >= 6; }));
   // The line of a load of 37 percent on the third sample, 180 twips from the left.
   auto& widget = running.Widget<QWidget>("info.monitoring.cpu-graph");
   EXPECT_EQ(widget.grab().toImage().pixelColor(12, widget.height() - 20), QColor(0, 255, 0));
