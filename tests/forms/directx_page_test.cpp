@@ -29,7 +29,7 @@ TEST(DirectXPageTest, TheReportIsMadeOnceWhenThePageIsFirstShown) {
   machine.log.clear();
   ShowPage(driven);
   EXPECT_EQ(Report(driven), "first||  third|last");
-  const char* steps[] = {"events", "run\t" KESTRUNE_DATA_FOLDER "\\DATA\\d3dinfo.exe", "wait",
+  const char* steps[] = {"events", "run\t" KESTRUNE_DATA_FOLDER "\\data\\d3dinfo.exe", "wait",
                          "goes on", "file \\DATA\\d3d_adapter_info.txt"};
   auto at = machine.log.begin();
   for (const std::string step : steps) {

@@ -46,7 +46,7 @@ std::string InstalledFolder(const std::string& executable_folder) {
 }
 
 /// The program below the program folder that describes the graphics.
-constexpr const char* kReportProgram = "\\DATA\\d3dinfo.exe";
+constexpr const char* kReportProgram = "\\data\\d3dinfo.exe";
 
 /// Gives a new store what the machine's registry holds from the start.
 Result<void> FillStore(const MachineDescription& machine, Store& store) {

@@ -16,7 +16,7 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kList, "info.directx.report", "info.directx", {150, 330, 7260, 3780}),
 };
 
-constexpr std::string_view kProgram = "\\DATA\\d3dinfo.exe";
+constexpr std::string_view kProgram = "\\data\\d3dinfo.exe";
 constexpr std::string_view kReport = "\\DATA\\d3d_adapter_info.txt";
 
 constexpr int kWaitMs = 20;
