@@ -218,6 +218,9 @@ TEST(PerformanceWizardTest, ThePreviewSaysWhatThePagesThenShow) {
       Lay(machine, "Default", "0,9,20,20");
       if (is_sli) machine.StoreDirect3D("D3DOGL_12677978", 0x29060797);
       machine.StoreDirect3D("D3DOGL_70835937", 0x5010000E);
+      // A fast processor, so that every quality is asked for.
+      machine.Store(R"(HKLM\HARDWARE\DESCRIPTION\System\CentralProcessor\0)", "~MHz",
+                    "REG_DWORD 3000");
       Driven driven(machine);
       driven.Press("main.pw");
       for (int quality = 0; quality <= 9; ++quality) {
