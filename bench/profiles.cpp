@@ -59,6 +59,7 @@ std::vector<Row> CompareProfiles(const std::string& folder, int rounds) {
   BareStore bare(store);
   const std::int64_t key = bare.FindKey(DriverKey(program));
   std::vector<std::string> names;
+  names.reserve(kValues);
   for (int i = 0; i < kValues; ++i) names.push_back(platform::FoldCase(NameOf(i)));
   const auto plain = [&] {
     bare.BeginChange();

@@ -194,6 +194,7 @@ std::vector<Row> CompareImport(const std::string& folder, int rounds) {
   int round = 0;
   const auto import_in = [&](int parts) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(parts));
     for (int i = 0; i < parts; ++i) {
       texts.push_back(RegText(KeysOfRound(std::to_string(++round), kImportedValues / parts)));
     }

@@ -68,7 +68,8 @@ std::string FindDatabaseFile(platform::FilesApi& files, Category category, int d
 std::optional<std::vector<DatabaseEntry>> LoadDatabaseFile(platform::FilesApi& files,
                                                            std::string_view base_name,
                                                            std::size_t most) {
-  const auto bytes = files.ReadBytes(std::string(kDatabaseFolder).append(base_name).append(kEnding));
+  const auto bytes =
+      files.ReadBytes(std::string(kDatabaseFolder).append(base_name).append(kEnding));
   if (!bytes) return std::nullopt;
   const std::string text = files.DecodeText(*bytes, 0);
   std::vector<DatabaseEntry> entries;

@@ -18,7 +18,7 @@ TEST(MemoryInfoTest, MemoryIsToldInWholeMegabytes) {
            Case{1022 * kMegabyte, kMegabyte / 2, {1022, 1}},
            Case{1023 * kMegabyte + kMegabyte * 2 / 5, kMegabyte * 3 / 2, {1024, 3}},
            Case{1022 * kMegabyte + kMegabyte / 2, kMegabyte * 5 / 2, {1022, 3}},
-           Case{64 * 1024 * kMegabyte, 0, {64 * 1024, 1}},
+           Case{65536 * kMegabyte, 0, {65536, 1}},
            Case{0, 0, {0, 1}},
        }) {
     EXPECT_EQ(GetMemInfo({total, available}), told) << total << " " << available;

@@ -29,10 +29,11 @@ TEST(DirectXPageTest, TheReportIsMadeOnceWhenThePageIsFirstShown) {
   machine.log.clear();
   ShowPage(driven);
   EXPECT_EQ(Report(driven), "first||  third|last");
-  const char* steps[] = {"events", "run\t" KESTRUNE_DATA_FOLDER "\\data\\d3dinfo.exe", "wait",
-                         "goes on", "file \\DATA\\d3d_adapter_info.txt"};
+  const std::string start = "run\t" KESTRUNE_DATA_FOLDER R"(\data\d3dinfo.exe)";
+  const std::string steps[] = {"events", start, "wait", "goes on",
+                               R"(file \DATA\d3d_adapter_info.txt)"};
   auto at = machine.log.begin();
-  for (const std::string step : steps) {
+  for (const std::string& step : steps) {
     at = std::find(at, machine.log.end(), step);
     ASSERT_NE(at, machine.log.end()) << step;
   }

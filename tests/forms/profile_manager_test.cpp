@@ -84,6 +84,7 @@ TEST(ProfileManagerTest, ThePagesShowWhatWasApplied) {
 TEST(ProfileManagerTest, NoMoreThan129ProfilesOfTheListAreApplied) {
   FakeMachine machine;
   std::vector<std::string> names;
+  names.reserve(130);
   for (int i = 0; i < 130; ++i) names.push_back(std::to_string(1000 + i));
   LayProfiles(machine, names);
   Driven driven(machine);

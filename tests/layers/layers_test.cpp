@@ -198,8 +198,9 @@ constexpr std::size_t kLibraries = 3;
 
 TEST(Layers, EveryLibraryHasItsLicenceInTheAboutWindow) {
   std::set<std::string_view> used;
-  for (const auto& [file, line, name] : AllIncludes()) {
-    const bool is_library = file.find("tools/") != 0 &&
+  for (const Include& include : AllIncludes()) {
+    const std::string& name = include.name;
+    const bool is_library = include.file.find("tools/") != 0 &&
                             std::any_of(std::begin(kOutside), std::begin(kOutside) + kLibraries,
                                         [&](const Outside& row) {
                                           return std::regex_match(name, std::regex(row.name));
@@ -209,7 +210,8 @@ TEST(Layers, EveryLibraryHasItsLicenceInTheAboutWindow) {
         std::find_if(forms::kLicences.begin(), forms::kLicences.end(),
                      [&](const forms::LicenceRow& row) { return name.starts_with(row.headers); });
     if (licence == forms::kLicences.end()) {
-      ADD_FAILURE() << file << ":" << line << " includes " << name << ", which has no licence";
+      ADD_FAILURE() << include.file << ":" << include.line << " includes " << name
+                    << ", which has no licence";
     } else {
       used.insert(licence->library);
     }

@@ -28,8 +28,10 @@ struct Level {
 
   // The texture repeats.
   const Colour& At(int x, int y) const {
-    const auto wrapped = [this](int place) { return ((place % side) + side) % side; };
-    return texels[static_cast<std::size_t>(wrapped(y) * side + wrapped(x))];
+    const auto wrapped = [this](int place) {
+      return static_cast<std::size_t>(((place % side) + side) % side);
+    };
+    return texels[wrapped(y) * static_cast<std::size_t>(side) + wrapped(x)];
   }
 
   // The four nearest texels, by their distance; the place is in units of the whole texture.

@@ -14,10 +14,9 @@ namespace kestrune::forms {
 
 namespace {
 
-constexpr const WindowRow* kRows[] = {&kHelpWindow,     &kRegistryEditor,
-                                      &kProfileManager, &kAssociatedApplication,
-                                      &kAboutWindow,    &kIntroWindow,
-                                      &kMonitoringWindow, &kPerformanceWizard};
+constexpr const WindowRow* kRows[] = {
+    &kHelpWindow,  &kRegistryEditor, &kProfileManager,   &kAssociatedApplication,
+    &kAboutWindow, &kIntroWindow,    &kMonitoringWindow, &kPerformanceWizard};
 
 void Append(std::vector<ControlRow>& rows, const WindowRow& window) {
   rows.push_back(window.window);

@@ -75,6 +75,7 @@ QListWidget& ManyLines(SampleWindow& window) {
   window.Control<Frame>("page").SetVisible(false);
   window.Control<Frame>("other").SetVisible(true);
   std::vector<std::string> lines;
+  lines.reserve(3000);
   for (int i = 0; i < 3000; ++i) lines.push_back("line " + std::to_string(i));
   lines[2000] = "Zebra";
   window.Control<ListBox>("other.lines").SetItems(std::move(lines));
