@@ -11,7 +11,7 @@ namespace kestrune::platform::portable {
 /// no display, no RandR, or a Wayland compositor that decides by itself.
 std::vector<DisplayMode> ReadDisplayModes();
 
-/// Changes that display's mode until the session ends; false when the server refuses.
+/// Changes that display's mode until log-out; false when the server refuses.
 bool ChangeDisplayMode(const ModeRequest& request);
 
 }  // namespace kestrune::platform::portable
