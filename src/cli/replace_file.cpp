@@ -19,7 +19,10 @@ std::error_code Write(const fs::path& path, const char* mode, std::string_view b
   std::FILE* file = std::fopen(path.string().c_str(), mode);
   if (file == nullptr) return LastError();
   std::error_code error;
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file) < bytes.size()) error = LastError();
+  // Nothing at all may have no address.
+  const bool is_done =
+      bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  if (!is_done) error = LastError();
   // What was buffered may fail only now.
   if (std::fclose(file) != 0 && !error) error = LastError();
   return error;
