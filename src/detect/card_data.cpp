@@ -4,12 +4,15 @@
 
 namespace kestrune::detect {
 
-std::string CardData::Key(std::string_view table) const {
-  const std::string& id = adapter_.DeviceId;
-  if (table == "mt" && adapter_.DeviceIdPrefix == "004") return id;
+std::string CardCode(std::string_view device_id) {
   // The identifiers 00Fx are those of a bus bridge; their last digit tells the chip behind it.
-  const std::size_t first = adapter_.DeviceIdPrefix == "00F" ? 2 : 1;
-  return id.size() > first ? id.substr(first, 2) : std::string();
+  const std::size_t first = device_id.starts_with("00F") ? 2 : 1;
+  return std::string(device_id.size() > first ? device_id.substr(first, 2) : std::string_view());
+}
+
+std::string CardData::Key(std::string_view table) const {
+  if (table == "mt" && adapter_.DeviceIdPrefix == "004") return adapter_.DeviceId;
+  return CardCode(adapter_.DeviceId);
 }
 
 const std::string& CardData::Table(const std::string& name) {

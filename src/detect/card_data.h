@@ -9,6 +9,10 @@
 
 namespace kestrune::detect {
 
+/// The two digits of a device identifier that tell its chip, as they are spelled; fewer where it is
+/// too short for them.
+std::string CardCode(std::string_view device_id);
+
 /// Looks the card up in the small tables DATA\<name>.dat, which are keyed by short forms of the
 /// device identifier: "mt" textures per pass, "ps" and "vs" highest shader version with its slider
 /// position, "af" highest anisotropic level, "aa" class of antialiasing.

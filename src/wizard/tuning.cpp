@@ -4,6 +4,7 @@
 
 #include "core/field_reader.h"
 #include "core/number.h"
+#include "detect/card_data.h"
 #include "platform/case_fold.h"
 
 namespace kestrune::wizard {
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::string_view kSeparators = "\\/";
 constexpr std::string_view kEnding = ".dat";
-constexpr std::string_view kBridgePrefix = "00F";
 
 bool HasPartAbove(std::string_view path) {
   while (true) {
@@ -46,9 +46,7 @@ std::optional<std::vector<std::string>> ReadIndex(platform::FilesApi& files) {
 std::string CardCode(std::string_view device_id) {
   constexpr std::size_t kDigits = 4;
   if (device_id.size() < kDigits) return {};
-  const std::string id = platform::FoldCase(device_id);
-  // The identifiers 00Fx are those of a bus bridge; their last digit tells the chip behind it.
-  return id.substr(id.starts_with(kBridgePrefix) ? 2 : 1, 2);
+  return detect::CardCode(platform::FoldCase(device_id));
 }
 
 void TakeFactors(std::string_view text, Factors& factors) {

@@ -88,6 +88,7 @@ class ProfileManager : public WindowPart {
 
  private:
   void ReadStartUp();
+  void WriteStartUp();
   void StartUpTicked();
   void FillList();
   void ShowListText();
@@ -153,19 +154,18 @@ void ProfileManager::ReadStartUp() {
   start_up_.Show(stored.IsEmpty() ? 0 : 1);
   if (stored.IsEmpty() || stored.Text() == StartUpCommand()) return;
   const platform::UnaskedScope unasked = registry_.Unasked(platform::HeldUp::kPassedOver);
+  WriteStartUp();
+}
+
+void ProfileManager::WriteStartUp() {
   registry_.WriteAsBinary = 0;
   core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue,
                                        StartUpCommand()));
 }
 
 void ProfileManager::StartUpTicked() {
-  if (!start_up_.Checked()) {
-    registry_.DeleteRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue);
-    return;
-  }
-  registry_.WriteAsBinary = 0;
-  core::Ignore(registry_.WriteRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue,
-                                       StartUpCommand()));
+  if (start_up_.Checked()) return WriteStartUp();
+  registry_.DeleteRegValue(RegRoot::kCurrentUser, core::kLogOnKey, kStartUpValue);
 }
 
 void ProfileManager::FillList() {
