@@ -50,9 +50,10 @@ constexpr Layer kLayers[] = {
     {"ui/win32", {"ui/face"}},
     {"cli", {"ui/forms"}},
     {"tools/pictures"},
+    {"tools/cards"},
     {"tools/databases", {"regedit"}},
     {"tools/d3dinfo", {"platform/portable"}},
-    {"tools/tuning", {"wizard"}},
+    {"tools/tuning", {"wizard", "tools/cards"}},
     {"tools/screenshots", {"ui/qt"}},
 };
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "catalogue/catalogue.h"
@@ -27,21 +28,16 @@ using settings::Place;
 using settings::Setting;
 using test::FakeMachine;
 
-/// A file's digits and drivers that use it, on both sides of every change in between.
-struct Release {
-  std::string_view digits;
-  std::vector<int> drivers;
-};
-const Release kReleases[] = {
-    {"0000", {0, 2280, 2281, 4040, 4102, 4103, 4522}}, {"4523", {4523}}, {"8198", {8198}}};
+constexpr int kReleases[] = {0, 2183, 3082, 4523, 5303, 6177, 6921, 7184, 8198, 9371};
 
 class ShippedDatabasesTest : public testing::Test {
  protected:
-  std::vector<DatabaseEntry> Entries(std::string_view digits, std::string_view tag) {
+  /// What a driver finds.
+  std::vector<DatabaseEntry> Entries(int driver, Category category) {
     // One more than there may be, so that it shows.
-    const auto entries = LoadDatabaseFile(machine.Files(), std::string(digits).append(tag), 102);
-    EXPECT_TRUE(entries) << digits << tag;
-    return entries.value_or(std::vector<DatabaseEntry>());
+    const Database database = OpenDatabase(machine.Files(), category, driver, 102);
+    EXPECT_TRUE(database.entries) << database.file;
+    return database.entries.value_or(std::vector<DatabaseEntry>());
   }
 
   FakeMachine machine;
@@ -114,35 +110,109 @@ std::string StoredName(std::string_view tag, const std::string& name) {
   return platform::FoldCase(has_prefix ? name.substr(4) : name);
 }
 
+Known KnownTo(int driver) {
+  Known known;
+  LearnSettings(known, driver);
+  LearnTheRest(known, driver);
+  return known;
+}
+
 TEST_F(ShippedDatabasesTest, HaveEveryValueOfTheirReleaseAndEachOfUpToNineNumbers) {
-  for (const Release& release : kReleases) {
+  for (const int release : kReleases) {
     std::map<std::string, std::set<std::int32_t>> listed;
     for (const CategoryRow& category : kCategories) {
-      const auto entries = Entries(release.digits, category.tag);
+      const auto entries = Entries(release, category.category);
       EXPECT_LE(entries.size(), 101u);
       for (const DatabaseEntry& entry : entries) {
         const std::string name = StoredName(category.tag, entry.name);
         EXPECT_TRUE(listed.emplace(name, std::set(entry.values.begin(), entry.values.end())).second)
-            << release.digits << ": " << name << " is listed twice";
+            << release << ": " << name << " is listed twice";
       }
     }
-    Known known;
-    for (const int driver : release.drivers) {
-      LearnSettings(known, driver);
-      LearnTheRest(known, driver);
-    }
+    const Known known = KnownTo(release);
     for (const auto& [name, numbers] : known) {
-      EXPECT_TRUE(listed.contains(name)) << release.digits << " lacks " << name;
+      EXPECT_TRUE(listed.contains(name)) << release << " lacks " << name;
       if (numbers.size() > kMostValues) continue;
       for (const std::int32_t number : numbers) {
-        EXPECT_TRUE(listed[name].contains(number))
-            << release.digits << " " << name << ": " << number;
+        EXPECT_TRUE(listed[name].contains(number)) << release << " " << name << ": " << number;
       }
     }
     for (const auto& [name, numbers] : listed) {
-      EXPECT_TRUE(known.contains(name)) << release.digits << ": " << name << " is no value";
+      EXPECT_TRUE(known.contains(name)) << release << ": " << name << " is no value";
     }
   }
+}
+
+/// The part of a description that tells what the numbers mean to a driver.
+std::string MeaningsFor(int driver, const std::string& text) {
+  const std::regex from(R"(\. From (\d+)\.(\d\d) on: )");
+  std::size_t begin = 0;
+  std::size_t end = text.size();
+  for (std::sregex_iterator at(text.begin(), text.end(), from), last; at != last; ++at) {
+    const auto place = static_cast<std::size_t>(at->position());
+    const bool holds = driver >= std::stoi((*at)[1].str() + (*at)[2].str());
+    (holds ? begin : end) = place;
+    if (!holds) break;
+  }
+  return text.substr(begin, end - begin);
+}
+
+/// What a description keeps from a driver that knows these numbers of the value, or doesn't know it
+/// at all; empty where it is right for it.
+std::string MisleadsBy(const std::string& text, int driver, const std::set<std::int32_t>* numbers) {
+  if (numbers == nullptr) {
+    return std::regex_search(text, std::regex(R"(\d\d\.\d\d)")) ? "" : "the last release";
+  }
+  const std::string meanings = MeaningsFor(driver, text);
+  for (const std::int32_t number : *numbers) {
+    if (meanings.find(" " + std::to_string(number) + " = ") == text.npos) {
+      return std::to_string(number);
+    }
+  }
+  return "";
+}
+
+TEST_F(ShippedDatabasesTest, AreRightForEveryDriverThatUsesThem) {
+  for (const int driver :
+       {0,    2182, 2183, 2280, 2281, 3081, 3082, 4102, 4103, 4522, 4523, 4999,
+        5000, 5302, 5303, 5999, 6000, 6001, 6100, 6101, 6176, 6177, 6920, 6921,
+        6999, 7000, 7001, 7183, 7184, 7700, 7701, 8197, 8198, 9370, 9371, 9999}) {
+    const Known known = KnownTo(driver);
+    for (const CategoryRow& category : kCategories) {
+      for (const DatabaseEntry& entry : Entries(driver, category.category)) {
+        const auto found = known.find(StoredName(category.tag, entry.name));
+        EXPECT_EQ(
+            MisleadsBy(entry.description, driver, found == known.end() ? nullptr : &found->second),
+            "")
+            << driver << " " << entry.name;
+      }
+    }
+  }
+  const std::string text = "Below 41.03: 0 = a; 4 = b. From 41.03 on: 0 = c; 3 = d.";
+  const std::set<std::int32_t> numbers = {0, 3};
+  EXPECT_EQ(MisleadsBy(text, 4102, &numbers), "3");
+  EXPECT_EQ(MisleadsBy(text, 4103, &numbers), "");
+  EXPECT_EQ(MisleadsBy("It does a thing. 0 = a.", 4103, nullptr), "the last release");
+}
+
+TEST_F(ShippedDatabasesTest, SayFromWhichReleaseOnWhatSomeOfTheirDriversLack) {
+  const auto has = [this](int driver, std::string_view name, std::string_view words) {
+    const auto entries = Entries(driver, Category::kDirect3D);
+    return std::any_of(entries.begin(), entries.end(), [&](const DatabaseEntry& each) {
+      return each.name == name && each.description.find(words) != std::string::npos;
+    });
+  };
+  for (const int release : kReleases) {
+    const bool lacks_negative = release < 7000;
+    EXPECT_EQ(has(release, "D3D_D3D_16579523", "Drivers below 70.00 don't use it."), lacks_negative)
+        << release;
+    const bool lacks_highest = release <= 6100;
+    EXPECT_EQ(has(release, "D3D_D3D_QualityEnhancements", "High quality (from 61.01 on)"),
+              lacks_highest)
+        << release;
+  }
+  EXPECT_TRUE(has(5303, "D3D_D3DOGL_70835937", "= 16x (from 60.01 on)"));
+  EXPECT_TRUE(has(6177, "D3D_D3DOGL_70835937", "= 16x;"));
 }
 
 /// What is wrong with a description; empty where nothing is.
@@ -166,10 +236,10 @@ std::string FaultOf(const DatabaseEntry& entry) {
 }
 
 TEST_F(ShippedDatabasesTest, TellWhatEachValueDoesAndEachNumberMeans) {
-  for (const Release& release : kReleases) {
+  for (const int release : kReleases) {
     for (const CategoryRow& category : kCategories) {
-      for (const DatabaseEntry& entry : Entries(release.digits, category.tag)) {
-        EXPECT_EQ(FaultOf(entry), "") << release.digits << category.tag << " " << entry.name;
+      for (const DatabaseEntry& entry : Entries(release, category.category)) {
+        EXPECT_EQ(FaultOf(entry), "") << release << category.tag << " " << entry.name;
       }
     }
   }

@@ -60,7 +60,7 @@ class ShippedTuningTest : public testing::Test {
 
 TEST_F(ShippedTuningTest, AreWhatTheirTableMakes) {
   std::set<std::string> names;
-  for (const tuning::TuningFile& file : tuning::MakeTuning(machine.Files())) {
+  for (const tuning::TuningFile& file : tuning::MakeTuning()) {
     const std::string path = kFiles + file.name;
     if (std::getenv("KESTRUNE_WRITE_TUNING") != nullptr) {
       std::filesystem::create_directories(std::filesystem::path(path).parent_path());

@@ -20,18 +20,16 @@ using settings::Setting;
 using settings::Special;
 using settings::Writer;
 
-/// A file's release, and a driver on each side of every change among those that use the file.
-struct Release {
-  int release;
-  std::vector<int> drivers;
-};
-
-const Release kReleases[] = {
-    {0, {0, d3d::kLastLegacyDriver, 4522}}, {4523, {4523}}, {8198, {8198}}};
+/// The releases that have files. All drivers up to the next one use a release's files; 169.21 and
+/// its kin, of which four digits are told, are among those of 69.21.
+constexpr int kReleases[] = {0, 2183, 3082, 4523, 5303, 6177, 6921, 7184, 8198, 9371};
+constexpr int kBehindTheLast = 10000;
 
 struct Number {
   std::int32_t number;
   std::string words;
+
+  bool operator==(const Number&) const = default;
 };
 
 /// What a value's numbers mean from one release on.
@@ -72,11 +70,27 @@ std::string ReleaseText(int release) {
   return text;
 }
 
-/// The values of one release's files.
+/// The values of one release's files: those that the release itself knows, with what their numbers
+/// mean to each driver that uses the files.
 class ReleaseValues {
  public:
-  explicit ReleaseValues(const lang::LangTable& english) : english_(english) {}
+  ReleaseValues(int release, int next, const lang::LangTable& english)
+      : release_(release), english_(english) {
+    AddDriver(release);
+    const auto known = static_cast<std::ptrdiff_t>(values_.size());
+    for (int driver = release + 1; driver < next; ++driver) AddDriver(driver);
+    values_.erase(values_.begin() + known, values_.end());
+  }
 
+  std::string TextOf(Category category) {
+    std::string text;
+    for (Value& value : values_) {
+      if (value.category == category) text += LineOf(value);
+    }
+    return text;
+  }
+
+ private:
   void AddDriver(int driver) {
     for (const Setting* setting : catalogue::AllSettings())
       AddSetting(setting->For(driver), driver);
@@ -94,15 +108,6 @@ class ReleaseValues {
     }
   }
 
-  std::string TextOf(Category category) {
-    std::string text;
-    for (Value& value : values_) {
-      if (value.category == category) text += LineOf(value);
-    }
-    return text;
-  }
-
- private:
   Value& ValueOf(Category category, std::string_view name) {
     for (Value& value : values_) {
       if (value.category == category && platform::SameWithoutCase(value.name, name)) return value;
@@ -117,10 +122,12 @@ class ReleaseValues {
   }
 
   void AddSetting(const Setting& row, int driver);
+  std::string WordsOf(const Setting& row, const settings::Choice& choice) const;
   void AddOldEmulation();
   void AddCodes(Category category, std::span<const settings::CodeRow> codes);
   static std::string LineOf(Value& value);
 
+  int release_;
   const lang::LangTable& english_;
   std::vector<Value> values_;
 };
@@ -142,16 +149,25 @@ void ReleaseValues::AddSetting(const Setting& row, int driver) {
   const Category category = CategoryOf(row);
   if (driver < row.old_name_below) ValueOf(category, row.old_name);
   Value& value = ValueOf(category, row.name);
-  value.first_driver = row.needs.from_driver > driver ? row.needs.from_driver : 0;
+  if (row.needs.from_driver > driver) value.first_driver = row.needs.from_driver;
   Reading& reading = value.ReadingFrom(row.from_driver);
   reading.is_list = reading.is_list || !row.choices.empty();
   // What a list offers comes first, since a file suggests no more than nine numbers.
   for (const settings::Choice* choice : Offered(row, driver, settings::kNeverListed - 1)) {
-    if (choice->number) reading.Add(*choice->number, choice->text.In(english_));
+    if (choice->number) reading.Add(*choice->number, WordsOf(row, *choice));
   }
   for (const settings::Choice& choice : row.choices) {
-    if (choice.number) reading.Add(*choice.number, choice.text.In(english_));
+    if (choice.number) reading.Add(*choice.number, WordsOf(row, choice));
   }
+}
+
+/// What a choice is called, with the release from which lists have it where some driver that uses
+/// the files is below.
+std::string ReleaseValues::WordsOf(const Setting& row, const settings::Choice& choice) const {
+  const int last_without = choice.above_driver;
+  const bool is_later = last_without >= release_ && last_without > row.from_driver;
+  return choice.text.In(english_) +
+         (is_later ? " (from " + ReleaseText(last_without + 1) + " on)" : "");
 }
 
 void ReleaseValues::AddOldEmulation() {
@@ -184,13 +200,18 @@ void Describe(Value& value, const ValueDescription& description) {
         is_known = true;
       }
     }
-    if (!is_known) value.readings.back().Add(each.number, std::string(each.words));
+    if (!is_known && value.readings.back().from_driver >= each.from_driver) {
+      value.readings.back().Add(each.number, std::string(each.words));
+    }
   }
   for (Reading& reading : value.readings) {
     if (reading.is_list) continue;
     std::sort(reading.numbers.begin(), reading.numbers.end(),
               [](const Number& a, const Number& b) { return a.number < b.number; });
   }
+  const auto same = [](const Reading& a, const Reading& b) { return a.numbers == b.numbers; };
+  std::vector<Reading>& readings = value.readings;
+  readings.erase(std::unique(readings.begin(), readings.end(), same), readings.end());
 }
 
 /// "-1 = never; 0 = off", each reading behind the releases that it holds for.
@@ -248,12 +269,12 @@ std::string ReleaseValues::LineOf(Value& value) {
 
 std::vector<DatabaseFile> MakeDatabases(const lang::LangTable& english) {
   std::vector<DatabaseFile> files;
-  for (const Release& release : kReleases) {
-    ReleaseValues values(english);
-    for (const int driver : release.drivers) values.AddDriver(driver);
+  for (std::size_t i = 0; i < std::size(kReleases); ++i) {
+    const bool is_last = i + 1 == std::size(kReleases);
+    ReleaseValues values(kReleases[i], is_last ? kBehindTheLast : kReleases[i + 1], english);
     for (const regedit::CategoryRow& row : regedit::kCategories) {
       char digits[8];
-      std::snprintf(digits, sizeof digits, "%04d", release.release);
+      std::snprintf(digits, sizeof digits, "%04d", kReleases[i]);
       files.push_back({std::string(digits).append(row.tag) + ".dat", values.TextOf(row.category)});
     }
   }

@@ -23,10 +23,11 @@ constexpr ValueDescription kDescriptions[] = {
      {{0, "left to the game"}, {0x10000000, "never"}}},
     {"D3d_70835937",
      "Antialiasing mode for Direct3D: smooths jagged edges; more samples look better and cost "
-     "speed. Works together with the switch D3D_08285629.",
+     "speed. Works together with the switch D3D_08285629. Drivers from 50.00 on take the mode from "
+     "D3DOGL_70835937 instead.",
      {{0, "left to the game"}}},
     {"D3D_08285629",
-     "Switch that goes with the Direct3D antialiasing mode of D3d_70835937.",
+     "Switch that goes with the Direct3D antialiasing mode of D3d_70835937, before release 50.00.",
      {{0x57015990, "the mode is forced"}, {0x06326293, "antialiasing is off"}}},
     {"D3DOGL_74095213",
      "Anisotropic filtering for Direct3D and OpenGL: keeps textures sharp that are seen at an "
@@ -36,9 +37,9 @@ constexpr ValueDescription kDescriptions[] = {
       {0x10000001, "bilinear, without anisotropy"}}},
     {"D3d_74095213",
      "Anisotropic filtering for Direct3D: keeps textures sharp that are seen at an angle. Higher "
-     "levels cost speed; Point s. is point sampling, the coarsest filter. Auto, as without the "
-     "value, "
-     "leaves it to the game."},
+     "levels cost speed; point sampling (Point s.), of drivers below 41.03 alone, is the coarsest "
+     "filter. Auto, as without the value, leaves it to the game. Drivers from 50.00 on take the "
+     "level from D3DOGL_74095213 instead."},
     {"D3d_59954021",
      "Highest pixel shader version that games are told of. A lower one can make a game choose a "
      "simpler, faster path; higher than the card's own makes games fail. Delete the value for the "
@@ -55,8 +56,8 @@ constexpr ValueDescription kDescriptions[] = {
      {{1, "one texture"},
       {2, "two, as a Riva TNT or GeForce 2 has"},
       {4, "four, as a GeForce 3 or 4 Ti has"},
-      {8, "eight"},
-      {16, "sixteen, as a GeForce FX or 6 has"}}},
+      {8, "eight, as a GeForce FX and those after it have"},
+      {16, "sixteen"}}},
     {"D3d_46205529",
      "Compresses depth data in the card's memory, without any loss. Faster where the card can do "
      "it."},
@@ -222,9 +223,9 @@ constexpr ValueDescription kDescriptions[] = {
       {9, "nine frames, the most"}}},
     {"NVEmulate",
      "Chip family whose OpenGL abilities the driver pretends to have. Newer ones than the card's "
-     "own "
-     "are computed by the processor, extremely slowly.",
-     {{0, "the card's own"}, {-1, "everything, computed by the processor"}}},
+     "own are computed by the processor, extremely slowly. Drivers below 60.00 choose it by "
+     "MaxNVACCEL, NV20Emulate, NV25Emulate and NV30Emulate.",
+     {{0, "the card's own"}, {-1, "everything, computed by the processor", 6000}}},
     {"MaxNVACCEL",
      "Newest chip family, of the oldest ones, whose OpenGL abilities the driver shows, before "
      "release 60.00.",

@@ -9,6 +9,7 @@ namespace kestrune::databases {
 struct NumberWords {
   std::int32_t number = 0;
   std::string_view words = {};
+  int from_driver = 0;  ///< the first release with a meaning for it
 };
 
 inline constexpr std::size_t kMostWords = 10;

@@ -3,10 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/files_api.h"
-
 /// Makes the performance wizard's files that are installed below data/DATA/PW: the index, and for
-/// each kind of game and each card the factors that its memory and its pipelines allow.
+/// each kind of game and each card of tools/cards the factors that its memory and its pipelines
+/// allow.
 namespace kestrune::tuning {
 
 struct TuningFile {
@@ -14,7 +13,7 @@ struct TuningFile {
   std::string text;
 };
 
-/// Every file, the index first. What a card can do at most is read from its tables in `files`.
-std::vector<TuningFile> MakeTuning(platform::FilesApi& files);
+/// Every file, the index first.
+std::vector<TuningFile> MakeTuning();
 
 }  // namespace kestrune::tuning
