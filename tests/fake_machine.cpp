@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "platform/case_fold.h"
+#include "platform/command_words.h"
 #include "platform/temp_folder.h"
 #include "platform/value_text.h"
 
@@ -190,11 +190,11 @@ FakeMachine::FakeMachine(MachineKind setup)
   devices = {{R"(\\.\DISPLAY1)", "NVIDIA card", 5,
               R"(PCI\VEN_10DE&DEV_)" + setup_.device + "&SUBSYS_C5201458&REV_A1",
               R"(\Registry\Machine\)" + std::string(kCardKey)}};
-  description_.os = os;
-  description_.file_versions = {{FoldCase("NvCpl.dll"), driver_version}};
-  description_.display_devices = devices;
-  description_.clocks = setup_.clocks;
-  driver_.emplace(description_, *store_);
+  driver_.emplace(DescribedCard{.hardware_id = devices.front().hardware_id,
+                                .driver = setup_.driver,
+                                .is_9x = setup_.family == 0,
+                                .clocks = setup_.clocks},
+                  *registry_, *store_);
 }
 
 Services FakeMachine::Services() {
@@ -314,7 +314,7 @@ std::unique_ptr<LoadCounters> FakeMachine::OpenLoadCounters() {
 
 bool FakeMachine::StartCommand(std::string_view command_line, WindowState window) {
   last_window = window;
-  if (driver_ && portable::IsReloadCommand(command_line)) driver_->Reload(command_line);
+  if (driver_ && IsReloadCommand(command_line)) driver_->Reload(command_line);
   return true;
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/portable/driver.h"
+#include "platform/driver.h"
 #include "platform/portable/files.h"
 #include "platform/portable/store_registry.h"
 #include "platform/services.h"
@@ -27,7 +27,7 @@ struct MachineKind {
   int driver = 8000;  ///< release times 100; 0 is no driver file
   std::string device = "0091";
   /// What the card's driver answers reload commands with; without any it never answers.
-  std::optional<platform::portable::DescribedClocks> clocks = {};
+  std::optional<platform::DescribedClocks> clocks = {};
   bool ships_files = true;  ///< whether there are the shipped data files under those that are laid
 };
 
@@ -126,8 +126,7 @@ class FakeMachine : public platform::DisplayApi,
   MachineKind setup_;
   std::string folder_;  ///< for the laid files; made when one is
   std::unique_ptr<platform::portable::Store> store_;
-  platform::portable::MachineDescription description_;
-  std::optional<platform::portable::DescribedDriver> driver_;
+  std::optional<platform::DescribedDriver> driver_;
   std::unique_ptr<platform::portable::StoreRegistry> registry_;
   platform::Trace trace_;
   std::unique_ptr<platform::TracingRegistry> tracing_;

@@ -12,12 +12,12 @@ namespace texts = lang::texts;
 namespace {
 
 using core::RegRoot;
+using platform::kPlatform9x;
+using platform::kPlatformNt;
 using platform::OsVersion;
 using platform::ReleaseNumber;
 
 constexpr int kAny = -1;
-constexpr int kPlatform9x = 1;
-constexpr int kPlatformNt = 2;
 
 /// The first row that fits a version record names the family.
 struct FamilyRow {

@@ -11,6 +11,8 @@ namespace kestrune::platform {
 inline constexpr std::string_view kTweakKey = "SOFTWARE\\NVIDIA Corporation\\Global\\NVTweak";
 inline constexpr std::string_view kClockTweakKey = "Software\\NVIDIA Corporation\\Global\\NVTweak";
 
+/// What stands in the hardware identifier of every card that has an NVIDIA processor.
+inline constexpr std::string_view kVendorMark = "VEN_10DE";
 /// What stands in a hardware identifier before the two characters of the revision.
 inline constexpr std::string_view kRevisionMark = "REV_";
 

@@ -58,6 +58,16 @@ std::string_view WithoutLastBackslash(std::string_view path) {
   return path;
 }
 
+RegStatus FoldKeyPath(RegRoot root, std::string_view& path, std::string& folded) {
+  folded = LongRootName(root);
+  if (folded.empty()) return RegStatus::kInvalidHandle;
+  if (path.starts_with('\\')) return RegStatus::kBadPath;
+  path = WithoutLastBackslash(path);
+  if (path.ends_with('\\') || path.find("\\\\") != path.npos) return RegStatus::kBadPath;
+  if (!path.empty()) folded.append(1, '\\').append(FoldCase(path));
+  return RegStatus::kSuccess;
+}
+
 std::string KeyText(RegRoot root, std::string_view path) {
   return std::string(RootName(root)) + "\\" + std::string(path);
 }

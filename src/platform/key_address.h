@@ -29,6 +29,10 @@ struct KeyAddress {
 std::optional<KeyAddress> ParseKey(std::string_view text);
 /// A path without the one backslash that may end it.
 std::string_view WithoutLastBackslash(std::string_view path);
+/// The long name of a key's root and the key's path in capitals, by which keys are found and
+/// sorted; `path` loses the one backslash that may end it. kInvalidHandle for a root that isn't
+/// known, kBadPath for a path with a level that has no name.
+RegStatus FoldKeyPath(RegRoot root, std::string_view& path, std::string& folded);
 /// "HKLM\Software\..."
 std::string KeyText(RegRoot root, std::string_view path);
 

@@ -29,6 +29,13 @@ class ChildProcess {
   virtual void End() = 0;
 };
 
+/// The child of a program that was never started, or that had ended before anybody could wait.
+class EndedChild : public ChildProcess {
+ public:
+  ChildState Wait(int /*milliseconds*/) override { return ChildState::kEnded; }
+  void End() override {}
+};
+
 /// Why a program was not started.
 enum class StartFault {
   kNotFound,       ///< no such program, and the folder that its text names is there

@@ -6,11 +6,15 @@
 
 namespace kestrune::platform {
 
+/// The kinds of systems.
+inline constexpr int kPlatform9x = 1;
+inline constexpr int kPlatformNt = 2;
+
 /// The operating system's version record (GetVersionEx).
 struct OsVersion {
   int major = 0;
   int minor = 0;
-  int platform = 0;  ///< 1 = Windows 9x/Me, 2 = Windows NT
+  int platform = 0;  ///< kPlatform9x (Windows Me too) or kPlatformNt
 };
 
 /// Versions of the system and of its files (GetVersionEx, GetSystemDirectory, VerQueryValue).

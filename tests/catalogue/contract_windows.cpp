@@ -67,7 +67,7 @@ void ListPages(Listing& listing) {
 
 void ListKeys(Listing& listing) {
   listing.Section("what clicks start, and the page that is shown then, from page 6");
-  FakeMachine machine({.clocks = platform::portable::DescribedClocks{300, 650, {}, {}, 1000, {}}});
+  FakeMachine machine({.clocks = platform::DescribedClocks{300, 650, {}, {}, 1000, {}}});
   Driven driven(machine);
   for (const Control* control : ControlsOf<Control>(driven)) {
     const bool is_key = dynamic_cast<const controls::ToolKey*>(control) != nullptr;

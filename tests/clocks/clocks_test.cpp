@@ -8,7 +8,7 @@
 namespace kestrune::clocks {
 namespace {
 
-using platform::portable::DescribedClocks;
+using platform::DescribedClocks;
 using test::Driven;
 using test::FakeMachine;
 using test::MachineKind;

@@ -10,7 +10,7 @@
 namespace kestrune::forms {
 namespace {
 
-using platform::portable::DescribedClocks;
+using platform::DescribedClocks;
 using test::Driven;
 using test::FakeMachine;
 using test::Joined;

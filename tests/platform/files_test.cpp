@@ -10,9 +10,9 @@
 #include <thread>
 
 #include "platform/plain_user.h"
-#include "platform/portable/unwritten_files.h"
 #include "platform/portable/whole_file.h"
 #include "platform/temp_folder.h"
+#include "platform/unwritten_files.h"
 
 namespace kestrune::platform::portable {
 namespace {

@@ -31,12 +31,14 @@ class StoreUnderTest : public RegistryUnderTest {
   portable::StoreRegistry registry_;
 };
 
-/// A store behind a wrapper.
+/// A store in memory behind a wrapper.
 template <class Wrapper, class Extra>
 class WrapperUnderTest : public StoreUnderTest {
  public:
   explicit WrapperUnderTest(Extra extra)
-      : extra_(std::move(extra)), wrapper_(StoreUnderTest::Registry(), extra_) {}
+      : StoreUnderTest(true),
+        extra_(std::move(extra)),
+        wrapper_(StoreUnderTest::Registry(), extra_) {}
 
   RegistryApi& Registry() override { return wrapper_; }
 
@@ -68,6 +70,6 @@ constexpr RegistryKind kKinds[] = {
 
 }  // namespace
 
-std::span<const RegistryKind> RegistryKinds() { return kKinds; }
+std::span<const RegistryKind> MachineRegistryKinds() { return kKinds; }
 
 }  // namespace kestrune::platform

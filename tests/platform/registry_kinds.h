@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "platform/registry_api.h"
 
@@ -12,6 +14,8 @@ class RegistryUnderTest {
  public:
   virtual ~RegistryUnderTest() = default;
   virtual RegistryApi& Registry() = 0;
+  /// Puts there what is to be there before Registry() is used, as long as it is empty.
+  virtual void Fill(const std::function<void(RegistryApi&)>& fill) { fill(Registry()); }
 };
 
 struct RegistryKind {
@@ -19,7 +23,10 @@ struct RegistryKind {
   std::unique_ptr<RegistryUnderTest> (*make)();
 };
 
-/// Every kind of registry that this build has.
-std::span<const RegistryKind> RegistryKinds();
+/// Those of this build's machine.
+std::span<const RegistryKind> MachineRegistryKinds();
+
+/// Every kind of registry that this build has. The first is the model of all others.
+std::vector<RegistryKind> RegistryKinds();
 
 }  // namespace kestrune::platform

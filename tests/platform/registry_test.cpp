@@ -150,8 +150,16 @@ TEST_P(RegistryTest, ValuesKeepEveryTypeSizeAndName) {
       {"empty", RegType::kSz, ""},
       {"Ünïcode", RegType::kExpandSz, "x"},
       {"odd type", RegType{0xFFFFFFFF}, with_nul},
-      {"large", RegType::kBinary, std::string(70000, 7)},
+      {"64 KB", RegType::kBinary, std::string(65536, '\xFF')},
+      {"more", RegType::kBinary, std::string(70000, 7)},
       {"a\\b", RegType::kDword, "1234567"},
+      {"no number", RegType::kDword, ""},
+      {"text", RegType::kSz, std::string("text\0", 5)},
+      {"text without NUL", RegType::kSz, "text"},
+      {"two texts", RegType{7}, std::string("a\0b\0\0", 5)},
+      {" ", RegType::kBinary, std::string(1, '\0')},
+      {"\x01\t", RegType::kBinary, "\x80"},
+      {"byte of no code page \xEF\x9E\x81", RegType::kSz, std::string("\xEF\x9E\x8D\0", 4)},
   };
   for (const Case& c : cases) {
     ASSERT_EQ(Registry().SetValue(key, c.name, c.type, Bytes(c.data)), RegStatus::kSuccess);

@@ -12,7 +12,7 @@ namespace kestrune::profiles {
 namespace {
 
 using platform::ChildState;
-using platform::portable::DescribedClocks;
+using platform::DescribedClocks;
 using test::Driven;
 using test::FakeMachine;
 using test::Joined;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/display_api.h"
+#include "platform/driver.h"
 #include "platform/machine.h"
 #include "platform/portable/folder_listing.h"
 #include "platform/result.h"
@@ -15,16 +16,6 @@
 #include "platform/version_api.h"
 
 namespace kestrune::platform::portable {
-
-/// The clocks that the driver stand-in holds as a card's defaults, in MHz.
-struct DescribedClocks {
-  std::optional<int> core;
-  std::optional<int> memory;
-  std::optional<int> core_3d;
-  std::optional<int> memory_3d;
-  std::optional<int> homer;                 ///< absent: chosen when first needed
-  std::optional<std::string> key_revision;  ///< absent: the card's
-};
 
 /// A size of the display, in every depth where none is given.
 struct DescribedSize {

@@ -5,9 +5,10 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/driver.h"
+#include "platform/driver_keys.h"
 #include "platform/portable/code_page.h"
 #include "platform/portable/display.h"
-#include "platform/portable/driver.h"
 #include "platform/portable/files.h"
 #include "platform/portable/hardware_keys.h"
 #include "platform/portable/machine_description.h"
@@ -16,11 +17,12 @@
 #include "platform/portable/store.h"
 #include "platform/portable/store_registry.h"
 #include "platform/portable/system.h"
-#include "platform/portable/unwritten_files.h"
 #include "platform/portable/user_folders.h"
 #include "platform/portable/versions.h"
 #include "platform/portable/whole_file.h"
 #include "platform/reg_file.h"
+#include "platform/release_number.h"
+#include "platform/unwritten_files.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -64,6 +66,22 @@ Result<void> FillStore(const MachineDescription& machine, Store& store) {
   return Fail(store.FirstFailure().value_or(applied.Reason()));
 }
 
+/// The card is the last device that has NVIDIA's number.
+DescribedCard CardOf(const MachineDescription& machine) {
+  DescribedCard card;
+  if (machine.display_devices) {
+    for (const DisplayDevice& device : *machine.display_devices) {
+      if (device.hardware_id.find(kVendorMark) == std::string::npos) continue;
+      card.hardware_id = device.hardware_id;
+    }
+  }
+  const auto version = DescribedVersions(machine).FileVersionText("NvCpl.dll");
+  card.driver = version ? ReleaseNumber(*version).value_or(0) : 0;
+  card.is_9x = machine.os.platform == kPlatform9x;
+  card.clocks = machine.clocks;
+  return card;
+}
+
 DescribedProcessor ProcessorOf(const MachineDescription& machine) {
   const DescribedProcessor& described = machine.processor;
   const bool is_whole = described.count && described.mhz && described.names &&
@@ -85,7 +103,7 @@ class PortableMachine : public Machine {
         display_(description_, dry_run),
         version_(description_),
         system_(description_, [this] { return Processor(); }),
-        driver_(description_, *store_),
+        driver_(CardOf(description_), store_registry_, *store_),
         shell_(dry_run),
         files_(places.program_folders, description_.code_page, description_.programs) {
     shell_.SetDriverStandIn(&driver_);

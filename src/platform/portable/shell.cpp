@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/case_fold.h"
+#include "platform/command_words.h"
 #include "platform/portable/spawn.h"
 
 namespace kestrune::platform::portable {
@@ -30,8 +31,6 @@ constexpr ControlPanelProgram kControlPanel[] = {
     {"desk.cpl", "lxqt-config-monitor"},          {"desk.cpl", "arandr"},
 };
 
-constexpr std::string_view kBlanks = " \t";
-
 bool IsFile(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error);
@@ -46,13 +45,6 @@ bool IsFolder(const std::string& path) {
 struct Program {
   std::string file;
   std::vector<std::string> words;
-};
-
-/// The child of a program that was never started, or of the driver's work, which is done.
-class EndedChild : public ChildProcess {
- public:
-  ChildState Wait(int /*milliseconds*/) override { return ChildState::kEnded; }
-  void End() override {}
 };
 
 class StartedChild : public ChildProcess {
@@ -73,12 +65,6 @@ class StartedChild : public ChildProcess {
   std::optional<EndRequests> requests_;
 };
 
-std::string WithoutQuotes(std::string_view text) {
-  std::string plain(text);
-  std::erase(plain, '"');
-  return plain;
-}
-
 /// The program of a command line whose first word names it.
 std::optional<Program> FindByWords(std::vector<std::string> words, const std::string& folder) {
   if (words.empty() || words.front().empty()) return std::nullopt;
@@ -89,32 +75,16 @@ std::optional<Program> FindByWords(std::vector<std::string> words, const std::st
   return Program{std::move(*file), std::move(words)};
 }
 
-/// Where the beginnings of a command line end that may name a file: at a blank outside double
-/// quotes, and at its own end. A longer one than any path is none.
-std::vector<std::size_t> EndsOfBeginnings(std::string_view text) {
-  std::vector<std::size_t> ends;
-  bool in_quotes = false;
-  for (std::size_t at = 0; at < std::min<std::size_t>(text.size(), PATH_MAX); ++at) {
-    if (text[at] == '"') in_quotes = !in_quotes;
-    if (!in_quotes && kBlanks.find(text[at]) != kBlanks.npos) ends.push_back(at);
-  }
-  if (text.size() <= PATH_MAX) ends.push_back(text.size());
-  return ends;
-}
-
 /// The whole text as a program, else its shortest beginning that names one, else its first word.
 /// What is found need not be executable.
 Result<Program, StartFault> FindProgram(std::string_view text, const std::string& folder) {
-  const std::size_t start = text.find_first_not_of(kBlanks);
-  if (start == text.npos || text.find('\0') != text.npos) return FailWith(StartFault::kNotFound);
+  if (text.find('\0') != text.npos) return FailWith(StartFault::kNotFound);
   const std::string whole = PathFrom(folder, std::string(text));
   if (IsFile(whole)) return Program{whole, {std::string(text)}};
-  text.remove_prefix(start);
-  for (const std::size_t end : EndsOfBeginnings(text)) {
-    const std::string name = WithoutQuotes(text.substr(0, end));
+  for (const auto& [name, rest] : BeginningsOf(text, PATH_MAX)) {
     const std::string file = PathFrom(folder, name);
     if (!IsFile(file)) continue;
-    std::vector<std::string> words = SplitCommandLine(text.substr(end));
+    std::vector<std::string> words = SplitCommandLine(rest);
     words.insert(words.begin(), name);
     return Program{file, std::move(words)};
   }
@@ -126,33 +96,6 @@ Result<Program, StartFault> FindProgram(std::string_view text, const std::string
 }
 
 }  // namespace
-
-std::vector<std::string> SplitCommandLine(std::string_view command_line) {
-  std::vector<std::string> words;
-  bool in_word = false;
-  bool in_quotes = false;
-  for (const char c : command_line) {
-    const bool separates = !in_quotes && (c == ' ' || c == '\t');
-    if (separates) {
-      in_word = false;
-      continue;
-    }
-    if (!in_word) words.emplace_back();
-    in_word = true;
-    if (c == '"') {
-      in_quotes = !in_quotes;
-    } else {
-      words.back().push_back(c);
-    }
-  }
-  return words;
-}
-
-bool IsReloadCommand(std::string_view command_line) {
-  const std::vector<std::string> words = SplitCommandLine(command_line);
-  return !words.empty() && (SameWithoutCase(words.front(), "rundll32") ||
-                            SameWithoutCase(words.front(), "rundll32.exe"));
-}
 
 bool ProcessShell::TakenByDriver(std::string_view command_line) {
   if (!IsReloadCommand(command_line)) return false;

@@ -5,25 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/driver.h"
 #include "platform/shell_api.h"
 
 namespace kestrune::platform::portable {
-
-/// What acts as the driver when it is told to load its settings again.
-class DriverStandIn {
- public:
-  virtual ~DriverStandIn() = default;
-
-  /// A reload command, whole. What it changes has been changed when this returns.
-  virtual void Reload(std::string_view command_line) = 0;
-};
-
-/// Whether a command line is one for the driver: its first word is "rundll32", in any case, with
-/// or without ".exe".
-bool IsReloadCommand(std::string_view command_line);
-
-/// The words of a command line: blanks separate them, except between double quotes.
-std::vector<std::string> SplitCommandLine(std::string_view command_line);
 
 /// Starts programs of the running machine. Reload commands go to the driver stand-in instead, and
 /// have ended when it has done its work; without one they are accepted and nothing happens.

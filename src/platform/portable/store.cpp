@@ -19,17 +19,6 @@ constexpr KeyId kLastRootKey = 3;
 /// The highest number that a deleted key may have had, in the machine's state.
 constexpr std::string_view kHighestKey = "highest_key";
 
-/// Puts a key's whole path together and folds it; `path` loses the one backslash that may end it.
-RegStatus FoldPath(RegRoot root, std::string_view& path, std::string& folded) {
-  folded = LongRootName(root);
-  if (folded.empty()) return RegStatus::kInvalidHandle;
-  if (path.starts_with('\\')) return RegStatus::kBadPath;
-  path = WithoutLastBackslash(path);
-  if (path.ends_with('\\') || path.find("\\\\") != path.npos) return RegStatus::kBadPath;
-  if (!path.empty()) folded.append(1, '\\').append(FoldCase(path));
-  return RegStatus::kSuccess;
-}
-
 }  // namespace
 
 /// An open view ends for a change, and a new one shows what came of it.
@@ -54,7 +43,7 @@ RegStatus Store::FindKey(RegRoot root, std::string_view path, KeyId& key) {
   }
   std::string folded;
   const std::string_view asked = path;
-  RegStatus status = FoldPath(root, path, folded);
+  RegStatus status = FoldKeyPath(root, path, folded);
   if (status == RegStatus::kSuccess) status = FindFolded(folded, key);
   if (status == RegStatus::kSuccess) last_found_ = {key, root, std::string(asked)};
   return status;
@@ -74,7 +63,7 @@ RegStatus Store::CreateKey(RegRoot root, std::string_view path, KeyId& key) {
   RegStatus status = FindKey(root, path, key);
   if (status != RegStatus::kNotFound) return status;
   std::string folded;
-  status = FoldPath(root, path, folded);
+  status = FoldKeyPath(root, path, folded);
   if (status != RegStatus::kSuccess) return status;
   if (KeyFault(path) != nullptr) return RegStatus::kInvalidParameter;
   Transaction change(*this);
@@ -109,7 +98,7 @@ RegStatus Store::InsertMissingKeys(std::string_view folded, std::string_view pat
 
 RegStatus Store::DeleteKey(RegRoot root, std::string_view path) {
   std::string folded;
-  RegStatus status = FoldPath(root, path, folded);
+  RegStatus status = FoldKeyPath(root, path, folded);
   if (status != RegStatus::kSuccess) return status;
   if (path.empty()) return RegStatus::kAccessDenied;
   RenewView();

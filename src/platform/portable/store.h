@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/machine_memory.h"
 #include "platform/registry_api.h"
 #include "platform/result.h"
 
@@ -43,7 +44,7 @@ struct StoreOptions {
 /// and names are UTF-8, matched without regard to case and kept as first written. What is done with
 /// a key that was deleted, here or by another program, gives kKeyDeleted. Every failure of the file
 /// comes back as kReadFault or kWriteFault, and the first one is remembered. For one thread.
-class Store {
+class Store : public MachineMemory {
  public:
   /// Opens the store at a path, or creates it with its folder. A file that isn't a store, has
   /// another schema or is of a newer version is refused untouched, with all that stands beside it;
@@ -52,7 +53,7 @@ class Store {
   static Result<std::unique_ptr<Store>> Open(const StoreOptions& options);
   /// A copy in memory, of which nothing is kept. Not while a Transaction is open.
   Result<std::unique_ptr<Store>> CopyToMemory();
-  ~Store();
+  ~Store() override;
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
 
@@ -85,9 +86,8 @@ class Store {
   bool BeginChange();
   bool EndChange(bool keep);
 
-  /// What a described machine remembers outside every root, by a name of its own.
-  std::optional<std::string> MachineState(std::string_view name);
-  RegStatus SetMachineState(std::string_view name, std::string_view text);
+  std::optional<std::string> MachineState(std::string_view name) override;
+  RegStatus SetMachineState(std::string_view name, std::string_view text) override;
 
  private:
   class Query;

@@ -1,13 +1,21 @@
-#include "platform/portable/unwritten_files.h"
+#include "platform/unwritten_files.h"
 
-#include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include "platform/case_fold.h"
-#include "platform/portable/whole_file.h"
 #include "platform/program_path.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
+
+namespace {
+
+Failure<FileFailure> NoFile() {
+  const auto error = std::make_error_code(std::errc::no_such_file_or_directory);
+  return FailWith(FileFailure{FileFault::kNoFile, error.message()});
+}
+
+}  // namespace
 
 const UnwrittenFiles::File* UnwrittenFiles::Find(std::string_view path) const {
   const auto found = changed_.find(FoldCase(ProgramPathText(path)));
@@ -50,7 +58,7 @@ Result<std::string, FileFailure> UnwrittenFiles::ReadFile(const std::string& pat
   const auto in_folder = InProgramFolder(path, ProgramFolder());
   const File* file = in_folder ? Find(*in_folder) : nullptr;
   if (file == nullptr) return FilesWrapper::ReadFile(path);
-  if (!file->bytes) return FailWith(FailureOf(ENOENT, path));
+  if (!file->bytes) return NoFile();
   return *file->bytes;
 }
 
@@ -71,16 +79,16 @@ bool UnwrittenFiles::Has(std::string_view path) {
 
 Result<void, FileFailure> UnwrittenFiles::AppendFile(std::string_view path,
                                                      std::string_view /*bytes*/) {
-  if (!Has(path)) return FailWith(FailureOf(ENOENT, std::string(path)));
+  if (!Has(path)) return NoFile();
   return {};
 }
 
 Result<void, FileFailure> UnwrittenFiles::RemoveFile(std::string_view path) {
-  if (!Has(path)) return FailWith(FailureOf(ENOENT, std::string(path)));
+  if (!Has(path)) return NoFile();
   std::string text = ProgramPathText(path);
   std::string folded = FoldCase(text);
   changed_[std::move(folded)] = {std::move(text), std::nullopt};
   return {};
 }
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

@@ -6,7 +6,7 @@
 
 #include "platform/files_wrapper.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 
 /// Keeps what is written or deleted in memory, in front of files that stay as they are: later reads
 /// and listings see it, but it stands nowhere where another program could find it. What is appended
@@ -36,4 +36,4 @@ class UnwrittenFiles : public FilesWrapper {
   std::map<std::string, File> changed_;  ///< by the path in capitals
 };
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

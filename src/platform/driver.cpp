@@ -1,23 +1,21 @@
-#include "platform/portable/driver.h"
+#include "platform/driver.h"
 
 #include <algorithm>
 #include <array>
 #include <random>
+#include <span>
 
 #include "platform/case_fold.h"
+#include "platform/command_words.h"
 #include "platform/driver_keys.h"
 #include "platform/dword.h"
 #include "platform/parse_number.h"
-#include "platform/portable/versions.h"
-#include "platform/release_number.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 
 namespace {
 
-constexpr std::string_view kVendorMark = "VEN_10DE";
 constexpr std::string_view kDeviceMark = "DEV_";
-constexpr int kPlatform9x = 1;
 constexpr std::string_view kLibraries[] = {"NVCPL", "NVQTWK"};
 constexpr std::string_view kEntryPoints[] = {"NVSTARTUP", "NVXTINIT", "NVHWCTL"};
 
@@ -27,31 +25,19 @@ std::optional<std::size_t> Behind(std::string_view text, std::string_view mark) 
   return at == std::string_view::npos ? std::nullopt : std::optional(at + mark.size());
 }
 
-/// The hardware identifier of the card: that of the last NVIDIA device.
-std::string CardId(const MachineDescription& machine) {
-  std::string id;
-  if (!machine.display_devices) return id;
-  for (const DisplayDevice& device : *machine.display_devices) {
-    if (device.hardware_id.find(kVendorMark) != std::string::npos) id = device.hardware_id;
-  }
-  return id;
-}
-
 /// The part of the identifier from the vendor to the two digits of the revision, with the revision
 /// that the driver really uses.
-std::string InstanceOf(const std::string& card, const MachineDescription& machine) {
-  const std::optional<std::size_t> revision = Behind(card, kRevisionMark);
+std::string InstanceOf(const DescribedCard& card) {
+  const std::string& id = card.hardware_id;
+  const std::optional<std::size_t> revision = Behind(id, kRevisionMark);
   if (!revision) return {};
-  const std::size_t begin = card.find(kVendorMark);
-  const std::string used = machine.clocks->key_revision.value_or(card.substr(*revision, 2));
-  return card.substr(begin, *revision - begin) + used;
+  const std::size_t begin = id.find(kVendorMark);
+  const std::string used = card.clocks->key_revision.value_or(id.substr(*revision, 2));
+  return id.substr(begin, *revision - begin) + used;
 }
 
-bool HasShortKey(const MachineDescription& machine) {
-  if (machine.os.platform != kPlatform9x) return false;
-  DescribedVersions versions(machine);
-  const std::optional<std::string> version = versions.FileVersionText("NvCpl.dll");
-  return (version ? ReleaseNumber(*version).value_or(0) : 0) < kFirstInstanceClockDriver;
+bool HasShortKey(const DescribedCard& card) {
+  return card.is_9x && card.driver < kFirstInstanceClockDriver;
 }
 
 std::int16_t DeviceNumber(const std::string& card) {
@@ -66,21 +52,22 @@ bool IsOneOf(std::string_view word, std::span<const std::string_view> words) {
 
 }  // namespace
 
-DescribedDriver::DescribedDriver(const MachineDescription& machine, Store& store)
-    : machine_(machine), store_(store) {
-  const std::string card = CardId(machine);
-  if (card.empty() || !machine.clocks) return;
-  device_ = DeviceNumber(card);
-  clock_key_ =
-      ClockKeyOf(HasShortKey(machine) ? "" : DeviceInstanceKeyOf(InstanceOf(card, machine)));
-  const DescribedClocks& clocks = *machine.clocks;
+DescribedDriver::DescribedDriver(const DescribedCard& card, RegistryApi& registry,
+                                 MachineMemory& memory)
+    : registry_(registry), memory_(memory), roots_({RegRoot::kCurrentUser}) {
+  if (card.hardware_id.empty() || !card.clocks) return;
+  const DescribedClocks& clocks = *card.clocks;
+  device_ = DeviceNumber(card.hardware_id);
+  homer_ = clocks.homer;
+  clock_key_ = ClockKeyOf(HasShortKey(card) ? "" : DeviceInstanceKeyOf(InstanceOf(card)));
+  if (card.is_9x) roots_.push_back(RegRoot::kLocalMachine);
   const auto add = [this](std::string bart, std::string krusty, std::optional<int> core,
-                          std::optional<int> memory) {
-    if (!core && !memory) return;
+                          std::optional<int> memory_clock) {
+    if (!core && !memory_clock) return;
     pairs_.push_back({std::move(bart),
                       std::move(krusty),
                       {static_cast<std::int16_t>(core.value_or(0)),
-                       static_cast<std::int16_t>(memory.value_or(0))}});
+                       static_cast<std::int16_t>(memory_clock.value_or(0))}});
   };
   add("Bart", "Krusty", clocks.core, clocks.memory);
   add("Bart3D", "Krusty3D", clocks.core_3d, clocks.memory_3d);
@@ -98,16 +85,16 @@ void DescribedDriver::Reload(std::string_view command_line) {
   if (library.ends_with(".DLL")) library.resize(library.size() - 4);
   if (!IsOneOf(library, kLibraries) || !IsOneOf(target.substr(comma + 1), kEntryPoints)) return;
 
-  Transaction transaction(store_);
-  AnswerIn(RegRoot::kCurrentUser);
-  if (machine_.os.platform == kPlatform9x) AnswerIn(RegRoot::kLocalMachine);
-  // The store remembers what failed.
-  (void)transaction.Commit();
+  ChangeScope changes(registry_);
+  if (changes.Status() != RegStatus::kSuccess) return;
+  for (const RegRoot root : roots_) AnswerIn(root);
+  // The registry remembers what failed.
+  (void)changes.Commit();
 }
 
 void DescribedDriver::AnswerIn(RegRoot root) {
-  KeyId key = 0;
-  if (store_.CreateKey(root, clock_key_, key) != RegStatus::kSuccess) return;
+  OpenKey key(registry_);
+  if (key.Create(root, clock_key_) != RegStatus::kSuccess) return;
   const std::optional<std::int32_t> marge = Read(key, "Marge");
   const std::optional<std::int32_t> stored_homer = Read(key, "Homer");
   const std::int32_t homer = stored_homer.value_or(OwnHomer());
@@ -115,7 +102,7 @@ void DescribedDriver::AnswerIn(RegRoot root) {
   for (const Pair& pair : pairs_) AnswerPair(key, pair, homer, marge);
 }
 
-void DescribedDriver::AnswerPair(KeyId key, const Pair& pair, std::int32_t homer,
+void DescribedDriver::AnswerPair(const OpenKey& key, const Pair& pair, std::int32_t homer,
                                  std::optional<std::int32_t> marge) {
   const ClockKeys keys{device_, homer};
   const std::optional<std::int32_t> krusty = Read(key, pair.krusty);
@@ -130,19 +117,19 @@ void DescribedDriver::AnswerPair(KeyId key, const Pair& pair, std::int32_t homer
 
 std::int32_t DescribedDriver::OwnHomer() {
   constexpr std::string_view kName = "homer";
-  if (machine_.clocks->homer) return *machine_.clocks->homer;
-  const std::string kept = store_.MachineState(kName).value_or("");
+  if (homer_) return *homer_;
+  const std::string kept = memory_.MachineState(kName).value_or("");
   std::int32_t homer = ParseWhole<std::int32_t>(kept).value_or(0);
   if (homer == 0) {
     std::random_device random;
     homer = std::uniform_int_distribution<std::int32_t>(1, 0x7FFFFFFF)(random);
-    (void)store_.SetMachineState(kName, std::to_string(homer));
+    (void)memory_.SetMachineState(kName, std::to_string(homer));
   }
   return homer;
 }
 
 ClockPair DescribedDriver::InForce(const Pair& pair) {
-  const std::optional<std::string> kept = store_.MachineState(pair.krusty);
+  const std::optional<std::string> kept = memory_.MachineState(pair.krusty);
   if (!kept) return pair.defaults;
   const std::string_view text = *kept;
   const std::size_t comma = std::min(text.find(','), text.size());
@@ -151,21 +138,22 @@ ClockPair DescribedDriver::InForce(const Pair& pair) {
 }
 
 void DescribedDriver::PutInForce(const Pair& pair, const ClockPair& clocks) {
-  (void)store_.SetMachineState(pair.krusty,
-                               std::to_string(clocks.core) + "," + std::to_string(clocks.memory));
+  (void)memory_.SetMachineState(pair.krusty,
+                                std::to_string(clocks.core) + "," + std::to_string(clocks.memory));
 }
 
-std::optional<std::int32_t> DescribedDriver::Read(KeyId key, std::string_view name) {
+std::optional<std::int32_t> DescribedDriver::Read(const OpenKey& key, std::string_view name) {
   std::array<std::byte, kDwordSize> data{};
   RegType type = RegType::kNone;
   std::size_t size = 0;
-  if (store_.QueryValue(key, name, type, size, data) != RegStatus::kSuccess) return std::nullopt;
+  if (registry_.QueryValue(key.Handle(), name, type, size, data) != RegStatus::kSuccess)
+    return std::nullopt;
   if (type != RegType::kDword && type != RegType::kBinary) return std::nullopt;
   return DwordOf(data);
 }
 
-void DescribedDriver::Write(KeyId key, std::string_view name, std::int32_t number) {
-  (void)store_.SetValue(key, name, RegType::kDword, DwordBytes(number));
+void DescribedDriver::Write(const OpenKey& key, std::string_view name, std::int32_t number) {
+  (void)registry_.SetValue(key.Handle(), name, RegType::kDword, DwordBytes(number));
 }
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform
