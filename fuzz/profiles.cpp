@@ -12,9 +12,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text = fuzz::Text(data, size);
   platform::portable::FolderFiles files({}, 1252);
   const detect::VersionState versions{.OSFamily = 0, .DrvVer = 4523};
-  const auto fits = [size](const core::Findings& findings) {
+  const auto fits = [size](const platform::Findings& findings) {
     // No file has more lines than bytes, and no line more than a few findings.
-    for (const core::Finding& finding : findings) {
+    for (const platform::Finding& finding : findings) {
       fuzz::Require(finding.line >= 0 && finding.line <= static_cast<int>(size) + 1);
     }
   };

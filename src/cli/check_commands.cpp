@@ -1,58 +1,30 @@
-#include <algorithm>
-#include <filesystem>
-#include <optional>
-
+#include "cli/file_checks.h"
 #include "cli/profile_commands.h"
-#include "platform/case_fold.h"
 #include "platform/plain_text.h"
 #include "profiles/check_profile.h"
 #include "profiles/profile_file.h"
-#include "regedit/check_database.h"
 
 namespace kestrune::cli {
 
 namespace {
 
-/// A file that is checked: what a person calls it, and what it is for.
-class FileCheck {
+/// Prints what was found in files, at most so much of each.
+class Report {
  public:
-  FileCheck(Run& run, platform::FilesApi& files, const detect::VersionState* versions)
-      : run_(run), files_(files), versions_(versions) {
-    run_.out.BeginList();
-  }
+  explicit Report(Run& run) : run_(run) { run_.out.BeginList(); }
 
-  /// One file by its path.
-  void Check(const std::string& file) {
-    const auto bytes = files_.ReadFile(file);
-    if (!bytes) return Tell(file, {0, "it can't be read: " + bytes.Reason().reason});
-    const std::string text = files_.DecodeText(bytes.Value(), 0);
-    for (const core::Finding& finding : FindingsOf(file, text)) Tell(file, finding);
-  }
-
-  /// All files of a folder in the program folder.
-  void CheckFolder(std::string_view folder, std::string_view ending) {
-    for (const std::string& name : files_.ListFiles(folder, ending)) {
-      if (const auto file = files_.Locate(std::string(folder) + name)) Check(*file);
+  void Tell(const std::string& file, const platform::Findings& findings) {
+    constexpr std::size_t kMost = 100;
+    for (std::size_t i = 0; i < findings.size() && i < kMost; ++i) Tell(file, findings[i]);
+    if (findings.size() > kMost) {
+      Tell(file, {0, "and " + std::to_string(findings.size() - kMost) + " more", false});
     }
   }
 
   Status Answer() const { return has_fault_ ? Status::kNo : Status::kDone; }
 
  private:
-  core::Findings FindingsOf(const std::string& file, const std::string& text) const {
-    const std::filesystem::path path(file);
-    const bool is_database =
-        platform::SameWithoutCase(path.parent_path().filename().string(), "Database") &&
-        platform::SameWithoutCase(path.extension().string(), ".dat");
-    if (is_database) return regedit::CheckDatabase(path.stem().string(), text);
-    const bool is_profile =
-        platform::SameWithoutCase(path.extension().string(), profiles::kEnding) ||
-        core::FieldReader(text).Next() == profiles::kSignature;
-    if (is_profile) return profiles::CheckProfile(text, files_, versions_);
-    return {{0, "it is neither a speed profile nor a database of values"}};
-  }
-
-  void Tell(const std::string& file, const core::Finding& finding) {
+  void Tell(const std::string& file, const platform::Finding& finding) {
     has_fault_ = has_fault_ || !finding.is_note;
     std::string line = platform::PlainText(file);
     if (finding.line > 0) line += ":" + std::to_string(finding.line);
@@ -64,34 +36,74 @@ class FileCheck {
   }
 
   Run& run_;
-  platform::FilesApi& files_;
-  const detect::VersionState* versions_;
   bool has_fault_ = false;
 };
+
+platform::Findings CheckOwnProfile(forms::Program& program, platform::FilesApi& files,
+                                   const std::string& file) {
+  const auto bytes = files.ReadFile(file);
+  if (!bytes) return Unreadable(bytes.Reason().reason);
+  return profiles::CheckProfile(files.DecodeText(bytes.Value(), 0), files, &program.Versions());
+}
+
+void CheckAll(platform::Inspection& inspection, FileChecks& checks, Report& report) {
+  for (const platform::FoundFile& found : inspection.AllFiles()) {
+    const bool counts = found.is_folder || checks.IsToldByPlace(found.path);
+    if (!counts) continue;
+    if (!found.remark.empty()) {
+      report.Tell(found.path, {{0, found.remark, !found.is_fault}});
+    } else if (const auto findings = checks.CheckByPlace(found.path)) {
+      report.Tell(found.path, *findings);
+    }
+  }
+  for (const std::string& picture : forms::MissingPictures(inspection.Files())) {
+    report.Tell(inspection.Files().ProgramFolder() + "/" + picture,
+                {{0, "it can be asked for and isn't there"}});
+  }
+}
 
 }  // namespace
 
 Status CheckProfiles(Run& run, forms::Program& program) {
   platform::FilesApi& files = run.session->Files();
-  FileCheck check(run, files, &program.Versions());
+  Report report(run);
   const std::string& file = run.arguments.Word("FILE");
-  if (file.empty()) {
-    check.CheckFolder(profiles::kFolder, profiles::kEnding);
+  std::vector<std::string> paths;
+  if (!file.empty()) {
+    paths.push_back(profiles::PathOf(files, file));
   } else {
-    check.Check(profiles::PathOf(files, file));
+    for (const std::string& name : files.ListFiles(profiles::kFolder, profiles::kEnding)) {
+      if (auto path = files.Locate(std::string(profiles::kFolder) + name)) {
+        paths.push_back(std::move(*path));
+      }
+    }
   }
-  return check.Answer();
+  for (const std::string& path : paths) report.Tell(path, CheckOwnProfile(program, files, path));
+  return report.Answer();
 }
 
-Status CheckFiles(Run& run, Session& session) {
-  FileCheck check(run, session.Files(), nullptr);
-  const std::vector<std::string>& files = run.arguments.List("FILE");
-  if (files.empty()) {
-    check.CheckFolder(regedit::kDatabaseFolder, ".dat");
-    check.CheckFolder(profiles::kFolder, profiles::kEnding);
+Status CheckFiles(Run& run) {
+  const auto inspection = run.machines.Inspect(run.options.machine);
+  if (!inspection.Ok()) {
+    run.streams.Complain(inspection.Reason());
+    return Status::kImpossible;
   }
-  for (const std::string& file : files) check.Check(file);
-  return check.Answer();
+  FileChecks checks(*inspection.Value());
+  Report report(run);
+  const std::vector<std::string>& files = run.arguments.List("FILE");
+  if (files.empty()) CheckAll(*inspection.Value(), checks, report);
+  bool all_told = true;
+  for (const std::string& file : files) {
+    if (const auto findings = checks.Check(file)) {
+      report.Tell(file, *findings);
+    } else {
+      run.streams.Complain("what " + file +
+                           " is for can't be told from its place, its ending or "
+                           "its first field.");
+      all_told = false;
+    }
+  }
+  return all_told ? report.Answer() : Status::kWrongUsage;
 }
 
 }  // namespace kestrune::cli

@@ -74,7 +74,8 @@ constexpr Command kCommands[] = {
     {"profile diff", "Print what applying a speed profile would change", "FILE", DiffProfile},
     {"wizard", "Optimize with the performance wizard and print what it sets",
      "[--fine=AA,TF] ENTRY QUALITY", RunWizard, CheckWizardWords},
-    {"check", "Print what is wrong with speed profiles and databases", "[FILE...]", CheckFiles},
+    {"check", "Print what is wrong with data files: with some, or with all and every store",
+     "[FILE...]", CheckFiles},
     {"machine", "Print the machine descriptions, or one of them", "[NAME]", Machines, nullptr,
      &MachineSource::HasDescriptions},
 };

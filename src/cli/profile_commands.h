@@ -18,6 +18,6 @@ Status DiffProfile(Run& run);
 /// 1 when something is wrong.
 Status CheckProfiles(Run& run, forms::Program& program);
 /// Prints what is wrong with data files: those named, or all profiles and databases.
-Status CheckFiles(Run& run, Session& session);
+Status CheckFiles(Run& run);
 
 }  // namespace kestrune::cli

@@ -16,9 +16,7 @@ namespace {
 constexpr std::int16_t kTexturesCode = 96;
 constexpr std::int16_t kTexturesDeleteCode = 33;
 
-constexpr int kFewestTextures = 1;
 constexpr int kDesignTextures = 8;
-constexpr int kOverrideTextures = 17;
 constexpr int kDesignShaderPosition = 8;
 
 /// Shader versions in tenths; whatever isn't listed counts as the highest.
@@ -117,7 +115,7 @@ void CapabilityOverrides::InitMultitexturePage() {
   const std::optional<int> limit = core::ParseInt32(cards_.GetCardData("mt", false));
   override_textures_.Show(options_.Read(core::kOverrideMultiTextureValue).NumberOr(0));
   if (override_textures_.Checked()) {
-    textures_.SetRange(kFewestTextures, kOverrideTextures);
+    textures_.SetRange(kFewestTextures, kMostTextures);
   } else {
     textures_.SetRange(kFewestTextures, limit.value_or(kDesignTextures));
     if (limit && stored != -1 && stored > *limit) {

@@ -7,6 +7,10 @@
 
 namespace kestrune::d3d {
 
+/// What the multitexturing slider can be set to at all.
+inline constexpr int kFewestTextures = 1;
+inline constexpr int kMostTextures = 17;
+
 /// Lets the driver report fewer capabilities than the card has or, with an override, more. What is
 /// stored above the card's own limit is removed while the override is off. A card that its table
 /// doesn't list has no limit. Drivers of the oldest layout have none of this: the pages are

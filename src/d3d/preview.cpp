@@ -1,5 +1,6 @@
 #include "d3d/preview.h"
 
+#include "d3d/direct3d_settings.h"
 #include "lang/texts.h"
 
 namespace kestrune::d3d {
@@ -9,17 +10,34 @@ namespace texts = lang::texts;
 namespace {
 
 constexpr std::string_view kUnfiltered = "auto";
+constexpr std::string_view kNoMode = "Disabled";
+constexpr std::string_view kEnding = ".jpg";
 
-/// The name of a mode's picture: its text without what stands in brackets behind it.
-std::string PictureName(const std::string& mode, const lang::LangTable& lang_text) {
-  if (mode == lang_text[texts::kAuto]) return std::string(kUnfiltered);
-  if (const std::size_t bracket = mode.find('('); bracket != std::string::npos) {
-    return mode.substr(0, bracket > 0 ? bracket - 1 : 0);
+/// The picture of a mode: its text without what stands in brackets behind it.
+std::string PictureOf(std::string_view mode) {
+  if (const std::size_t bracket = mode.find('('); bracket != mode.npos) {
+    mode = mode.substr(0, bracket > 0 ? bracket - 1 : 0);
   }
-  return mode == lang_text[texts::kDisabled] ? "Disabled" : mode;
+  return std::string(mode).append(kEnding);
+}
+
+std::string PictureOf(const std::string& mode, const lang::LangTable& lang_text) {
+  if (mode == lang_text[texts::kAuto]) return PictureOf(kUnfiltered);
+  return PictureOf(mode == lang_text[texts::kDisabled] ? kNoMode : std::string_view(mode));
 }
 
 }  // namespace
+
+std::vector<std::string> PreviewPictures() {
+  std::vector<std::string> names = {PictureOf(kUnfiltered), PictureOf(kNoMode)};
+  for (const AaMode& mode : kAaModes) {
+    if (mode.card_level == settings::kNeverListed) continue;
+    for (const std::string_view text : {mode.text.word, mode.sli}) {
+      if (!text.empty()) names.push_back(PictureOf(text));
+    }
+  }
+  return names;
+}
 
 AaPreview::AaPreview(const controls::ControlSet& controls, platform::FilesApi& files,
                      const lang::LangTable& lang_text)
@@ -32,9 +50,9 @@ AaPreview::AaPreview(const controls::ControlSet& controls, platform::FilesApi& f
           controls.Get<controls::PictureBox>("direct3d.antialiasing.selected-antialiasing")) {}
 
 void AaPreview::ShowAaPreview() {
-  const std::string folder = zoom_.Chosen() ? "DATA/aa/2/" : "DATA/aa/1/";
-  const std::string none = folder + std::string(kUnfiltered) + ".jpg";
-  const std::string selected = folder + PictureName(mode_.Text(), LangText) + ".jpg";
+  const std::string folder(kPreviewFolders[zoom_.Chosen() ? 1 : 0]);
+  const std::string none = folder + PictureOf(kUnfiltered);
+  const std::string selected = folder + PictureOf(mode_.Text(), LangText);
   const bool has_none = files_.IsPicture(none);
   if (has_none) no_antialiasing_.ShowFile(none);
   // Mostly it is the same file, which would be read as a whole once more.

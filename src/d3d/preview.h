@@ -1,11 +1,19 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "controls/control_set.h"
 #include "controls/controls.h"
 #include "lang/language.h"
 #include "platform/files_api.h"
 
 namespace kestrune::d3d {
+
+inline constexpr std::string_view kPreviewFolders[] = {"DATA/aa/1/", "DATA/aa/2/"};
+/// The file names, in either folder, of all pictures that a list of modes can ask for.
+std::vector<std::string> PreviewPictures();
 
 /// The pictures that compare a scene without antialiasing with the chosen Direct3D mode.
 class AaPreview {

@@ -71,6 +71,12 @@ AdapterState AdapterState::InCapitals() const {
   return card;
 }
 
+std::optional<std::string> NvidiaDeviceOf(std::string_view hardware_id) {
+  const std::string_view id = core::TrimBlanks(hardware_id);
+  if (Part(id, kVendorAt, kIdDigits) != kNvidiaVendor) return std::nullopt;
+  return Part(id, kDeviceAt, kIdDigits);
+}
+
 void Adapter::FindVideoKey() {
   if (versions_.OSFamily == kWindows9x) {
     state.PureKey = kClassKey;
@@ -91,9 +97,8 @@ void Adapter::FindDisplayAdapter() {
   for (int index = 0;; ++index) {
     const std::optional<platform::DisplayDevice> device = display_.DeviceAt(index);
     if (!device) break;
-    const std::string_view hardware_id = core::TrimBlanks(device->hardware_id);
-    if (Part(hardware_id, kVendorAt, kIdDigits) != kNvidiaVendor) continue;
-    TakeIdentity(hardware_id);
+    if (!NvidiaDeviceOf(device->hardware_id)) continue;
+    TakeIdentity(core::TrimBlanks(device->hardware_id));
     if (!first_key) first_key = BelowRoot(UntilNul(device->driver_key));
   }
   state.PureKey = first_key.value_or("");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,6 +41,10 @@ struct AdapterState {
   /// The same card with its identifiers in capitals, as tables and people have them.
   AdapterState InCapitals() const;
 };
+
+/// The device digits of a display device's hardware identifier, as they are spelled there; nothing
+/// for a device that isn't NVIDIA's.
+std::optional<std::string> NvidiaDeviceOf(std::string_view hardware_id);
 
 /// Finds the NVIDIA display adapter, its driver's key and its processor family.
 ///

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,17 @@ namespace kestrune::detect {
 /// The two digits of a device identifier that tell its chip, as they are spelled; fewer where it is
 /// too short for them.
 std::string CardCode(std::string_view device_id);
+
+/// The tables of cards, by name.
+struct CardTable {
+  std::string_view name;
+  bool has_extra = false;  ///< its records have a third field
+};
+inline constexpr CardTable kCardTables[] = {{"mt"}, {"ps", true}, {"vs", true}, {"af"}, {"aa"}};
+inline constexpr std::string_view kCardTableEnding = ".dat";
+
+/// The cards that any of the program's tables has, each by its CardCode.
+std::set<std::string> ListedCards(platform::FilesApi& files);
 
 /// Looks the card up in the small tables DATA\<name>.dat, which are keyed by short forms of the
 /// device identifier: "mt" textures per pass, "ps" and "vs" highest shader version with its slider

@@ -9,16 +9,12 @@ namespace kestrune::lang {
 
 namespace {
 
-constexpr std::string_view kFolder = "\\DATA\\LANGUAGE\\";
-constexpr std::string_view kEnding = ".dat";
-constexpr std::string_view kDefaultLanguage = "en";
-constexpr std::string_view kCommentMark = "- ";
-constexpr std::string_view kCodePageMark = "- codepage ";
 constexpr std::size_t kMostFiles = 65;
 constexpr std::string_view kTooManyTexts = "Error in loading language";
 constexpr std::string_view kRestartNeeded = "Please restart Kestrune for change language.";
 
-/// The code page that a file names in the comment right after its two header fields; 0 is none.
+}  // namespace
+
 int DeclaredCodePage(std::string_view bytes) {
   core::FieldReader fields(bytes);
   fields.Next();
@@ -30,8 +26,6 @@ int DeclaredCodePage(std::string_view bytes) {
   std::from_chars(number.data(), number.data() + number.size(), code_page);
   return code_page;
 }
-
-}  // namespace
 
 const std::string& LangTable::operator[](int number) const {
   static const std::string kEmpty;
@@ -59,8 +53,8 @@ std::string Language::Decode(const std::string& bytes) const {
 /// False when the file has too many texts, after the message that says so.
 bool Language::ReadTexts() {
   const std::optional<std::string> bytes =
-      files_.ReadBytes(std::string(kFolder) + LanguageName + std::string(kEnding));
-  MissingFile = bytes ? "" : "DATA/LANGUAGE/" + LanguageName + std::string(kEnding);
+      files_.ReadBytes(std::string(kLanguageFolder) + LanguageName + std::string(kLanguageEnding));
+  MissingFile = bytes ? "" : "DATA/LANGUAGE/" + LanguageName + std::string(kLanguageEnding);
   if (!bytes) return true;
   const std::string text = Decode(*bytes);
   core::FieldReader fields(text);
@@ -79,9 +73,9 @@ bool Language::ReadTexts() {
 std::vector<std::string> Language::ListLanguages() {
   std::vector<std::string> display_names;
   LanguageFiles.clear();
-  for (const std::string& name : files_.ListFiles(kFolder, kEnding)) {
+  for (const std::string& name : files_.ListFiles(kLanguageFolder, kLanguageEnding)) {
     if (name.find('_') != std::string::npos) continue;
-    const std::optional<std::string> bytes = files_.ReadBytes(std::string(kFolder) + name);
+    const std::optional<std::string> bytes = files_.ReadBytes(std::string(kLanguageFolder) + name);
     if (!bytes) continue;
     const std::string text = Decode(*bytes);
     display_names.push_back(core::FieldReader(text).Next().value_or(""));
@@ -93,7 +87,7 @@ std::vector<std::string> Language::ListLanguages() {
 void Language::ChooseLanguage(int position) {
   if (position < 0 || static_cast<std::size_t>(position) >= LanguageFiles.size()) return;
   std::string name = LanguageFiles[static_cast<std::size_t>(position)];
-  name.resize(name.size() - kEnding.size());
+  name.resize(name.size() - kLanguageEnding.size());
   options_.Write(core::kLanguageValue, name);
   core::Ignore(dialog_.ShowMessage(core::kProgramTitle, kRestartNeeded, platform::Buttons::kOk));
 }

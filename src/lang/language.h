@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/options.h"
@@ -12,6 +13,15 @@
 namespace kestrune::lang {
 
 inline constexpr int kTextCount = 301;
+inline constexpr std::string_view kLanguageFolder = "\\DATA\\LANGUAGE\\";
+inline constexpr std::string_view kLanguageEnding = ".dat";
+inline constexpr std::string_view kDefaultLanguage = "en";
+/// What a field begins with that is a comment, and one that names the code page.
+inline constexpr std::string_view kCommentMark = "- ";
+inline constexpr std::string_view kCodePageMark = "- codepage ";
+
+/// The code page that a file names in the comment right after its two header fields; 0 is none.
+int DeclaredCodePage(std::string_view bytes);
 
 /// The interface texts of the chosen language, by number. A number outside the table is empty.
 class LangTable {

@@ -102,4 +102,22 @@ inline constexpr int kEmulationOff = 181;
 inline constexpr int kEmulationReference = 182;
 inline constexpr int kUnknown = 183;
 
+/// Numbers from the first to the last.
+struct Range {
+  int first;
+  int last;
+};
+
+/// The numbers that have a text in every language. The others are free.
+inline constexpr Range kAssigned[] = {{0, 6},     {10, 14},   {18, 21},   {25, 27},   {31, 69},
+                                      {85, 98},   {101, 185}, {187, 189}, {196, 214}, {219, 243},
+                                      {245, 247}, {254, 275}, {277, 280}};
+
+/// Texts that are told from one another, so that they differ in every language. -1 is none.
+inline constexpr int kToldApart[][4] = {{kQuality, kPerformance, kHighPerformance, kHighQuality},
+                                        {kNone, kBilinear, kTrilinear, kAuto},
+                                        {kDisabled, kEnabled, kUnknown, -1},
+                                        {kOnByDefault, kOffByDefault, kDesktopColorDepth, -1},
+                                        {kNoOverride, kEmulationOff, kEmulationReference, -1}};
+
 }  // namespace kestrune::lang::texts

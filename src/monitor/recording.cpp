@@ -9,7 +9,6 @@ namespace kestrune::monitor {
 
 namespace {
 
-constexpr std::string_view kTitle = "Monitoring file";
 constexpr std::string_view kLineEnd = "\r\n";
 
 std::string Field(std::string_view text) {
@@ -17,7 +16,7 @@ std::string Field(std::string_view text) {
 }
 
 std::string Beginning(bool two_processors) {
-  return Field(kTitle) + Field(two_processors ? "1" : "0");
+  return Field(kRecordingTitle) + Field(two_processors ? "1" : "0");
 }
 
 std::string Fields(const Sample& sample, int /*number*/, bool two_processors) {
@@ -66,7 +65,7 @@ int Recording::LeftOut() const {
 
 std::optional<Recording> ReadRecording(std::string_view bytes) {
   core::FieldReader fields(bytes);
-  if (fields.Next() != kTitle) return std::nullopt;
+  if (fields.Next() != kRecordingTitle) return std::nullopt;
   Recording recording;
   int processors = 0;
   recording.two_processors = TakeNumber(fields, processors) && processors == 1;

@@ -11,6 +11,8 @@ namespace kestrune::monitor {
 
 /// The program file that samples are recorded in.
 inline constexpr std::string_view kRecordingFile = "sm.dat";
+/// The first field of every recording.
+inline constexpr std::string_view kRecordingTitle = "Monitoring file";
 
 /// A way to write samples down, in lines that end with CR LF: what a file begins with, and what
 /// each sample, counted from 1, adds to it.

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/number.h"
-#include "d3d/direct3d_settings.h"
+#include "ogl/card_levels.h"
 
 namespace kestrune::ogl {
 
@@ -14,13 +14,6 @@ using settings::Shape;
 using settings::Special;
 
 namespace {
-
-/// The names in the card's antialiasing table, by level.
-constexpr std::string_view kAaLevels[] = {"0", "4", "q", "8"};
-static_assert(std::size(kAaLevels) == d3d::kFullAntialiasing + 1);
-
-/// The levels that the card's anisotropic table knows.
-constexpr int kAnisoLevels[] = {0, 2, 8, 16};
 
 void ShowItems(const Binding& binding, const std::vector<std::string>& items) {
   for (controls::Control* control : binding.Controls()) {

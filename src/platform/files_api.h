@@ -16,6 +16,9 @@ struct EncodedText {
   int lost = 0;
 };
 
+/// What a byte of no character becomes, with the byte added to it.
+inline constexpr char32_t kKeptByte = 0xF700;
+
 /// What is wrong with a file that can't be read or written.
 enum class FileFault {
   kNoFile,     ///< there is none, and its folder is there
@@ -81,9 +84,11 @@ class FilesApi {
   virtual std::string PathOf(const std::string& folder, const std::string& name) = 0;
 
   /// Turns single-byte text into UTF-8. `code_page` 0 is the system's. A byte that the code page
-  /// doesn't define is kept as a character of its own, so that EncodeText gives it back; a code
-  /// page that isn't known counts as the system's.
+  /// doesn't define is kept as the character kKeptByte + byte, so that EncodeText gives it back; a
+  /// code page that isn't known counts as the system's.
   virtual std::string DecodeText(std::string_view bytes, int code_page) = 0;
+  /// Whether DecodeText knows a code page by its number.
+  virtual bool HasCodePage(int code_page) = 0;
   /// Turns UTF-8 into single-byte text, as DecodeText turns it back.
   virtual EncodedText EncodeText(std::string_view text, int code_page) = 0;
 };

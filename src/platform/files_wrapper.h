@@ -44,6 +44,7 @@ class FilesWrapper : public FilesApi {
   std::string DecodeText(std::string_view bytes, int code_page) override {
     return inner_.DecodeText(bytes, code_page);
   }
+  bool HasCodePage(int code_page) override { return inner_.HasCodePage(code_page); }
   EncodedText EncodeText(std::string_view text, int code_page) override {
     return inner_.EncodeText(text, code_page);
   }

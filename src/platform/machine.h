@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/inspection.h"
 #include "platform/result.h"
 #include "platform/services.h"
 
@@ -50,6 +51,8 @@ class MachineSource {
 
   /// The reason of a failure is one sentence for a person.
   virtual Result<std::unique_ptr<Machine>> Open(const MachineOptions& options) = 0;
+  /// Everything that such machines stand on, to be looked at without opening one.
+  virtual Result<std::unique_ptr<Inspection>> Inspect(const MachineOptions& options) = 0;
   /// Whether the registry is a file that a command line can choose.
   virtual bool HasStores() const = 0;
   /// Whether there are several machines to choose from, by their descriptions.

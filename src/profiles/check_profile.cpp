@@ -23,7 +23,7 @@ class Checker {
   Checker(std::string_view text, platform::FilesApi& files, const detect::VersionState* versions)
       : reader_(text), files_(files), versions_(versions) {}
 
-  core::Findings Run() {
+  platform::Findings Run() {
     if (!reader_.ReadSignature()) {
       Add(1, "this is no speed profile: it doesn't begin with \"ksp\"");
       return std::move(findings_);
@@ -107,13 +107,13 @@ class Checker {
   platform::FilesApi& files_;
   const detect::VersionState* versions_;
   std::set<std::string> names_;
-  core::Findings findings_;
+  platform::Findings findings_;
 };
 
 }  // namespace
 
-core::Findings CheckProfile(std::string_view text, platform::FilesApi& files,
-                            const detect::VersionState* versions) {
+platform::Findings CheckProfile(std::string_view text, platform::FilesApi& files,
+                                const detect::VersionState* versions) {
   return Checker(text, files, versions).Run();
 }
 

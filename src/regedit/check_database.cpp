@@ -16,28 +16,39 @@ namespace {
 
 constexpr std::size_t kDigits = 4;
 
-void CheckName(std::string_view name, core::Findings& findings) {
-  const bool has_tag =
-      std::any_of(std::begin(kCategories), std::end(kCategories), [name](const CategoryRow& row) {
-        return name.substr(std::min(name.size(), kDigits)) == row.tag;
-      });
+const CategoryRow* CategoryOf(std::string_view tag) {
+  const auto* row = std::find_if(
+      std::begin(kCategories), std::end(kCategories),
+      [tag](const CategoryRow& each) { return platform::SameWithoutCase(each.tag, tag); });
+  return row == std::end(kCategories) ? nullptr : row;
+}
+
+/// Says what is wrong with a file's name; the category that it stands for, where it does.
+const CategoryRow* CheckName(std::string_view name, platform::Findings& findings) {
   const std::string_view digits = name.substr(0, kDigits);
-  if (!has_tag || digits.find_first_not_of("0123456789") != digits.npos) {
+  const std::string_view tag = name.substr(std::min(name.size(), kDigits));
+  const CategoryRow* category = CategoryOf(tag);
+  if (category == nullptr || digits.find_first_not_of("0123456789") != digits.npos) {
     findings.push_back(
         {0,
          "its name isn't four digits and then d3d, ogl or sys, so no driver is sure to choose it"});
+  } else if (tag != category->tag) {
+    findings.push_back({0, "no driver chooses it, since " + std::string(tag) + " isn't spelled " +
+                               std::string(category->tag)});
   } else if (digits.starts_with('0') && digits != "0000") {
     const std::size_t first = digits.find_first_not_of('0');
     findings.push_back({0, "a driver above that release looks for " +
                                std::string(name.substr(first)) + ".dat instead"});
   }
+  return category;
 }
 
 class Checker {
  public:
-  explicit Checker(std::string_view text) : fields_(text) {}
+  Checker(std::string_view text, const CategoryRow* category)
+      : fields_(text), prefix_(category != nullptr ? category->prefix : "") {}
 
-  void Run(core::Findings& findings) {
+  void Run(platform::Findings& findings) {
     for (std::size_t count = 1; !fields_.AtEnd(); ++count) {
       line_ = fields_.Line();
       CheckRecord(findings);
@@ -52,16 +63,23 @@ class Checker {
   }
 
  private:
-  void Add(core::Findings& findings, std::string reason) const {
+  void Add(platform::Findings& findings, std::string reason) const {
     findings.push_back({line_, std::move(reason)});
   }
 
-  void CheckRecord(core::Findings& findings) {
+  void CheckRecord(platform::Findings& findings) {
     const std::string name = fields_.Next().value_or("");
     if (name.empty()) Add(findings, "a value without a name");
     if (!names_.insert(platform::FoldCase(name)).second)
       Add(findings, name + " stands here a second time");
-    bool is_whole = fields_.Next().has_value();
+    if (!platform::SameWithoutCase(name.substr(0, prefix_.size()), prefix_)) {
+      Add(findings, name + " doesn't begin with " + std::string(prefix_));
+    }
+    const auto description = fields_.Next();
+    bool is_whole = description.has_value();
+    if (is_whole && (description->empty() || *description == kNoDescription)) {
+      Add(findings, name + " has no description");
+    }
     std::size_t numbers = 0;
     for (auto field = fields_.Next();; field = fields_.Next()) {
       is_whole = is_whole && field;
@@ -78,16 +96,17 @@ class Checker {
   }
 
   core::FieldReader fields_;
+  std::string_view prefix_;
   std::set<std::string> names_;
   int line_ = 0;
 };
 
 }  // namespace
 
-core::Findings CheckDatabase(std::string_view base_name, std::string_view text) {
-  core::Findings findings;
-  CheckName(base_name, findings);
-  Checker(text).Run(findings);
+platform::Findings CheckDatabase(std::string_view base_name, std::string_view text) {
+  platform::Findings findings;
+  const CategoryRow* category = CheckName(base_name, findings);
+  Checker(text, category).Run(findings);
   return findings;
 }
 

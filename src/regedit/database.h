@@ -25,6 +25,7 @@ enum class Drops {
 struct CategoryRow {
   Category category;
   std::string_view tag;     ///< ends the names of its files
+  std::string_view prefix;  ///< begins the names of its values, in any case
   std::string_view name;    ///< in every language
   std::string_view subkey;  ///< of the driver's key on Windows 9x; empty: the tweak key everywhere
   Drops drops;              ///< where a value is edited or deleted
@@ -33,11 +34,11 @@ struct CategoryRow {
 
 /// In the order of the editor's list.
 inline constexpr CategoryRow kCategories[] = {
-    {Category::kDirect3D, "d3d", "Direct3D", "\\NVidia\\Direct3D", Drops::kAlways,
+    {Category::kDirect3D, "d3d", "D3D_", "Direct3D", "\\NVidia\\Direct3D", Drops::kAlways,
      Drops::kOnWindows9xOrFrom2961},
-    {Category::kOpenGL, "ogl", "OpenGL", "\\NVidia\\OpenGL", Drops::kOnWindows9x,
+    {Category::kOpenGL, "ogl", "OGL_", "OpenGL", "\\NVidia\\OpenGL", Drops::kOnWindows9x,
      Drops::kOnWindows9x},
-    {Category::kSystem, "sys", "System / Control panel", "", Drops::kNever, Drops::kNever}};
+    {Category::kSystem, "sys", "", "System / Control panel", "", Drops::kNever, Drops::kNever}};
 
 const CategoryRow& RowOf(Category category);
 

@@ -12,7 +12,6 @@ namespace kestrune::wizard {
 namespace {
 
 constexpr std::string_view kSeparators = "\\/";
-constexpr std::string_view kEnding = ".dat";
 
 bool HasPartAbove(std::string_view path) {
   while (true) {
@@ -23,13 +22,13 @@ bool HasPartAbove(std::string_view path) {
   }
 }
 
+}  // namespace
+
 bool LeadsOut(std::string_view entry) {
   if (entry.empty() || entry == ".") return true;
   const bool has_drive = entry.size() > 1 && entry[1] == ':';
   return has_drive || kSeparators.find(entry.front()) != kSeparators.npos || HasPartAbove(entry);
 }
-
-}  // namespace
 
 std::optional<std::vector<std::string>> ReadIndex(platform::FilesApi& files) {
   const auto bytes = files.ReadBytes(kIndex);

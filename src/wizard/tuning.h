@@ -14,8 +14,11 @@ namespace kestrune::wizard {
 
 inline constexpr std::string_view kFolder = "\\DATA\\PW\\";
 inline constexpr std::string_view kIndex = "\\DATA\\PW\\index.dat";
+inline constexpr std::string_view kEnding = ".dat";
 inline constexpr std::string_view kDefaultEntry = "Default";
 
+/// Whether an entry names no folder below that of the index.
+bool LeadsOut(std::string_view entry);
 /// The entries in the index's order, without those that lead out of the folder; nothing where
 /// there is no index.
 std::optional<std::vector<std::string>> ReadIndex(platform::FilesApi& files);

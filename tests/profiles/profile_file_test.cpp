@@ -113,7 +113,7 @@ TEST(ProfileFileTest, AWordIsANameOfTheListOrAFile) {
 std::string Findings(std::string_view text, const detect::VersionState* versions = nullptr) {
   FakeMachine machine;
   std::string lines;
-  for (const core::Finding& finding : CheckProfile(text, machine.Files(), versions)) {
+  for (const platform::Finding& finding : CheckProfile(text, machine.Files(), versions)) {
     lines +=
         std::to_string(finding.line) + (finding.is_note ? " note " : " ") + finding.reason + "|";
   }

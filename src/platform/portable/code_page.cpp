@@ -12,7 +12,6 @@ namespace kestrune::platform::portable {
 namespace {
 
 constexpr int kUtf8 = 65001;
-constexpr char32_t kKeptByte = 0xF700;
 
 // The pages whose first half is ASCII, so that most texts need no table at all.
 constexpr int kKnownPages[] = {437,  720,  737,  775,  850,  852,  855,  857,  858, 860, 861,

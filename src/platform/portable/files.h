@@ -34,6 +34,7 @@ class FolderFiles : public FilesApi {
   std::string DecodeText(std::string_view bytes, int code_page) override {
     return code_pages_.Decode(bytes, code_page);
   }
+  bool HasCodePage(int code_page) override { return CodePages::IsKnown(code_page); }
   EncodedText EncodeText(std::string_view text, int code_page) override {
     return code_pages_.Encode(text, code_page);
   }

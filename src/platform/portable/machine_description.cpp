@@ -17,7 +17,10 @@
 #include <toml++/toml.h>
 
 #include "platform/case_fold.h"
+#include "platform/check_reg_file.h"
 #include "platform/parse_number.h"
+#include "platform/portable/code_page.h"
+#include "platform/portable/files.h"
 #include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
 
@@ -106,38 +109,46 @@ std::optional<DisplayMode> ParseMode(std::string_view text) {
   return DisplayMode{size->width, size->height, *size->depth, *refresh};
 }
 
-/// What went wrong while a description was taken apart: its first fault, and its unknown keys.
-class Findings {
- public:
-  explicit Findings(std::string file) : file_(std::move(file)) {}
+/// Where some keys of a description stand, from 1; 0 for one that isn't there.
+struct DescriptionLines {
+  int registry = 0;
+  int code_page = 0;
+  std::vector<int> hardware_ids;  ///< one a display device
+};
 
-  void Fault(const toml::source_region& place, const std::string& reason) {
+/// What is to be said of a description while it is taken apart: its first fault, its unknown keys,
+/// and where some of its keys stand.
+class Remarks {
+ public:
+  void Fault(const toml::source_region& place, std::string reason) {
     if (fault_) return;
-    fault_ = file_ + ":" + std::to_string(place.begin.line) + ":" +
-             std::to_string(place.begin.column) + ": " + reason;
+    column_ = static_cast<int>(place.begin.column);
+    fault_ = {static_cast<int>(place.begin.line), std::move(reason)};
   }
   void Unknown(const toml::key& key) {
-    warnings_.push_back(file_ + ":" + std::to_string(key.source().begin.line) + ": unknown key " +
-                        Quoted(key.str()));
+    unknown_.push_back(
+        {static_cast<int>(key.source().begin.line), "unknown key " + Quoted(key.str())});
   }
 
-  const std::optional<std::string>& FirstFault() const { return fault_; }
-  std::vector<std::string>& Warnings() { return warnings_; }
+  const std::optional<Finding>& FirstFault() const { return fault_; }
+  int FaultColumn() const { return column_; }
+  const Findings& UnknownKeys() const { return unknown_; }
+  DescriptionLines lines;
 
  private:
-  std::string file_;
-  std::optional<std::string> fault_;
-  std::vector<std::string> warnings_;
+  std::optional<Finding> fault_;
+  int column_ = 0;
+  Findings unknown_;
 };
 
 /// Takes the keys of one table. What is missing leaves its target as it was; a wrong type is a
 /// fault; keys that nobody took are unknown.
 class Table {
  public:
-  Table(const toml::table& table, Findings& findings) : table_(table), findings_(findings) {}
+  Table(const toml::table& table, Remarks& remarks) : table_(table), remarks_(remarks) {}
   ~Table() {
     for (const auto& [key, node] : table_) {
-      if (!taken_.contains(key.str())) findings_.Unknown(key);
+      if (!taken_.contains(key.str())) remarks_.Unknown(key);
     }
   }
   Table(const Table&) = delete;
@@ -146,6 +157,12 @@ class Table {
   template <class Target>
   void Take(std::string_view key, Target& target, const Range& range = {}) {
     if (const toml::node* node = Find(key)) Read(*node, key, target, range);
+  }
+
+  /// The line of what stands under a key; 0 where there is nothing.
+  int LineOf(std::string_view key) const {
+    const toml::node* node = table_.get(key);
+    return node != nullptr ? static_cast<int>(node->source().begin.line) : 0;
   }
 
   /// A text stands for `count` names that are alike.
@@ -186,7 +203,7 @@ class Table {
   }
 
   void Wrong(const toml::node& node, std::string_view key, const std::string& wanted) {
-    findings_.Fault(node.source(), Quoted(key) + " must be " + wanted);
+    remarks_.Fault(node.source(), Quoted(key) + " must be " + wanted);
   }
 
   /// The text that it is; empty for anything else.
@@ -246,7 +263,7 @@ class Table {
   }
 
   const toml::table& table_;
-  Findings& findings_;
+  Remarks& remarks_;
   std::set<std::string_view> taken_;
 };
 
@@ -256,42 +273,43 @@ void FillIn(std::optional<Value>& value) {
   if (!value) value.emplace();
 }
 
-void TakeOs(const toml::table& source, Findings& findings, MachineDescription& machine) {
-  Table table(source, findings);
+void TakeOs(const toml::table& source, Remarks& remarks, MachineDescription& machine) {
+  Table table(source, remarks);
   table.Take("major", machine.os.major, kVersionPart);
   table.Take("minor", machine.os.minor, kVersionPart);
   table.Take("platform", machine.os.platform, kPlatform);
   table.Take("system_folder", machine.system_folder);
 }
 
-void TakeFileVersions(const toml::table& source, Findings& findings, MachineDescription& machine) {
-  Table table(source, findings);
+void TakeFileVersions(const toml::table& source, Remarks& remarks, MachineDescription& machine) {
+  Table table(source, remarks);
   for (const auto& [key, node] : source) {
     table.Take(key.str(), machine.file_versions[FoldCase(key.str())]);
   }
 }
 
-void TakeDisplayDevice(const toml::table& source, Findings& findings, DisplayDevice& device) {
-  Table table(source, findings);
+void TakeDisplayDevice(const toml::table& source, Remarks& remarks, DisplayDevice& device) {
+  Table table(source, remarks);
   int state = 0;
   table.Take("name", device.name);
   table.Take("description", device.description);
   table.Take("state", state);
   table.Take("hardware_id", device.hardware_id);
+  remarks.lines.hardware_ids.push_back(table.LineOf("hardware_id"));
   table.Take("driver_key", device.driver_key);
   device.state = static_cast<unsigned>(state);
 }
 
-void TakeDisplay(const toml::table& source, Findings& findings, DescribedDisplay& display) {
-  Table table(source, findings);
+void TakeDisplay(const toml::table& source, Remarks& remarks, DescribedDisplay& display) {
+  Table table(source, remarks);
   table.Take("modes", display.modes);
   table.Take("restart_needed", display.restart_needed);
   table.Take("refused", display.refused);
   FillIn(display.modes);
 }
 
-void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& clocks) {
-  Table table(source, findings);
+void TakeClocks(const toml::table& source, Remarks& remarks, DescribedClocks& clocks) {
+  Table table(source, remarks);
   table.Take("core", clocks.core, kClockMhz);
   table.Take("memory", clocks.memory, kClockMhz);
   table.Take("core_3d", clocks.core_3d, kClockMhz);
@@ -300,16 +318,16 @@ void TakeClocks(const toml::table& source, Findings& findings, DescribedClocks& 
   table.Take("key_revision", clocks.key_revision);
 }
 
-void TakeMemory(const toml::table& source, Findings& findings, DescribedMemory& memory) {
-  Table table(source, findings);
+void TakeMemory(const toml::table& source, Remarks& remarks, DescribedMemory& memory) {
+  Table table(source, remarks);
   table.Take("total", memory.total, kMemoryBytes);
   table.Take("available", memory.available, kMemoryBytes);
   FillIn(memory.total);
   FillIn(memory.available);
 }
 
-void TakeProcessor(const toml::table& source, Findings& findings, DescribedProcessor& processor) {
-  Table table(source, findings);
+void TakeProcessor(const toml::table& source, Remarks& remarks, DescribedProcessor& processor) {
+  Table table(source, remarks);
   table.Take("count", processor.count, kProcessorCount);
   table.Take("type", processor.type);
   table.Take("mhz", processor.mhz, kProcessorMhz);
@@ -325,8 +343,8 @@ void TakeProcessor(const toml::table& source, Findings& findings, DescribedProce
   FillIn(processor.vendor);
 }
 
-void TakeProcess(const toml::table& source, Findings& findings, ProcessRecord& process) {
-  Table table(source, findings);
+void TakeProcess(const toml::table& source, Remarks& remarks, ProcessRecord& process) {
+  Table table(source, remarks);
   std::string name;
   table.Take("name", name);
   process.name = ProcessName(name);
@@ -336,28 +354,58 @@ void TakeProcess(const toml::table& source, Findings& findings, ProcessRecord& p
   table.Take("priority", process.priority, kPriority);
 }
 
-void TakeMachine(const toml::table& source, Findings& findings, MachineDescription& machine) {
-  Table table(source, findings);
+void TakeMachine(const toml::table& source, Remarks& remarks, MachineDescription& machine) {
+  Table table(source, remarks);
   table.Take("name", machine.title);
   table.Take("registry", machine.registry);
   table.Take("codepage", machine.code_page, kCodePage);
+  remarks.lines.registry = table.LineOf("registry");
+  remarks.lines.code_page = table.LineOf("codepage");
   table.Take("programs", machine.programs);
-  table.TakeTable("os", [&](const auto& t) { TakeOs(t, findings, machine); });
-  table.TakeTable("file_versions", [&](const auto& t) { TakeFileVersions(t, findings, machine); });
+  table.TakeTable("os", [&](const auto& t) { TakeOs(t, remarks, machine); });
+  table.TakeTable("file_versions", [&](const auto& t) { TakeFileVersions(t, remarks, machine); });
   table.TakeTables("display_device", [&](const auto& t) {
     if (!machine.display_devices) machine.display_devices.emplace();
-    TakeDisplayDevice(t, findings, machine.display_devices->emplace_back());
+    TakeDisplayDevice(t, remarks, machine.display_devices->emplace_back());
   });
-  table.TakeTable("display", [&](const auto& t) { TakeDisplay(t, findings, machine.display); });
+  table.TakeTable("display", [&](const auto& t) { TakeDisplay(t, remarks, machine.display); });
   table.TakeTable("clocks",
-                  [&](const auto& t) { TakeClocks(t, findings, machine.clocks.emplace()); });
-  table.TakeTable("memory", [&](const auto& t) { TakeMemory(t, findings, machine.memory); });
+                  [&](const auto& t) { TakeClocks(t, remarks, machine.clocks.emplace()); });
+  table.TakeTable("memory", [&](const auto& t) { TakeMemory(t, remarks, machine.memory); });
   table.TakeTable("processor",
-                  [&](const auto& t) { TakeProcessor(t, findings, machine.processor); });
+                  [&](const auto& t) { TakeProcessor(t, remarks, machine.processor); });
   table.TakeTables("process", [&](const auto& t) {
     if (!machine.processes) machine.processes.emplace();
-    TakeProcess(t, findings, machine.processes->emplace_back());
+    TakeProcess(t, remarks, machine.processes->emplace_back());
   });
+}
+
+void TakeText(std::string_view text, Remarks& remarks, MachineDescription& machine) {
+  if (const unsigned line = FirstLineTooDeep(text); line > 0) {
+    return remarks.Fault({{line, 1}, {line, 1}, nullptr}, "the line has too many dots");
+  }
+  const toml::parse_result parsed = toml::parse(text, machine.file);
+  if (parsed.failed()) {
+    return remarks.Fault(parsed.error().source(), std::string(parsed.error().description()));
+  }
+  TakeMachine(parsed.table(), remarks, machine);
+}
+
+/// What keeps a description's registry file from being imported, told where it is named.
+void CheckRegistryOf(const MachineDescription& machine, int line, Findings& findings) {
+  const std::string file = RegistryFileOf(machine);
+  if (file.empty()) return;
+  const std::string what = "the registry file " + machine.registry;
+  const auto bytes = ReadWholeFile(file, kLongestRegFile);
+  if (!bytes.Ok()) {
+    findings.push_back({line, what + " can't be read: " + bytes.Reason().reason});
+    return;
+  }
+  FolderFiles files({}, machine.code_page);
+  for (const Finding& finding : CheckRegFile(bytes.Value(), files)) {
+    findings.push_back({line, what + " has a fault in line " + std::to_string(finding.line) + ": " +
+                                  finding.reason});
+  }
 }
 
 std::vector<std::string> DescriptionFiles(const std::string& folder) {
@@ -383,22 +431,46 @@ Result<LoadedDescription> LoadMachineDescription(const std::string& file) {
 }
 
 Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file) {
-  Findings findings(file);
-  if (const unsigned line = FirstLineTooDeep(text); line > 0) {
-    findings.Fault({{line, 1}, {line, 1}, nullptr}, "the line has too many dots");
-    return Fail(*findings.FirstFault());
-  }
-  const toml::parse_result parsed = toml::parse(text, file);
-  if (parsed.failed()) {
-    findings.Fault(parsed.error().source(), std::string(parsed.error().description()));
-    return Fail(*findings.FirstFault());
-  }
+  Remarks remarks;
   LoadedDescription loaded;
   loaded.description.file = file;
-  TakeMachine(parsed.table(), findings, loaded.description);
-  if (findings.FirstFault()) return Fail(*findings.FirstFault());
-  loaded.warnings = std::move(findings.Warnings());
+  TakeText(text, remarks, loaded.description);
+  if (const auto& fault = remarks.FirstFault()) {
+    return Fail(file + ":" + std::to_string(fault->line) + ":" +
+                std::to_string(remarks.FaultColumn()) + ": " + fault->reason);
+  }
+  for (const Finding& unknown : remarks.UnknownKeys()) {
+    loaded.warnings.push_back(file + ":" + std::to_string(unknown.line) + ": " + unknown.reason);
+  }
   return loaded;
+}
+
+std::string RegistryFileOf(const MachineDescription& machine) {
+  if (machine.registry.empty()) return {};
+  return std::filesystem::path(machine.file).replace_filename(machine.registry).string();
+}
+
+DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file) {
+  Remarks remarks;
+  MachineDescription machine;
+  machine.file = file;
+  TakeText(text, remarks, machine);
+  DescriptionCheck check;
+  if (remarks.FirstFault()) {
+    check.findings.push_back(*remarks.FirstFault());
+    return check;
+  }
+  check.findings = remarks.UnknownKeys();
+  if (!CodePages::IsKnown(machine.code_page)) {
+    check.findings.push_back({remarks.lines.code_page,
+                              "code page " + std::to_string(machine.code_page) + " isn't known"});
+  }
+  CheckRegistryOf(machine, remarks.lines.registry, check.findings);
+  for (std::size_t i = 0; machine.display_devices && i < machine.display_devices->size(); ++i) {
+    check.devices.push_back(
+        {remarks.lines.hardware_ids[i], (*machine.display_devices)[i].hardware_id});
+  }
+  return check;
 }
 
 Result<std::string> FindMachineDescription(const std::string& machine,

@@ -9,6 +9,7 @@
 
 #include "platform/display_api.h"
 #include "platform/driver.h"
+#include "platform/inspection.h"
 #include "platform/machine.h"
 #include "platform/portable/folder_listing.h"
 #include "platform/result.h"
@@ -74,6 +75,11 @@ struct LoadedDescription {
 /// Reads a description. The reason of a failure is "FILE:LINE:COLUMN: ..." where it has a place.
 Result<LoadedDescription> LoadMachineDescription(const std::string& file);
 Result<LoadedDescription> ParseMachineDescription(std::string_view text, const std::string& file);
+
+/// The registry file that stands beside a description; empty where it names none.
+std::string RegistryFileOf(const MachineDescription& machine);
+/// What is wrong with a description of that file, and with the registry file that it names.
+DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file);
 
 /// The file of a description: `machine` itself when it has a slash or ends in ".toml", else the
 /// file of that name in the first of the folders that has one.

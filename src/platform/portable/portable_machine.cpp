@@ -52,9 +52,8 @@ constexpr const char* kReportProgram = "\\data\\d3dinfo.exe";
 
 /// Gives a new store what the machine's registry holds from the start.
 Result<void> FillStore(const MachineDescription& machine, Store& store) {
-  if (machine.registry.empty()) return {};
-  const std::string file =
-      std::filesystem::path(machine.file).replace_filename(machine.registry).string();
+  const std::string file = RegistryFileOf(machine);
+  if (file.empty()) return {};
   FolderFiles files({}, machine.code_page);
   const auto bytes = ReadWholeFile(file, kLongestRegFile);
   if (!bytes.Ok()) {
@@ -171,6 +170,7 @@ MachinePlaces FindPlaces(const MachineOptions& options, const std::string& execu
   places.machine = FirstOf(options.machine, "KESTRUNE_MACHINE", kDefaultMachine);
   const std::filesystem::path machine(places.machine);
   const std::string name = machine.extension() == ".toml" ? machine.stem() : machine.filename();
+  places.store_folder = user;
   const std::string usual = user.empty() ? "" : user + "/" + name + ".store";
   places.store = FirstOf(options.store, "KESTRUNE_STORE", usual);
   return places;

@@ -12,8 +12,9 @@ namespace kestrune::platform::portable {
 /// KESTRUNE_PROGRAM_FOLDER) and the defaults taken into account.
 struct MachinePlaces {
   std::string machine;
-  std::string store;       ///< empty when there is no place for one
-  std::string own_folder;  ///< where the programs themselves stand
+  std::string store;         ///< empty when there is no place for one
+  std::string store_folder;  ///< that of the usual stores; empty when there is no place for them
+  std::string own_folder;    ///< where the programs themselves stand
   std::vector<std::string> program_folders;
   std::vector<std::string> machine_folders;
 };
@@ -29,6 +30,7 @@ class PortableMachines : public MachineSource {
       : executable_folder_(std::move(executable_folder)) {}
 
   Result<std::unique_ptr<Machine>> Open(const MachineOptions& options) override;
+  Result<std::unique_ptr<Inspection>> Inspect(const MachineOptions& options) override;
   bool HasStores() const override { return true; }
   bool HasDescriptions() const override { return true; }
   std::vector<MachineInfo> List(const MachineOptions& options) override;

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/finding.h"
 #include "platform/machine_memory.h"
 #include "platform/registry_api.h"
 #include "platform/result.h"
@@ -51,6 +52,10 @@ class Store : public MachineMemory {
   /// so is a damaged one whose log was left behind. Other damage shows itself as a failure when it
   /// is come across. One that can't be written is opened for reading.
   static Result<std::unique_ptr<Store>> Open(const StoreOptions& options);
+  /// What is wrong with the store at a path, after a check of all its pages; nothing for a sound
+  /// one, and for an empty file, which will become one. Neither the file nor what stands beside it
+  /// is changed, made or deleted.
+  static Findings Check(const std::string& path);
   /// A copy in memory, of which nothing is kept. Not while a Transaction is open.
   Result<std::unique_ptr<Store>> CopyToMemory();
   ~Store() override;
@@ -115,13 +120,22 @@ class Store : public MachineMemory {
   int Connect(const std::string& file, int flags, std::chrono::milliseconds busy_timeout);
   void Disconnect();
   static int WaitForOthers(void* store, int waits);
+  /// Why a file is no store to work with: what it is, and what is said of it.
+  struct Refusal {
+    const char* subject;
+    const char* predicate;
+  };
+  static const Refusal kNoStore;
+  static const Refusal kDamaged;
+  static const Refusal kNewer;
+
+  int ConnectApart(bool has_log);
   int OpenApart(const StoreOptions& options, bool& is_apart, bool& is_empty,
-                std::optional<std::string>& refusal);
-  int OpenAmongOthers(const StoreOptions& options, bool& is_empty,
-                      std::optional<std::string>& refusal);
-  int Inspect(bool& is_empty, std::optional<std::string>& refusal);
+                std::optional<Refusal>& refusal);
+  int OpenAmongOthers(const StoreOptions& options, bool& is_empty, std::optional<Refusal>& refusal);
+  int Inspect(bool& is_empty, std::optional<Refusal>& refusal);
   int CompareSchema(bool& is_empty, bool& is_ours);
-  int CheckPages(std::optional<std::string>& refusal);
+  int CheckPages(std::optional<Refusal>& refusal);
   Result<void> Create(const StoreOptions& options);
   int UseWriteAheadLog();
   int Run(const char* sql);
@@ -139,6 +153,8 @@ class Store : public MachineMemory {
   RegStatus WriteFailed(int code);
   void Remember(const char* what, int code);
   std::string Reason(int code) const;
+  static std::optional<Refusal> RefusalFor(int code);
+  std::string Sentence(const Refusal& refusal) const;
   std::string OpeningFailed(int code) const;
 
   bool EndOpenChange(bool keep);

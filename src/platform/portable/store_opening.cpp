@@ -137,6 +137,27 @@ Result<std::unique_ptr<Store>> Store::Open(const StoreOptions& options) {
   return file.Value()->CopyToMemory();
 }
 
+Findings Store::Check(const std::string& path) {
+  const auto finding = [](std::string reason) {
+    return Findings{{.reason = "it " + std::move(reason)}};
+  };
+  if (const std::string obstacle = ObstacleAt(path); !obstacle.empty()) return {{0, obstacle}};
+  Store store(path);
+  bool is_empty = false;
+  std::optional<Refusal> refusal;
+  int code = store.ConnectApart(Stands(path + "-wal"));
+  if (code == SQLITE_OK) code = store.Inspect(is_empty, refusal);
+  if ((code & 0xFF) == SQLITE_BUSY) {
+    code = store.Connect(path, SQLITE_OPEN_READONLY, StoreOptions().busy_timeout);
+    if (code == SQLITE_OK) code = store.Inspect(is_empty, refusal);
+  }
+  if (code == SQLITE_OK && !refusal && !is_empty) code = store.CheckPages(refusal);
+  if (code != SQLITE_OK) refusal = RefusalFor(code);
+  if (refusal) return finding(refusal->predicate);
+  if (code != SQLITE_OK) return finding("can't be opened: " + store.Reason(code));
+  return {};
+}
+
 /// In a dry run, no store at all for a file that has yet to become one.
 Result<std::unique_ptr<Store>> Store::OpenFile(const StoreOptions& options) {
   if (!options.dry_run && !Stands(options.path)) {
@@ -144,13 +165,13 @@ Result<std::unique_ptr<Store>> Store::OpenFile(const StoreOptions& options) {
   }
   std::unique_ptr<Store> store(new Store(options.path));
   bool is_empty = false;
-  std::optional<std::string> refusal;
+  std::optional<Refusal> refusal;
   bool is_apart = false;
   int code = store->OpenApart(options, is_apart, is_empty, refusal);
   if (code == SQLITE_OK && !refusal && !(is_apart && options.dry_run)) {
     code = store->OpenAmongOthers(options, is_empty, refusal);
   }
-  if (refusal) return Fail(*refusal);
+  if (refusal) return Fail(store->Sentence(*refusal));
   if (code != SQLITE_OK) return Fail(store->OpeningFailed(code));
   if (is_empty && options.dry_run) return std::unique_ptr<Store>();
   if (is_empty) {
@@ -160,26 +181,33 @@ Result<std::unique_ptr<Store>> Store::OpenFile(const StoreOptions& options) {
   return store;
 }
 
-/// Looks at a store beside which files stand that the library would change by opening it, without
-/// touching any of them. That works while no other program has the store open; then a log was left
-/// behind by one that didn't end in order, and all pages are checked.
+/// Connects without touching the file or what stands beside it. That works while no other program
+/// has the store open.
+int Store::ConnectApart(bool has_log) {
+  int code = SQLITE_OK;
+  if (has_log) {
+    // The index of the log is then kept in memory instead of in its file.
+    code = Connect(path_, SQLITE_OPEN_READWRITE, std::chrono::milliseconds(0));
+    if (code == SQLITE_OK) code = Run("PRAGMA locking_mode = EXCLUSIVE");
+  } else {
+    code = Connect(ImmutableAddress(path_), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+                   std::chrono::milliseconds(0));
+  }
+  sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  return code;
+}
+
+/// Looks at a store beside which files stand that the library would change by opening it. Where no
+/// other program has it open, a log was left behind by one that didn't end in order, and all pages
+/// are checked.
 int Store::OpenApart(const StoreOptions& options, bool& is_apart, bool& is_empty,
-                     std::optional<std::string>& refusal) {
+                     std::optional<Refusal>& refusal) {
   const std::string log = options.path + "-wal";
   const bool has_log = Stands(log);
   const bool has_others = Stands(options.path + "-journal") || Stands(options.path + "-shm");
   if (!has_log && !has_others) return SQLITE_OK;
   const bool log_counts = has_log && HasBytes(log);
-  int code = SQLITE_OK;
-  if (has_log) {
-    // The index of the log is then kept in memory instead of in its file.
-    code = Connect(options.path, SQLITE_OPEN_READWRITE, std::chrono::milliseconds(0));
-    if (code == SQLITE_OK) code = Run("PRAGMA locking_mode = EXCLUSIVE");
-  } else {
-    code = Connect(ImmutableAddress(options.path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
-                   std::chrono::milliseconds(0));
-  }
-  sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  int code = ConnectApart(has_log);
   if (code == SQLITE_OK) code = Inspect(is_empty, refusal);
   if (code == SQLITE_OK && !refusal && log_counts) code = CheckPages(refusal);
   is_apart = code == SQLITE_OK;
@@ -188,7 +216,7 @@ int Store::OpenApart(const StoreOptions& options, bool& is_apart, bool& is_empty
 }
 
 int Store::OpenAmongOthers(const StoreOptions& options, bool& is_empty,
-                           std::optional<std::string>& refusal) {
+                           std::optional<Refusal>& refusal) {
   const bool has_log = Stands(options.path + "-wal");
   const int create = options.dry_run ? 0 : SQLITE_OPEN_CREATE;
   int code = Connect(options.path, SQLITE_OPEN_READWRITE | create, options.busy_timeout);
@@ -267,7 +295,7 @@ void Store::Disconnect() {
 }
 
 /// Finds out at one moment what the file is: empty, a store, or something to be refused.
-int Store::Inspect(bool& is_empty, std::optional<std::string>& refusal) {
+int Store::Inspect(bool& is_empty, std::optional<Refusal>& refusal) {
   const bool is_open = sqlite3_get_autocommit(database_) == 0;
   int code = is_open ? SQLITE_OK : Run("BEGIN");
   std::int64_t application = 0;
@@ -281,11 +309,11 @@ int Store::Inspect(bool& is_empty, std::optional<std::string>& refusal) {
   is_empty = is_empty && application == 0 && version == 0;
   if (is_empty) return code;
   if (application != kApplicationId) {
-    refusal = OpeningFailed(SQLITE_NOTADB);
+    refusal = kNoStore;
   } else if (version > kSchemaVersion) {
-    refusal = "The store " + path_ + " was written by a newer version of this program.";
+    refusal = kNewer;
   } else if (version != kSchemaVersion || !is_ours) {
-    refusal = OpeningFailed(SQLITE_CORRUPT);
+    refusal = kDamaged;
   }
   return code;
 }
@@ -317,7 +345,7 @@ int Store::CompareSchema(bool& is_empty, bool& is_ours) {
   return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-int Store::CheckPages(std::optional<std::string>& refusal) {
+int Store::CheckPages(std::optional<Refusal>& refusal) {
   sqlite3_stmt* check = nullptr;
   int code = sqlite3_prepare_v2(database_, "PRAGMA integrity_check(1)", -1, &check, nullptr);
   if (code == SQLITE_OK) code = sqlite3_step(check);
@@ -325,7 +353,7 @@ int Store::CheckPages(std::optional<std::string>& refusal) {
   const bool sound = text != nullptr && std::strcmp(reinterpret_cast<const char*>(text), "ok") == 0;
   sqlite3_finalize(check);
   if (code != SQLITE_ROW) return code;
-  if (!sound) refusal = OpeningFailed(SQLITE_CORRUPT);
+  if (!sound) refusal = kDamaged;
   return SQLITE_OK;
 }
 
@@ -337,9 +365,9 @@ Result<void> Store::Create(const StoreOptions& options) {
   Transaction creation(*this);
   if (!creation.IsOpen()) return Fail(*first_failure_);
   bool is_empty = false;
-  std::optional<std::string> refusal;
+  std::optional<Refusal> refusal;
   int code = Inspect(is_empty, refusal);
-  if (refusal) return Fail(*refusal);
+  if (refusal) return Fail(Sentence(*refusal));
   if (code == SQLITE_OK && !is_empty) return {};
   for (const SchemaRow& row : kSchema) {
     if (code == SQLITE_OK && row.sql != nullptr) code = Run(row.sql);
@@ -375,14 +403,28 @@ int Store::ReadNumber(const char* sql, std::int64_t& number) {
   return code == SQLITE_ROW ? SQLITE_OK : code;
 }
 
-std::string Store::OpeningFailed(int code) const {
-  if (code == SQLITE_NOTADB) return "The file " + path_ + " isn't a registry store.";
+const Store::Refusal Store::kNoStore{"file", "isn't a registry store"};
+const Store::Refusal Store::kDamaged{"store", "is damaged"};
+const Store::Refusal Store::kNewer{"store", "was written by a newer version of this program"};
+
+/// What a failure of the library means for the file; nothing where it says nothing of it.
+std::optional<Store::Refusal> Store::RefusalFor(int code) {
+  if (code == SQLITE_NOTADB) return kNoStore;
   switch (code & 0xFF) {
     case SQLITE_CORRUPT:
     case SQLITE_ERROR:
     case SQLITE_TOOBIG:
-      return "The store " + path_ + " is damaged.";
+      return kDamaged;
   }
+  return std::nullopt;
+}
+
+std::string Store::Sentence(const Refusal& refusal) const {
+  return std::string("The ") + refusal.subject + " " + path_ + " " + refusal.predicate + ".";
+}
+
+std::string Store::OpeningFailed(int code) const {
+  if (const auto refusal = RefusalFor(code)) return Sentence(*refusal);
   return "The store " + path_ + " can't be opened: " + Reason(code) + ".";
 }
 

@@ -64,7 +64,17 @@ constexpr RevealedRow kRevealed[] = {
     {"control-panel.settings.enable-direct3d-refreh-rate-page", "refresh"},
 };
 
+std::string RevealedPicture(std::string_view tag) { return std::string(tag) + ".jpg"; }
+
 }  // namespace
+
+std::vector<std::string> RevealedPictures() {
+  std::vector<std::string> names;
+  for (const RevealedRow& row : kRevealed) {
+    if (!row.tag.empty()) names.push_back(RevealedPicture(row.tag));
+  }
+  return names;
+}
 
 const std::span<const ControlRow> kControlPanelControls = kSettingsRows;
 
@@ -94,7 +104,7 @@ void ControlPanelPages::ShowRevealed(std::string_view tag) {
   picture_.SetVisible(true);
   if (tag.empty() || tag == shown_tag_) return;
   shown_tag_ = tag;
-  const std::string file = "DATA/cpl/" + std::string(tag) + ".jpg";
+  const std::string file = std::string(kRevealedFolder) + RevealedPicture(tag);
   if (files_.IsPicture(file)) picture_.ShowFile(file);
 }
 

@@ -8,6 +8,10 @@ namespace kestrune::forms {
 
 extern const std::span<const ControlRow> kControlPanelControls;
 
+inline constexpr std::string_view kRevealedFolder = "DATA/cpl/";
+/// The file names of the pictures of what the switches reveal.
+std::vector<std::string> RevealedPictures();
+
 /// The page of the control panel's switches, with the picture of what they reveal.
 class ControlPanelPages {
  public:

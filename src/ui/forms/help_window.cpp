@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/outcome.h"
+#include "ui/forms/pictures.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::forms {
@@ -37,7 +38,6 @@ constexpr ControlRow ShortText(std::string_view id, std::string_view panel, std:
 }
 
 constexpr std::string_view kFilteringTool = "\\data\\rtaf.exe";
-constexpr std::string_view kMipmapPicture = "DATA/hs/pic/mipmap.jpg";
 
 /// What level-of-detail bias does, as an option and the picture that it shows.
 struct LodRow {
@@ -46,9 +46,9 @@ struct LodRow {
 };
 
 constexpr LodRow kLodRows[] = {
-    {"help.negative-values-quality", "DATA/hs/pic/high_lod.jpg"},
-    {"help.original-zero-value", "DATA/hs/pic/normal_lod.jpg"},
-    {"help.high-values-performance", "DATA/hs/pic/low_lod.jpg"},
+    {"help.negative-values-quality", kLodPictures[0]},
+    {"help.original-zero-value", kLodPictures[1]},
+    {"help.high-values-performance", kLodPictures[2]},
 };
 constexpr const LodRow& kOriginalLod = kLodRows[1];
 
@@ -152,7 +152,7 @@ HelpWindow::HelpWindow(const Shared& shared)
   std::vector<controls::OptionButton*> options;
   for (const LodRow& row : kLodRows) {
     options.push_back(&controls_.Get<controls::OptionButton>(row.option));
-    options.back()->on_click = [this, &row] { lod_picture_.ShowFile(std::string(row.picture)); };
+    options.back()->on_click = [this, &row] { lod_picture_.ShowFile(HelpPicture(row.picture)); };
   }
   controls::OptionButton::Group(options);
   controls_.Get<controls::Button>("help.close").on_click = [this] { UseClose(); };
@@ -175,8 +175,8 @@ void HelpWindow::Load() {
   state_.TranslucenceLevel = 0;
   window_.SetOpacity(state_.TranslucenceLevel);
   fade_.SetEnabled(true);
-  lod_picture_.ShowFile(std::string(kOriginalLod.picture));
-  controls_.Get<controls::PictureBox>("help.mipmap-picture").ShowFile(std::string(kMipmapPicture));
+  lod_picture_.ShowFile(HelpPicture(kOriginalLod.picture));
+  controls_.Get<controls::PictureBox>("help.mipmap-picture").ShowFile(HelpPicture(kMipmapPicture));
 }
 
 void HelpWindow::Fade() {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/forms/pictures.h"
+
 namespace kestrune::forms {
 
 namespace {
@@ -11,7 +13,6 @@ using controls::Rect;
 constexpr int kPanelStep = 100;
 constexpr int kPanelInterval = 100;
 
-constexpr std::string_view kHelpPicture = "DATA/hs/pic/ps.jpg";
 /// Stands in for a remembered page that there isn't.
 constexpr int kFallbackPage = 4;
 
@@ -116,7 +117,8 @@ bool LowerPanel::ReadOptions() {
 }
 
 void LowerPanel::LoadHelpPicture() {
-  if (files_.IsPicture(kHelpPicture)) help_picture_.ShowFile(std::string(kHelpPicture));
+  const std::string picture = HelpPicture(kPanelPicture);
+  if (files_.IsPicture(picture)) help_picture_.ShowFile(picture);
 }
 
 }  // namespace kestrune::forms

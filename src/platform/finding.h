@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace kestrune::core {
+namespace kestrune::platform {
 
 /// What somebody should know of a data file.
 struct Finding {
@@ -14,4 +14,4 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
-}  // namespace kestrune::core
+}  // namespace kestrune::platform
