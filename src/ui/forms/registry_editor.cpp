@@ -39,7 +39,7 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kOption, "registry-editor.opengl", kWindow, {1350, 600, 1200, 330})
         .Design(kCategories[1].name)
         .Hidden(),
-    Row(Kind::kOption, "registry-editor.system-control-panel", kWindow, {2550, 600, 1350, 330})
+    Row(Kind::kOption, "registry-editor.system-control-panel", kWindow, {2550, 600, 2400, 330})
         .Design(kCategories[2].name)
         .Hidden(),
     Row(Kind::kList, "registry-editor.values", kWindow, {150, 615, 3750, 5400}),
