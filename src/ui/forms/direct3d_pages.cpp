@@ -76,19 +76,19 @@ constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kCheck, "direct3d.filtering.force-textures-to-low-mip-level", kFiltering,
         {4200, 555, 3240, 420}, 119),
     Row(Kind::kCheck, "direct3d.filtering.trilinear-optimization", kFiltering,
-        {4200, 990, 3240, 420}, 120)
+        {4200, 1050, 3240, 420}, 120)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-mip-filter-optimization", kFiltering,
-        {4200, 1425, 3240, 420}, 121)
+        {4200, 1545, 3240, 420}, 121)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-sample-optimization", kFiltering,
-        {4200, 1860, 3240, 420}, 122)
+        {4200, 2040, 3240, 420}, 122)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.disable-mipmap-filtering", kFiltering,
-        {4200, 2295, 3240, 420}, 124)
+        {4200, 2535, 3240, 420}, 124)
         .Help(4),
     Row(Kind::kCheck, "direct3d.filtering.allow-negative-lod-bias", kFiltering,
-        {4200, 2730, 3240, 420}, 125),
+        {4200, 3030, 3240, 420}, 125),
 };
 
 constexpr ControlRow kMiscRows[] = {

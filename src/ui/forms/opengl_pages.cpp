@@ -60,16 +60,16 @@ constexpr ControlRow kFilteringRows[] = {
         .Help(1)
         .Range(-48, 48, 0),
     Row(Kind::kHeading, "opengl.filtering.intellisample-settings", kFiltering,
-        {3000, 315, 4440, 270}, 126),
+        {3000, 300, 4440, 270}, 126),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-trilinear-configuration", kFiltering,
-        {3000, 555, 4500, 420}, 150)
+        {3000, 570, 4500, 420}, 150)
         .Help(14),
     Row(Kind::kLabel, "opengl.filtering.trilinear-quality-label", kFiltering,
-        {3270, 975, 4170, 255}, 123)
+        {3270, 1020, 4170, 255}, 123)
         .Names("opengl.filtering.trilinear-quality"),
-    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3270, 1230, 4170, 345})
+    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3270, 1275, 4170, 345})
         .Range(1, 31, 1),
-    Row(Kind::kFrame, kOptimizations, kFiltering, {3000, 1650, 4500, 1545}, 153).Help(5),
+    Row(Kind::kFrame, kOptimizations, kFiltering, {3000, 1695, 4500, 1545}, 153).Help(5),
     Row(Kind::kCheck, "opengl.filtering.trilinear-optimization", kOptimizations,
         {150, 345, 4200, 330}, 120),
     Row(Kind::kCheck, "opengl.filtering.aniso-mip-filter-optimization", kOptimizations,
@@ -77,12 +77,12 @@ constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kCheck, "opengl.filtering.aniso-sample-optimization", kOptimizations,
         {150, 1065, 4200, 330}, 122),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-texture-compression-configuration",
-        kFiltering, {150, 3270, 7260, 420}, 151)
+        kFiltering, {150, 3285, 7260, 420}, 151)
         .Help(14),
     Row(Kind::kOption, "opengl.filtering.texture-compression-by-application", kFiltering,
-        {420, 3690, 2490, 330}, 152),
+        {420, 3720, 2490, 330}, 152),
     Row(Kind::kOption, "opengl.filtering.texture-compression-enabled", kFiltering,
-        {3000, 3690, 2400, 330}, 146),
+        {3000, 3720, 2400, 330}, 146),
 };
 
 constexpr ControlRow kMiscRows[] = {

@@ -29,6 +29,7 @@
 #include "ui/qt/to_qt.h"
 #include "ui/qt/tool_button.h"
 #include "ui/qt/widget_maker.h"
+#include "ui/qt/wrapped.h"
 
 namespace kestrune::qt {
 namespace {
@@ -58,7 +59,7 @@ struct Cuts {
 };
 
 bool IsSame(const QString& shown, const std::string& caption) {
-  return QString(shown).replace("&&", "&").simplified() == ToQt(caption).simplified();
+  return IsWhole(QString(shown).replace("&&", "&"), ToQt(caption));
 }
 
 /// The widgets of a whole form, those that are hidden too.
