@@ -35,28 +35,28 @@ constexpr ControlRow kAaRows[] = {
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "opengl.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 315, 2730, 255}, 114)
+        {150, 315, 2760, 255}, 114)
         .Names("opengl.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "opengl.filtering.anisotropic-filtering", kFiltering,
-        {150, 570, 2730, 390})
+        {150, 570, 2760, 390})
         .Initial("Auto")
         .Help(6),
-    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2760, 255},
         116)
         .Names("opengl.filtering.image-settings"),
-    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2730, 390})
+    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2760, 390})
         .Initial("Quality")
         .Help(3),
-    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2760, 255},
         117)
         .Names("opengl.filtering.force-mipmaps"),
-    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2730, 390})
+    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2760, 390})
         .Initial("None")
         .Help(2),
-    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2760, 255},
         118)
         .Names("opengl.filtering.texture-lod-bias"),
-    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2730, 390})
+    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2760, 390})
         .Help(1)
         .Range(-48, 48, 0),
     Row(Kind::kHeading, "opengl.filtering.intellisample-settings", kFiltering,

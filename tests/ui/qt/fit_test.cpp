@@ -5,8 +5,10 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QStyleOptionFrame>
 #include <QStyleOptionToolButton>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -17,9 +19,9 @@
 
 #include "lang/language.h"
 #include "platform/portable/portable_machine.h"
+#include "platform/windowless_dialog.h"
 #include "ui/face/captions.h"
 #include "ui/face/context.h"
-#include "ui/face/printed_dialog.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/program.h"
 #include "ui/forms/windows.h"
@@ -70,11 +72,13 @@ class FormWidgets {
     font.setPixelSize(12);
     root_.setFont(font);
     WidgetMaker maker(form, context, subscriptions_);
-    for (const auto& control : form.Controls()) {
-      if (control->Parent() == nullptr || IsMenuItem(*control)) continue;
+    for (std::size_t i = 0; i < form.Rows().size(); ++i) {
+      controls::Control* control = form.Controls()[i].get();
+      if (control->Parent() == nullptr || IsMenuItem(*control) || IsNeverShown(form.Rows()[i])) {
+        continue;
+      }
       const auto parent = widgets_.find(control->Parent());
-      widgets_[control.get()] =
-          maker.Make(*control, parent == widgets_.end() ? &root_ : parent->second);
+      widgets_[control] = maker.Make(*control, parent == widgets_.end() ? &root_ : parent->second);
     }
   }
   ~FormWidgets() { subscriptions_.clear(); }
@@ -103,6 +107,10 @@ class FormWidgets {
   }
 
  private:
+  /// An option that is hidden stands for what is chosen elsewhere.
+  static bool IsNeverShown(const forms::ControlRow& row) {
+    return row.kind == forms::Kind::kOption && !row.visible;
+  }
   static bool IsMenuItem(const controls::Control& control) {
     return dynamic_cast<const controls::ToolKey*>(&control) != nullptr &&
            dynamic_cast<const controls::ToolKey*>(control.Parent()) != nullptr;
@@ -138,6 +146,16 @@ class FormWidgets {
       for (int i = 0; i < combo->count(); ++i) texts += combo->itemText(i);
       for (const QString& text : texts) {
         if (!combo->Fits(text)) cuts.AddItem(control, text);
+      }
+    } else if (const auto* box = qobject_cast<QLineEdit*>(&widget)) {
+      constexpr int kInnerMargin = 2;
+      QStyleOptionFrame option;
+      option.initFrom(box);
+      const int room =
+          box->style()->subElementRect(QStyle::SE_LineEditContents, &option, box).width() -
+          2 * kInnerMargin;
+      if (box->fontMetrics().horizontalAdvance(box->text()) > room) {
+        cuts.AddItem(control, box->text());
       }
     } else if (const auto* list = dynamic_cast<ListWidget*>(&widget)) {
       if (kNames.contains(control.Id())) return;
@@ -208,6 +226,8 @@ class ShownProgram {
   /// Looks at everything, for each position of each slider.
   void Look(Cuts& cuts) {
     LookOnce(cuts);
+    UseWindows();
+    LookOnce(cuts);
     for (const forms::Form* form : program_->Forms()) {
       for (const auto& control : form->Controls()) {
         auto* slider = dynamic_cast<controls::Slider*>(control.get());
@@ -228,12 +248,20 @@ class ShownProgram {
       if (form != &program_->Main()) program_->TheWindows().Load(form->TheWindow());
     }
   }
+  /// What shows further texts: a profile in the list, an entry in the registry editor.
+  void UseWindows() {
+    const auto& manager = program_->FormOf("profile-manager");
+    manager.Get<controls::TextBox>("profile-manager.profile-name").ShowText("Fit");
+    manager.Get<controls::Button>("profile-manager.save").Click();
+    const auto& editor = program_->FormOf("registry-editor");
+    (void)editor.Get<controls::ListBox>("registry-editor.values").Choose(0);
+  }
   void LookOnce(Cuts& cuts) const {
     for (const auto& form : widgets_) form->Look(cuts);
   }
 
   QTemporaryDir folder_;
-  face::PrintedDialog dialog_;
+  platform::WindowlessDialog dialog_;
   std::unique_ptr<platform::Machine> machine_;
   lang::LangTable texts_;
   std::unique_ptr<forms::Program> program_;
