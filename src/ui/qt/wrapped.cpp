@@ -23,7 +23,8 @@ bool HasRoomForLines(const QFont& font, const QSize& room) {
 QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
   const QFontMetrics metrics(font);
   const int fitting = std::max(1, room.height() / metrics.lineSpacing());
-  QTextLayout layout(text, font);
+  // The layout doesn't know the other line end.
+  QTextLayout layout(QString(text).replace('\n', QChar::LineSeparator), font);
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
