@@ -16,16 +16,16 @@ constexpr std::string_view kTextures = "direct3d.multitexturing";
 constexpr std::string_view kShaders = "direct3d.shaders";
 
 constexpr ControlRow kAaRows[] = {
-    Row(Kind::kLabel, "direct3d.antialiasing.antialiasing-mode-label", kAa, {150, 285, 3510, 255},
+    Row(Kind::kLabel, "direct3d.antialiasing.antialiasing-mode-label", kAa, {150, 300, 3510, 255},
         138)
         .Names("direct3d.antialiasing.antialiasing-mode"),
-    Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 540, 3510, 390})
+    Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 555, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "direct3d.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 285, 3600, 255}, 139)
+        {3810, 300, 3600, 255}, 139)
         .Names("direct3d.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "direct3d.antialiasing.transparency-antialiasing", kAa,
-        {3810, 540, 3510, 390})
+        {3810, 555, 3510, 390})
         .Initial("Disabled"),
     Row(Kind::kCheck, "direct3d.antialiasing.enable-sli-antialiasing", kAa, {150, 1005, 3510, 330},
         140),

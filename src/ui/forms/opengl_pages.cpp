@@ -87,11 +87,11 @@ constexpr ControlRow kFilteringRows[] = {
 
 constexpr ControlRow kMiscRows[] = {
     Row(Kind::kHeading, "opengl.misc.s3tc-settings", kMisc, {150, 375, 3450, 270}, 162),
-    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 660, 3510, 420},
+    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 690, 3510, 420},
         163)
         .Help(11),
     Row(Kind::kCheck, "opengl.misc.disable-dithering-for-dxt1-textures", kMisc,
-        {150, 1095, 3510, 420}, 164)
+        {150, 1155, 3510, 420}, 164)
         .Help(12),
     Row(Kind::kLabel, "opengl.misc.textures-color-depth-label", kMisc, {150, 1665, 3300, 255}, 174)
         .Names("opengl.misc.textures-color-depth"),

@@ -21,17 +21,17 @@ constexpr ControlRow kRows[] = {
         .Names("performance-wizard.auto-settings-for"),
     Row(Kind::kCombo, "performance-wizard.auto-settings-for", kWindow, {150, 450, 5325, 390})
         .Initial(wizard::kDefaultEntry),
-    Row(Kind::kLabel, "performance-wizard.quality-low", kWindow, {150, 1050, 3450, 270}, 209),
-    Row(Kind::kLabel, "performance-wizard.quality-high", kWindow, {3750, 1050, 1725, 270}, 210)
+    Row(Kind::kLabel, "performance-wizard.quality-low", kWindow, {150, 1050, 3975, 270}, 209),
+    Row(Kind::kLabel, "performance-wizard.quality-high", kWindow, {4275, 1050, 1200, 270}, 210)
         .Names("performance-wizard.quality"),
     Row(Kind::kSlider, "performance-wizard.quality", kWindow, {150, 1320, 5325, 390})
         .Range(0, 9, 2),
     Row(Kind::kCheck, "performance-wizard.fine-adjust", kWindow, {150, 1890, 5325, 330}, 211),
     Row(Kind::kLabel, "performance-wizard.antialiasing-label", kWindow, {5775, 150, 5325, 270}, 212)
         .Names("performance-wizard.antialiasing"),
-    Row(Kind::kLabel, "performance-wizard.antialiasing-low", kWindow, {5775, 420, 3450, 270}, 209)
+    Row(Kind::kLabel, "performance-wizard.antialiasing-low", kWindow, {5775, 420, 3975, 270}, 209)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.antialiasing-high", kWindow, {9375, 420, 1725, 270}, 210)
+    Row(Kind::kLabel, "performance-wizard.antialiasing-high", kWindow, {9900, 420, 1200, 270}, 210)
         .Disabled(),
     Row(Kind::kSlider, "performance-wizard.antialiasing", kWindow, {5775, 690, 5325, 390})
         .Range(0, 4, 0)
@@ -39,10 +39,10 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kLabel, "performance-wizard.texture-filtering-label", kWindow,
         {5775, 1260, 5325, 270}, 213)
         .Names("performance-wizard.texture-filtering"),
-    Row(Kind::kLabel, "performance-wizard.texture-filtering-low", kWindow, {5775, 1530, 3450, 270},
+    Row(Kind::kLabel, "performance-wizard.texture-filtering-low", kWindow, {5775, 1530, 3975, 270},
         209)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.texture-filtering-high", kWindow, {9375, 1530, 1725, 270},
+    Row(Kind::kLabel, "performance-wizard.texture-filtering-high", kWindow, {9900, 1530, 1200, 270},
         210)
         .Disabled(),
     Row(Kind::kSlider, "performance-wizard.texture-filtering", kWindow, {5775, 1800, 5325, 390})
