@@ -62,8 +62,12 @@ constexpr std::string_view kFineControls[] = {
     "performance-wizard.texture-filtering-high", "performance-wizard.texture-filtering",
 };
 
+/// A caption without its colon, and without the no-break space that French has before one.
 std::string WithoutColon(const std::string& caption) {
-  return caption.substr(0, caption.find_last_of(':'));
+  constexpr std::string_view kNoBreakSpace = "\u00A0";
+  std::string name = caption.substr(0, caption.find_last_of(':'));
+  if (name.ends_with(kNoBreakSpace)) name.resize(name.size() - kNoBreakSpace.size());
+  return name;
 }
 
 const std::string& PageCaption(const controls::Control& control) {
