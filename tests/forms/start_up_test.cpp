@@ -172,7 +172,7 @@ TEST(StartUpTest, AMissingLanguageLeavesEmptyCaptionsAndEverythingUsable) {
   machine.TakeTrace();
   driven.Tick("direct3d.filtering.trilinear-optimization", false);
   EXPECT_EQ(machine.TakeShortTrace(), "D3D D3D_94118636 = 1");
-  driven.Choose("main.language", 1);
+  driven.Choose("main.language", "English");
   EXPECT_EQ(machine.Stored(kOptionsKey, "Language"), "REG_SZ en");
 }
 

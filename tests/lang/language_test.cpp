@@ -218,8 +218,11 @@ TEST_F(ShippedLanguagesTest, KeepApartWhatIsComparedAndEndPrefixesWithABlank) {
                                      {180, 181, 182},      {137, 145, 146, 183, 135}};
   FakeMachine machine;
   core::basRegistry registry(machine.Services().registry);
-  for (const char* name : {"en", "cs"}) {
-    machine.Store(test::kOptionsKey, "Language", "REG_SZ " + std::string(name));
+  Language shipped(registry, machine.Files(), machine);
+  shipped.ListLanguages();
+  for (const std::string& file : shipped.LanguageFiles) {
+    const std::string name = file.substr(0, file.find('.'));
+    machine.Store(test::kOptionsKey, "Language", "REG_SZ " + name);
     Language language(registry, machine.Files(), machine);
     language.LoadLanguage();
     for (const std::vector<int>& group : groups) {

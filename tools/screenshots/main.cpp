@@ -16,6 +16,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/options.h"
 #include "core/outcome.h"
 #include "monitor/recording.h"
 #include "platform/portable/portable_machine.h"
@@ -38,6 +39,7 @@ struct Arguments {
   QByteArray scale = "1";
   QString scheme = "light";
   std::string machine;
+  std::string language;
 };
 
 std::optional<Arguments> Parse(int count, char** values) {
@@ -51,6 +53,8 @@ std::optional<Arguments> Parse(int count, char** values) {
       arguments.scheme = values[++i];
     } else if (value == "--machine" && !next.empty()) {
       arguments.machine = values[++i];
+    } else if (value == "--language" && !next.empty()) {
+      arguments.language = values[++i];
     } else if (arguments.folder.isEmpty() && !value.starts_with("--")) {
       arguments.folder = values[i];
     } else {
@@ -386,6 +390,10 @@ int Run(const Arguments& arguments) {
   }
   face::PrintedDialog dialog;
   const platform::Services services = opened.Value()->ServicesFor(dialog);
+  if (!arguments.language.empty()) {
+    core::basRegistry options(services.registry);
+    core::OwnOptions(options).Write(core::kLanguageValue, arguments.language);
+  }
   face::ChangeLog changes;
   platform::Trace trace(changes.Sink());
   platform::TracingRegistry registry(services.registry, trace);
@@ -407,7 +415,7 @@ int main(int argument_count, char** values) {
   if (!arguments) {
     std::fprintf(stderr,
                  "usage: kestrune_screenshots OUTPUT_FOLDER [--machine NAME] [--scale 1|2] "
-                 "[--scheme light|dark|contrast]\n");
+                 "[--scheme light|dark|contrast] [--language NAME]\n");
     return 2;
   }
   const QTemporaryDir folder;

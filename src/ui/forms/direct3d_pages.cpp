@@ -16,33 +16,33 @@ constexpr std::string_view kTextures = "direct3d.multitexturing";
 constexpr std::string_view kShaders = "direct3d.shaders";
 
 constexpr ControlRow kAaRows[] = {
-    Row(Kind::kLabel, "direct3d.antialiasing.antialiasing-mode-label", kAa, {150, 315, 3510, 255},
+    Row(Kind::kLabel, "direct3d.antialiasing.antialiasing-mode-label", kAa, {150, 300, 3510, 255},
         138)
         .Names("direct3d.antialiasing.antialiasing-mode"),
-    Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 570, 3510, 390})
+    Row(Kind::kEditableCombo, "direct3d.antialiasing.antialiasing-mode", kAa, {150, 555, 3510, 390})
         .Initial("Auto"),
     Row(Kind::kLabel, "direct3d.antialiasing.transparency-antialiasing-label", kAa,
-        {3810, 315, 3600, 255}, 139)
+        {3810, 300, 3600, 255}, 139)
         .Names("direct3d.antialiasing.transparency-antialiasing"),
     Row(Kind::kCombo, "direct3d.antialiasing.transparency-antialiasing", kAa,
-        {3810, 570, 3510, 390})
+        {3810, 555, 3510, 390})
         .Initial("Disabled"),
     Row(Kind::kCheck, "direct3d.antialiasing.enable-sli-antialiasing", kAa, {150, 1005, 3510, 330},
         140),
     Row(Kind::kCheck, "direct3d.antialiasing.gamma-correct-antialiasing", kAa,
         {3810, 960, 3600, 420}, 141),
-    Row(Kind::kHeading, "direct3d.antialiasing.compare-pictures", kAa, {150, 1410, 2790, 270}, 142),
-    Row(Kind::kOption, "direct3d.antialiasing.normal-size", kAa, {3030, 1380, 2130, 330}, 143)
+    Row(Kind::kHeading, "direct3d.antialiasing.compare-pictures", kAa, {150, 1440, 2790, 270}, 142),
+    Row(Kind::kOption, "direct3d.antialiasing.normal-size", kAa, {3030, 1410, 2130, 330}, 143)
         .Chosen(),
-    Row(Kind::kOption, "direct3d.antialiasing.zoom", kAa, {5250, 1380, 2190, 330}, 144),
-    Row(Kind::kPicture, "direct3d.antialiasing.no-antialiasing", kAa, {150, 1755, 3510, 2070}),
-    Row(Kind::kLabel, "direct3d.antialiasing.no-antialiasing-label", kAa, {150, 3855, 3510, 270},
+    Row(Kind::kOption, "direct3d.antialiasing.zoom", kAa, {5250, 1410, 2190, 330}, 144),
+    Row(Kind::kPicture, "direct3d.antialiasing.no-antialiasing", kAa, {150, 1770, 3510, 2070}),
+    Row(Kind::kLabel, "direct3d.antialiasing.no-antialiasing-label", kAa, {150, 3870, 3510, 270},
         147)
         .Names("direct3d.antialiasing.no-antialiasing"),
     Row(Kind::kPicture, "direct3d.antialiasing.selected-antialiasing", kAa,
-        {3810, 1755, 3510, 2070}),
+        {3810, 1770, 3510, 2070}),
     Row(Kind::kLabel, "direct3d.antialiasing.selected-antialiasing-label", kAa,
-        {3810, 3855, 3510, 270}, 148)
+        {3810, 3870, 3510, 270}, 148)
         .Names("direct3d.antialiasing.selected-antialiasing"),
 };
 
@@ -76,19 +76,19 @@ constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kCheck, "direct3d.filtering.force-textures-to-low-mip-level", kFiltering,
         {4200, 555, 3240, 420}, 119),
     Row(Kind::kCheck, "direct3d.filtering.trilinear-optimization", kFiltering,
-        {4200, 990, 3240, 420}, 120)
+        {4200, 1050, 3240, 420}, 120)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-mip-filter-optimization", kFiltering,
-        {4200, 1425, 3240, 420}, 121)
+        {4200, 1545, 3240, 420}, 121)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.aniso-sample-optimization", kFiltering,
-        {4200, 1860, 3240, 420}, 122)
+        {4200, 2040, 3240, 420}, 122)
         .Help(5),
     Row(Kind::kCheck, "direct3d.filtering.disable-mipmap-filtering", kFiltering,
-        {4200, 2295, 3240, 420}, 124)
+        {4200, 2535, 3240, 420}, 124)
         .Help(4),
     Row(Kind::kCheck, "direct3d.filtering.allow-negative-lod-bias", kFiltering,
-        {4200, 2730, 3240, 420}, 125),
+        {4200, 3030, 3240, 420}, 125),
 };
 
 constexpr ControlRow kMiscRows[] = {

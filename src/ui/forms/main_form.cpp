@@ -61,12 +61,12 @@ constexpr ControlRow kToolbar[] = {
 
 constexpr ControlRow kLowerPanel[] = {
     Row(Kind::kEdge, "main.lower-panel-edge", "main", {120, 5190, 7905, 330}, 56),
-    Row(Kind::kCheck, "main.enable-help-system", "main", {150, 5640, 3150, 330}, 54).Chosen(),
-    Row(Kind::kCheck, "main.remember-last-visited-page", "main", {150, 5955, 3150, 420}, 55),
-    Row(Kind::kLabel, "main.language-label", "main", {3420, 5670, 1425, 270}, 53)
+    Row(Kind::kCheck, "main.enable-help-system", "main", {150, 5640, 3690, 330}, 54).Chosen(),
+    Row(Kind::kCheck, "main.remember-last-visited-page", "main", {150, 5955, 3690, 420}, 55),
+    Row(Kind::kLabel, "main.language-label", "main", {3930, 5670, 1425, 270}, 53)
         .Names("main.language"),
-    Row(Kind::kCombo, "main.language", "main", {4950, 5640, 2175, 375}),
-    Row(Kind::kLabel, "main.language-header", "main", {3420, 6045, 3705, 270}, kFilledText),
+    Row(Kind::kCombo, "main.language", "main", {5445, 5640, 1680, 375}),
+    Row(Kind::kLabel, "main.language-header", "main", {3930, 6045, 3195, 270}, kFilledText),
     Row(Kind::kPicture, "main.help-system-picture", "main", {7275, 5640, 720, 720}),
 };
 

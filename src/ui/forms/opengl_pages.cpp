@@ -35,41 +35,41 @@ constexpr ControlRow kAaRows[] = {
 
 constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kLabel, "opengl.filtering.anisotropic-filtering-label", kFiltering,
-        {150, 315, 2730, 255}, 114)
+        {150, 315, 2760, 255}, 114)
         .Names("opengl.filtering.anisotropic-filtering"),
     Row(Kind::kEditableCombo, "opengl.filtering.anisotropic-filtering", kFiltering,
-        {150, 570, 2730, 390})
+        {150, 570, 2760, 390})
         .Initial("Auto")
         .Help(6),
-    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.image-settings-label", kFiltering, {150, 1050, 2760, 255},
         116)
         .Names("opengl.filtering.image-settings"),
-    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2730, 390})
+    Row(Kind::kCombo, "opengl.filtering.image-settings", kFiltering, {150, 1305, 2760, 390})
         .Initial("Quality")
         .Help(3),
-    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.force-mipmaps-label", kFiltering, {150, 1785, 2760, 255},
         117)
         .Names("opengl.filtering.force-mipmaps"),
-    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2730, 390})
+    Row(Kind::kCombo, "opengl.filtering.force-mipmaps", kFiltering, {150, 2040, 2760, 390})
         .Initial("None")
         .Help(2),
-    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2730, 255},
+    Row(Kind::kLabel, "opengl.filtering.texture-lod-bias-label", kFiltering, {150, 2520, 2760, 255},
         118)
         .Names("opengl.filtering.texture-lod-bias"),
-    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2730, 390})
+    Row(Kind::kSlider, "opengl.filtering.texture-lod-bias", kFiltering, {150, 2790, 2760, 390})
         .Help(1)
         .Range(-48, 48, 0),
     Row(Kind::kHeading, "opengl.filtering.intellisample-settings", kFiltering,
-        {3000, 315, 4440, 270}, 126),
+        {3000, 300, 4440, 270}, 126),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-trilinear-configuration", kFiltering,
-        {3000, 555, 4500, 420}, 150)
+        {3000, 570, 4500, 420}, 150)
         .Help(14),
     Row(Kind::kLabel, "opengl.filtering.trilinear-quality-label", kFiltering,
-        {3270, 975, 4170, 255}, 123)
+        {3270, 1020, 4170, 255}, 123)
         .Names("opengl.filtering.trilinear-quality"),
-    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3270, 1230, 4170, 345})
+    Row(Kind::kSlider, "opengl.filtering.trilinear-quality", kFiltering, {3270, 1275, 4170, 345})
         .Range(1, 31, 1),
-    Row(Kind::kFrame, kOptimizations, kFiltering, {3000, 1650, 4500, 1545}, 153).Help(5),
+    Row(Kind::kFrame, kOptimizations, kFiltering, {3000, 1695, 4500, 1545}, 153).Help(5),
     Row(Kind::kCheck, "opengl.filtering.trilinear-optimization", kOptimizations,
         {150, 345, 4200, 330}, 120),
     Row(Kind::kCheck, "opengl.filtering.aniso-mip-filter-optimization", kOptimizations,
@@ -77,21 +77,21 @@ constexpr ControlRow kFilteringRows[] = {
     Row(Kind::kCheck, "opengl.filtering.aniso-sample-optimization", kOptimizations,
         {150, 1065, 4200, 330}, 122),
     Row(Kind::kCheck, "opengl.filtering.manual-intellisample-texture-compression-configuration",
-        kFiltering, {150, 3270, 7260, 420}, 151)
+        kFiltering, {150, 3285, 7260, 420}, 151)
         .Help(14),
     Row(Kind::kOption, "opengl.filtering.texture-compression-by-application", kFiltering,
-        {420, 3690, 2490, 330}, 152),
+        {420, 3720, 2490, 330}, 152),
     Row(Kind::kOption, "opengl.filtering.texture-compression-enabled", kFiltering,
-        {3000, 3690, 2400, 330}, 146),
+        {3000, 3720, 2400, 330}, 146),
 };
 
 constexpr ControlRow kMiscRows[] = {
     Row(Kind::kHeading, "opengl.misc.s3tc-settings", kMisc, {150, 375, 3450, 270}, 162),
-    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 660, 3510, 420},
+    Row(Kind::kCheck, "opengl.misc.enable-s3tc-texture-compression", kMisc, {150, 690, 3510, 420},
         163)
         .Help(11),
     Row(Kind::kCheck, "opengl.misc.disable-dithering-for-dxt1-textures", kMisc,
-        {150, 1095, 3510, 420}, 164)
+        {150, 1155, 3510, 420}, 164)
         .Help(12),
     Row(Kind::kLabel, "opengl.misc.textures-color-depth-label", kMisc, {150, 1665, 3300, 255}, 174)
         .Names("opengl.misc.textures-color-depth"),

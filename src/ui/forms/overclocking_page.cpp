@@ -33,34 +33,34 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kHeading, "overclocking.settings", kPage, {150, 780, 2400, 270}, 89).Disabled(),
     Row(Kind::kOption, "overclocking.2d-speed", kPage, {2700, 750, 2220, 330}, 90).Disabled(),
     Row(Kind::kOption, "overclocking.3d-speed", kPage, {5010, 750, 2400, 330}, 91).Disabled(),
-    Row(Kind::kLabel, "overclocking.default-core-speed", kPage, {150, 1230, 3510, 255}, 92)
+    Row(Kind::kLabel, "overclocking.default-core-speed", kPage, {150, 1200, 7260, 255}, 92)
         .Disabled(),
-    Row(Kind::kLabel, "overclocking.current-core-speed", kPage, {3810, 1230, 3600, 255}, 93)
+    Row(Kind::kLabel, "overclocking.current-core-speed", kPage, {150, 1485, 7260, 255}, 93)
         .Disabled(),
-    Row(Kind::kSlider, "overclocking.core-clock-slider", kPage, {150, 1545, 5850, 390})
+    Row(Kind::kSlider, "overclocking.core-clock-slider", kPage, {150, 1770, 5850, 390})
         .Tip(231)
         .Range(0, 1000, 370)
         .Disabled(),
-    Row(Kind::kText, "overclocking.core-clock", kPage, {6150, 1545, 1260, 390})
+    Row(Kind::kText, "overclocking.core-clock", kPage, {6150, 1770, 1260, 390})
         .Initial("370")
         .Enters("overclocking.apply")
         .Tip(231)
         .Disabled(),
-    Row(Kind::kLabel, "overclocking.default-memory-speed", kPage, {150, 2130, 3510, 255}, 94)
+    Row(Kind::kLabel, "overclocking.default-memory-speed", kPage, {150, 2340, 7260, 255}, 94)
         .Disabled(),
-    Row(Kind::kLabel, "overclocking.current-memory-speed", kPage, {3810, 2130, 3600, 255}, 95)
+    Row(Kind::kLabel, "overclocking.current-memory-speed", kPage, {150, 2625, 7260, 255}, 95)
         .Disabled(),
-    Row(Kind::kSlider, "overclocking.memory-clock-slider", kPage, {150, 2445, 5850, 390})
+    Row(Kind::kSlider, "overclocking.memory-clock-slider", kPage, {150, 2910, 5850, 390})
         .Tip(243)
         .Range(0, 2000, 760)
         .Disabled(),
-    Row(Kind::kText, "overclocking.memory-clock", kPage, {6150, 2445, 1260, 390})
+    Row(Kind::kText, "overclocking.memory-clock", kPage, {6150, 2910, 1260, 390})
         .Initial("760")
         .Enters("overclocking.apply")
         .Tip(243)
         .Disabled(),
-    Row(Kind::kButton, "overclocking.apply", kPage, {3210, 3300, 2025, 435}, 87).Disabled(),
-    Row(Kind::kButton, "overclocking.default", kPage, {5385, 3300, 2025, 435}, 88).Disabled(),
+    Row(Kind::kButton, "overclocking.apply", kPage, {3210, 3600, 2025, 435}, 87).Disabled(),
+    Row(Kind::kButton, "overclocking.default", kPage, {5385, 3600, 2025, 435}, 88).Disabled(),
 };
 
 constexpr std::string_view kStartupValue = "NvCplDaemon";

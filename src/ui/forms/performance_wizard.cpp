@@ -16,43 +16,43 @@ namespace {
 constexpr std::string_view kWindow = "performance-wizard";
 
 constexpr ControlRow kRows[] = {
-    Row(Kind::kLabel, "performance-wizard.auto-settings-for-label", kWindow, {150, 150, 3900, 270},
+    Row(Kind::kLabel, "performance-wizard.auto-settings-for-label", kWindow, {150, 150, 5325, 270},
         208)
         .Names("performance-wizard.auto-settings-for"),
-    Row(Kind::kCombo, "performance-wizard.auto-settings-for", kWindow, {150, 450, 3900, 390})
+    Row(Kind::kCombo, "performance-wizard.auto-settings-for", kWindow, {150, 450, 5325, 390})
         .Initial(wizard::kDefaultEntry),
-    Row(Kind::kLabel, "performance-wizard.quality-low", kWindow, {150, 1050, 2550, 270}, 209),
-    Row(Kind::kLabel, "performance-wizard.quality-high", kWindow, {2850, 1050, 1200, 270}, 210)
+    Row(Kind::kLabel, "performance-wizard.quality-low", kWindow, {150, 1050, 3975, 270}, 209),
+    Row(Kind::kLabel, "performance-wizard.quality-high", kWindow, {4275, 1050, 1200, 270}, 210)
         .Names("performance-wizard.quality"),
-    Row(Kind::kSlider, "performance-wizard.quality", kWindow, {150, 1320, 3900, 390})
+    Row(Kind::kSlider, "performance-wizard.quality", kWindow, {150, 1320, 5325, 390})
         .Range(0, 9, 2),
-    Row(Kind::kCheck, "performance-wizard.fine-adjust", kWindow, {150, 1890, 3900, 330}, 211),
-    Row(Kind::kLabel, "performance-wizard.antialiasing-label", kWindow, {150, 2340, 3900, 270}, 212)
+    Row(Kind::kCheck, "performance-wizard.fine-adjust", kWindow, {150, 1890, 5325, 330}, 211),
+    Row(Kind::kLabel, "performance-wizard.antialiasing-label", kWindow, {5775, 150, 5325, 270}, 212)
         .Names("performance-wizard.antialiasing"),
-    Row(Kind::kLabel, "performance-wizard.antialiasing-low", kWindow, {150, 2610, 2550, 270}, 209)
+    Row(Kind::kLabel, "performance-wizard.antialiasing-low", kWindow, {5775, 420, 3975, 270}, 209)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.antialiasing-high", kWindow, {2850, 2610, 1200, 270}, 210)
+    Row(Kind::kLabel, "performance-wizard.antialiasing-high", kWindow, {9900, 420, 1200, 270}, 210)
         .Disabled(),
-    Row(Kind::kSlider, "performance-wizard.antialiasing", kWindow, {150, 2880, 3900, 390})
+    Row(Kind::kSlider, "performance-wizard.antialiasing", kWindow, {5775, 690, 5325, 390})
         .Range(0, 4, 0)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.texture-filtering-label", kWindow, {150, 3420, 3900, 270},
-        213)
+    Row(Kind::kLabel, "performance-wizard.texture-filtering-label", kWindow,
+        {5775, 1260, 5325, 270}, 213)
         .Names("performance-wizard.texture-filtering"),
-    Row(Kind::kLabel, "performance-wizard.texture-filtering-low", kWindow, {150, 3690, 2550, 270},
+    Row(Kind::kLabel, "performance-wizard.texture-filtering-low", kWindow, {5775, 1530, 3975, 270},
         209)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.texture-filtering-high", kWindow, {2850, 3690, 1200, 270},
+    Row(Kind::kLabel, "performance-wizard.texture-filtering-high", kWindow, {9900, 1530, 1200, 270},
         210)
         .Disabled(),
-    Row(Kind::kSlider, "performance-wizard.texture-filtering", kWindow, {150, 3960, 3900, 390})
+    Row(Kind::kSlider, "performance-wizard.texture-filtering", kWindow, {5775, 1800, 5325, 390})
         .Range(0, 4, 2)
         .Disabled(),
-    Row(Kind::kLabel, "performance-wizard.preview-label", kWindow, {4350, 150, 8100, 270}, 266)
+    Row(Kind::kLabel, "performance-wizard.preview-label", kWindow, {150, 2430, 10950, 270}, 266)
         .Names("performance-wizard.preview"),
-    Row(Kind::kList, "performance-wizard.preview", kWindow, {4350, 450, 8100, 3900}),
-    Row(Kind::kButton, "performance-wizard.optimize", kWindow, {7800, 4590, 2250, 435}, 214),
-    Row(Kind::kButton, "performance-wizard.close", kWindow, {10200, 4590, 2250, 435}, 204),
+    Row(Kind::kList, "performance-wizard.preview", kWindow, {150, 2730, 10950, 3600}),
+    Row(Kind::kButton, "performance-wizard.optimize", kWindow, {6450, 6540, 2250, 435}, 214),
+    Row(Kind::kButton, "performance-wizard.close", kWindow, {8850, 6540, 2250, 435}, 204),
 };
 
 /// What the fine adjustment enables.
@@ -62,8 +62,12 @@ constexpr std::string_view kFineControls[] = {
     "performance-wizard.texture-filtering-high", "performance-wizard.texture-filtering",
 };
 
+/// A caption without its colon, and without the no-break space that French has before one.
 std::string WithoutColon(const std::string& caption) {
-  return caption.substr(0, caption.find_last_of(':'));
+  constexpr std::string_view kNoBreakSpace = "\u00A0";
+  std::string name = caption.substr(0, caption.find_last_of(':'));
+  if (name.ends_with(kNoBreakSpace)) name.resize(name.size() - kNoBreakSpace.size());
+  return name;
 }
 
 const std::string& PageCaption(const controls::Control& control) {
@@ -188,7 +192,7 @@ std::string PerformanceWizard::LineOf(const wizard::ShownValue& shown) const {
 }  // namespace
 
 const WindowRow kPerformanceWizard = {
-    .window = Row(Kind::kWindow, kWindow, "", {0, 0, 12600, 5175}, 207).Hidden(),
+    .window = Row(Kind::kWindow, kWindow, "", {0, 0, 11250, 7125}, 207).Hidden(),
     .controls = kRows,
     .owner = "main",
     .modal = true,

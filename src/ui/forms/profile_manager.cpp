@@ -26,36 +26,36 @@ constexpr std::string_view kSaveFrame = "profile-manager.save-profile-frame";
 
 constexpr ControlRow kRows[] = {
     Row(Kind::kFrame, kLoadFrame, kWindow, {150, 150, 7800, 1050}, 220),
-    Row(Kind::kLabel, "profile-manager.load-profile-label", kLoadFrame, {150, 480, 2700, 270}, 223)
+    Row(Kind::kLabel, "profile-manager.load-profile-label", kLoadFrame, {150, 480, 3045, 270}, 223)
         .Names("profile-manager.load-profile"),
-    Row(Kind::kCombo, "profile-manager.load-profile", kLoadFrame, {3000, 435, 4650, 375}),
+    Row(Kind::kCombo, "profile-manager.load-profile", kLoadFrame, {3300, 435, 4350, 375}),
     Row(Kind::kFrame, kSaveFrame, kWindow, {150, 1350, 7800, 4335}, 221),
-    Row(Kind::kLabel, "profile-manager.profile-name-label", kSaveFrame, {150, 480, 2700, 270}, 230)
+    Row(Kind::kLabel, "profile-manager.profile-name-label", kSaveFrame, {150, 480, 3045, 270}, 230)
         .Names("profile-manager.profile-name"),
-    Row(Kind::kText, "profile-manager.profile-name", kSaveFrame, {3000, 435, 4650, 375}),
+    Row(Kind::kText, "profile-manager.profile-name", kSaveFrame, {3300, 435, 4350, 375}),
     Row(Kind::kLabel, "profile-manager.associated-application-label", kSaveFrame,
-        {150, 990, 2700, 270}, 224)
+        {150, 990, 3045, 270}, 224)
         .Names("profile-manager.associated-application"),
-    Row(Kind::kText, "profile-manager.associated-application", kSaveFrame, {3000, 945, 4050, 375}),
+    Row(Kind::kText, "profile-manager.associated-application", kSaveFrame, {3300, 945, 3750, 375}),
     Row(Kind::kButton, "profile-manager.browse", kSaveFrame, {7155, 930, 495, 405})
         .Design("...")
         .Does(Action::Kind::kOpenWindow, "associated-application"),
-    Row(Kind::kText, "profile-manager.application-folder", kSaveFrame, {3000, 1455, 4650, 375}),
-    Row(Kind::kCheck, "profile-manager.preset-clock-speed", kSaveFrame, {150, 1995, 2775, 330},
+    Row(Kind::kText, "profile-manager.application-folder", kSaveFrame, {3300, 1455, 4350, 375}),
+    Row(Kind::kCheck, "profile-manager.preset-clock-speed", kSaveFrame, {150, 1995, 3045, 330},
         225),
-    Row(Kind::kText, "profile-manager.core-clock", kSaveFrame, {3000, 1965, 2250, 375})
+    Row(Kind::kText, "profile-manager.core-clock", kSaveFrame, {3300, 1965, 2100, 375})
         .Tip(231)
         .Disabled(),
-    Row(Kind::kText, "profile-manager.memory-clock", kSaveFrame, {5400, 1965, 2250, 375})
+    Row(Kind::kText, "profile-manager.memory-clock", kSaveFrame, {5550, 1965, 2100, 375})
         .Tip(243)
         .Disabled(),
     Row(Kind::kCheck,
         "profile-manager.restore-clock-speed-after-terminating-associated-application", kSaveFrame,
-        {150, 2535, 7500, 330}, 229),
+        {150, 2475, 7500, 420}, 229),
     Row(Kind::kCheck, "profile-manager.delete-all-registry-keys-before-applying-preset", kSaveFrame,
-        {150, 2970, 7500, 330}, 228),
-    Row(Kind::kButton, "profile-manager.save", kSaveFrame, {3000, 3660, 2250, 435}, 237),
-    Row(Kind::kButton, "profile-manager.clear", kSaveFrame, {5400, 3660, 2250, 435}, 236),
+        {150, 2955, 7500, 420}, 228),
+    Row(Kind::kButton, "profile-manager.save", kSaveFrame, {3300, 3660, 2100, 435}, 237),
+    Row(Kind::kButton, "profile-manager.clear", kSaveFrame, {5550, 3660, 2100, 435}, 236),
     // Which category's database is read; chosen while a profile is saved or applied.
     Row(Kind::kOption, "profile-manager.direct3d", kWindow, {150, 6150, 1200, 330})
         .Design(kCategories[0].name)
@@ -70,7 +70,7 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kCheck, "profile-manager.run-speed-profile-on-startup", kWindow,
         {300, 5895, 5100, 330}, 222)
         .Chosen(),
-    Row(Kind::kButton, "profile-manager.close", kWindow, {5550, 5850, 2250, 435}, 204),
+    Row(Kind::kButton, "profile-manager.close", kWindow, {5700, 5850, 2100, 435}, 204),
 };
 
 constexpr std::string_view kStartUpValue = "Kestrune Speed Profile";

@@ -46,16 +46,16 @@ constexpr ControlRow kRows[] = {
     Row(Kind::kFrame, kDescriptionFrame, kWindow, {4050, 150, 6900, 3150}, 198),
     Row(Kind::kLabel, "registry-editor.key-description", kDescriptionFrame, {150, 330, 6600, 2670},
         texts::kNoDescription),
-    Row(Kind::kFrame, kAvailableFrame, kWindow, {4050, 3420, 3150, 2595}, 199)
+    Row(Kind::kFrame, kAvailableFrame, kWindow, {4050, 3420, 2520, 2595}, 199)
         .Names("registry-editor.available-values"),
-    Row(Kind::kList, "registry-editor.available-values", kAvailableFrame, {150, 330, 2850, 2115}),
-    Row(Kind::kCheck, "registry-editor.user-value", kWindow, {7350, 3480, 3600, 330}, 200)
+    Row(Kind::kList, "registry-editor.available-values", kAvailableFrame, {150, 330, 2220, 2115}),
+    Row(Kind::kCheck, "registry-editor.user-value", kWindow, {6720, 3480, 4230, 330}, 200)
         .Names("registry-editor.typed-value"),
-    Row(Kind::kText, "registry-editor.typed-value", kWindow, {7350, 3840, 3600, 390})
+    Row(Kind::kText, "registry-editor.typed-value", kWindow, {6720, 3840, 4230, 390})
         .Initial(kNoNumber)
         .Disabled(),
-    Row(Kind::kFrame, kActualFrame, kWindow, {7350, 4380, 3600, 885}, 201),
-    Row(Kind::kLabel, "registry-editor.actual-value", kActualFrame, {150, 390, 3300, 285},
+    Row(Kind::kFrame, kActualFrame, kWindow, {6720, 4380, 4230, 885}, 201),
+    Row(Kind::kLabel, "registry-editor.actual-value", kActualFrame, {150, 390, 3930, 285},
         kFilledText),
     Row(Kind::kButton, "registry-editor.write-key", kWindow, {4050, 6165, 2175, 435}, 202)
         .Disabled(),

@@ -90,8 +90,8 @@ int ComboWidget::TextWidth() const {
          2 * kInnerMargin;
 }
 
-bool ComboWidget::IsCut() const {
-  return fontMetrics().horizontalAdvance(drawn_text_) > TextWidth();
+bool ComboWidget::Fits(const QString& text) const {
+  return fontMetrics().horizontalAdvance(text) <= TextWidth();
 }
 
 void ComboWidget::showPopup() {

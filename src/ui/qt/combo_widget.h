@@ -22,8 +22,10 @@ class ComboWidget : public QComboBox {
   /// What stands in the box: an unfinished text too, or the placeholder.
   QString ShownText() const;
   bool ListIsOpen() const;
-  /// Whether some of the text is not shown.
-  bool IsCut() const;
+  /// Whether a text would be shown whole.
+  bool Fits(const QString& text) const;
+  /// Whether some of the control's text is not shown.
+  bool IsCut() const { return !Fits(drawn_text_); }
 
   void showPopup() override;
 

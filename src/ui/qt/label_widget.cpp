@@ -35,7 +35,7 @@ void LabelWidget::Fit() {
   fitted_size_ = size();
   if (HasLines()) {
     shown_text_ = Wrapped(caption_, font(), size());
-    is_cut_ = shown_text_.simplified() != caption_.simplified();
+    is_cut_ = !IsWhole(shown_text_, caption_);
   } else {
     shown_text_ = fontMetrics().elidedText(marked_, Qt::ElideRight, width(), Qt::TextShowMnemonic);
     is_cut_ = shown_text_ != marked_;

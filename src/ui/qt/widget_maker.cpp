@@ -48,7 +48,7 @@ bool DrawCaption(QAbstractButton& button, const QString& caption, QStyle::SubEle
           ? Wrapped(caption, button.font(), room)
           : button.fontMetrics().elidedText(caption, Qt::ElideRight, room.width());
   button.setText(WithoutMnemonic(shown));
-  return shown.simplified() != caption.simplified();
+  return !IsWhole(shown, caption);
 }
 
 bool DrawTitle(QGroupBox& box, const QString& caption) {

@@ -1,9 +1,20 @@
 #include "ui/qt/wrapped.h"
 
 #include <QFontMetrics>
+#include <QRegularExpression>
 #include <QTextLayout>
 
 namespace kestrune::qt {
+
+namespace {
+
+/// A text without what a line end may take the place of.
+QString Unbroken(QString text) {
+  static const QRegularExpression kBehindHyphen("([-/])\\s+");
+  return text.replace(kBehindHyphen, "\\1").simplified();
+}
+
+}  // namespace
 
 bool HasRoomForLines(const QFont& font, const QSize& room) {
   return room.height() >= 2 * QFontMetrics(font).lineSpacing();
@@ -12,7 +23,8 @@ bool HasRoomForLines(const QFont& font, const QSize& room) {
 QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
   const QFontMetrics metrics(font);
   const int fitting = std::max(1, room.height() / metrics.lineSpacing());
-  QTextLayout layout(text, font);
+  // The layout doesn't know the other line end.
+  QTextLayout layout(QString(text).replace('\n', QChar::LineSeparator), font);
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
@@ -32,6 +44,10 @@ QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
   layout.endLayout();
   if (result.endsWith('\n')) result.chop(1);
   return result;
+}
+
+bool IsWhole(const QString& shown, const QString& text) {
+  return Unbroken(shown) == Unbroken(text);
 }
 
 }  // namespace kestrune::qt

