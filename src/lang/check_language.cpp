@@ -73,6 +73,7 @@ class Reader {
       place = Take();
       if (!place.text.starts_with(kCommentMark)) continue;
       Comment(place, number == 0);
+      if (fields_.AtEnd()) break;
       place = Take();
       if (place.text.starts_with(kCommentMark)) {
         Add(place.line, "a comment behind a comment is taken for " + Named(number));
