@@ -370,6 +370,55 @@ TEST_F(CheckTest, LeavesAStoreThatOthersUseOrLeftAsItIs) {
   EXPECT_EQ(Snapshot(folder / "left"), before);
 }
 
+/// The examples of a document: each is a block behind a line with its path. Where one ends with
+/// "...", the lines of `whole` from there on belong to it.
+std::map<std::string, std::string> ExamplesOf(const std::string& document,
+                                              const std::string& whole) {
+  std::map<std::string, std::string> examples;
+  std::istringstream lines(document);
+  std::string path;
+  for (std::string line; std::getline(lines, line);) {
+    if (line != "```") {
+      const bool is_path = line.size() > 2 && line.find('`', 1) == line.size() - 1;
+      path = is_path && line.front() == '`' ? line.substr(1, line.size() - 2) : "";
+      continue;
+    }
+    std::string& text = examples[path];
+    std::size_t at = 0;
+    while (std::getline(lines, line) && line != "```") {
+      text += line == "..." ? whole.substr(at) : line + '\n';
+      at = whole.find('\n', at) + 1;
+    }
+  }
+  return examples;
+}
+
+TEST_F(CheckTest, TheExamplesOfTheDocumentHaveNoFault) {
+  program_folder.clear();
+  const Variable program("KESTRUNE_PROGRAM_FOLDER", "");
+  const auto examples =
+      ExamplesOf(ReadAll(std::string(kShipped) + "/../docs/data-formats.md"), English({}));
+  std::vector<std::string> command = {"check"};
+  std::string paths;
+  for (const auto& [path, text] : examples) {
+    command.push_back(folder.Write("user/kestrune/" + path, text));
+    paths += path + '\n';
+  }
+  EXPECT_EQ(paths,
+            "DATA/Database/6177ogl.dat\nDATA/LANGUAGE/eo.dat\nDATA/PW/Racing/14.dat\n"
+            "DATA/PW/index.dat\nDATA/Presets/Sharp.ksp\nDATA/mt.dat\nDATA/ps.dat\n"
+            "machines/attic.reg\nmachines/attic.toml\nsm.dat\n");
+  EXPECT_EQ(Out(command), "");
+  EXPECT_EQ(Out({"check"}), "");
+  // They are used, too.
+  EXPECT_EQ(
+      Run({"registry", "read", R"(HKLM\SOFTWARE\NVIDIA Corporation\Global\NVTweak)", "CoolBits"},
+          "attic")
+          .out,
+      "REG_DWORD 3\n");
+  EXPECT_NE(Out({"languages"}).find("Esperanto\n"), std::string::npos);
+}
+
 TEST_F(CheckTest, FollowsNoLinkOutOfTheFoldersThatItWalks) {
   const std::string data = folder / "own/DATA";
   fs::create_directories(data);
