@@ -110,20 +110,23 @@ const FileChecks::Kind* FileChecks::KindByPlace(const FilePlace& file) {
   return kind == std::end(kKinds) ? nullptr : kind;
 }
 
-bool FileChecks::IsToldByPlace(const std::string& file) const {
+bool FileChecks::IsToldByPlace(const std::string& file) {
   return KindByPlace(FilePlace(file)) != nullptr;
 }
 
-std::optional<Findings> FileChecks::CheckByPlace(const std::string& file) {
-  const FilePlace place(inspection_.WholePath(file));
-  const Kind* kind = KindByPlace(place);
+std::optional<Findings> FileChecks::CheckByPlace(const FilePlace& file) {
+  const Kind* kind = KindByPlace(file);
   if (kind == nullptr) return std::nullopt;
-  return (this->*kind->check)(place);
+  return (this->*kind->check)(file);
+}
+
+std::optional<Findings> FileChecks::CheckByPlace(const std::string& whole_path) {
+  return CheckByPlace(FilePlace(whole_path));
 }
 
 std::optional<Findings> FileChecks::Check(const std::string& file) {
-  if (auto findings = CheckByPlace(file)) return findings;
   const FilePlace place(inspection_.WholePath(file));
+  if (auto findings = CheckByPlace(place)) return findings;
   const auto bytes = inspection_.ReadFile(place.path);
   if (!bytes) return Unreadable(bytes.Reason().reason);
   const auto field = core::FieldReader(bytes.Value()).Next();

@@ -31,16 +31,21 @@ class FileChecks {
 
   /// What is wrong with a file; nothing where its kind can't be told.
   std::optional<platform::Findings> Check(const std::string& file);
-  /// The same where the file's place or ending tells its kind.
-  std::optional<platform::Findings> CheckByPlace(const std::string& file);
+  /// The same of a whole path, where the place or the ending tells the kind.
+  std::optional<platform::Findings> CheckByPlace(const std::string& whole_path);
+  /// The pictures that the program can ask for and hasn't.
+  std::vector<std::string> MissingPictures() {
+    return pictures_.Missing(inspection_.Files().ProgramFolder());
+  }
   /// Whether a file's place or ending tells its kind.
-  bool IsToldByPlace(const std::string& file) const;
+  static bool IsToldByPlace(const std::string& file);
 
  private:
   struct Kind;
   static const Kind kKinds[];
 
   static const Kind* KindByPlace(const FilePlace& file);
+  std::optional<platform::Findings> CheckByPlace(const FilePlace& file);
   /// What a check of a text finds, or that the file can't be read.
   template <class Body>
   platform::Findings OfText(const FilePlace& file, Body check);
