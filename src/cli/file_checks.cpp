@@ -7,7 +7,6 @@
 #include "detect/adapter.h"
 #include "detect/card_data.h"
 #include "lang/check_language.h"
-#include "lang/language.h"
 #include "monitor/check_recording.h"
 #include "monitor/recording.h"
 #include "ogl/check_card_table.h"
@@ -146,7 +145,8 @@ Findings FileChecks::OfText(const FilePlace& file, Body check) {
 Findings FileChecks::Language(const FilePlace& file) {
   const auto bytes = inspection_.ReadFile(file.path);
   if (!bytes) return Unreadable(bytes.Reason().reason);
-  return lang::CheckLanguage(file.name, bytes.Value(), inspection_.Files());
+  if (!english_) english_ = lang::EnglishTexts(inspection_.Files());
+  return lang::CheckLanguage(file.name, bytes.Value(), *english_, inspection_.Files());
 }
 
 Findings FileChecks::Database(const FilePlace& file) {
@@ -190,8 +190,7 @@ Findings FileChecks::Machine(const FilePlace& file) {
     const bool is_known = !id || Cards().contains(platform::FoldCase(detect::CardCode(*id)));
     if (!is_known) findings.push_back({device.line, "no table of cards has the device " + *id});
   }
-  std::stable_sort(findings.begin(), findings.end(),
-                   [](const auto& a, const auto& b) { return a.line < b.line; });
+  SortByLine(findings);
   return findings;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "lang/language.h"
 #include "platform/finding.h"
 #include "platform/inspection.h"
 #include "ui/forms/check_pictures.h"
@@ -66,6 +67,7 @@ class FileChecks {
   platform::Inspection& inspection_;
   forms::PictureChecks pictures_;
   std::optional<std::set<std::string>> cards_;
+  std::optional<lang::LangTable> english_;
 };
 
 /// Why a file can't be checked any further.
