@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "check.h"
 #include "failure.h"
 #include "monitoring.h"
 #include "processes.h"
@@ -78,6 +79,7 @@ int main(int argument_count, char** arguments) {
   for (const Row& row : CompareProcesses(folder.Path(), quick ? 2 : 31, quick ? 20 : 3000)) {
     rows.push_back(row);
   }
+  for (const Row& row : CompareCheck(folder.Path(), quick ? 1 : 31)) rows.push_back(row);
   const int missed = Print(rows);
   return missed > 0 && !quick ? 1 : 0;
 }

@@ -48,17 +48,15 @@ platform::Findings CheckOwnProfile(forms::Program& program, platform::FilesApi& 
 
 void CheckAll(platform::Inspection& inspection, FileChecks& checks, Report& report) {
   for (const platform::FoundFile& found : inspection.AllFiles()) {
-    const bool counts = found.is_folder || checks.IsToldByPlace(found.path);
-    if (!counts) continue;
     if (!found.remark.empty()) {
-      report.Tell(found.path, {{0, found.remark, !found.is_fault}});
+      const bool counts = found.is_folder || FileChecks::IsToldByPlace(found.path);
+      if (counts) report.Tell(found.path, {{0, found.remark, !found.is_fault}});
     } else if (const auto findings = checks.CheckByPlace(found.path)) {
       report.Tell(found.path, *findings);
     }
   }
-  for (const std::string& picture : forms::MissingPictures(inspection.Files())) {
-    report.Tell(inspection.Files().ProgramFolder() + "/" + picture,
-                {{0, "it can be asked for and isn't there"}});
+  for (const std::string& picture : checks.MissingPictures()) {
+    report.Tell(picture, {{0, "it can be asked for and isn't there"}});
   }
 }
 

@@ -7,7 +7,6 @@
 #include "detect/adapter.h"
 #include "detect/card_data.h"
 #include "lang/check_language.h"
-#include "lang/language.h"
 #include "monitor/check_recording.h"
 #include "monitor/recording.h"
 #include "ogl/check_card_table.h"
@@ -110,20 +109,23 @@ const FileChecks::Kind* FileChecks::KindByPlace(const FilePlace& file) {
   return kind == std::end(kKinds) ? nullptr : kind;
 }
 
-bool FileChecks::IsToldByPlace(const std::string& file) const {
+bool FileChecks::IsToldByPlace(const std::string& file) {
   return KindByPlace(FilePlace(file)) != nullptr;
 }
 
-std::optional<Findings> FileChecks::CheckByPlace(const std::string& file) {
-  const FilePlace place(inspection_.WholePath(file));
-  const Kind* kind = KindByPlace(place);
+std::optional<Findings> FileChecks::CheckByPlace(const FilePlace& file) {
+  const Kind* kind = KindByPlace(file);
   if (kind == nullptr) return std::nullopt;
-  return (this->*kind->check)(place);
+  return (this->*kind->check)(file);
+}
+
+std::optional<Findings> FileChecks::CheckByPlace(const std::string& whole_path) {
+  return CheckByPlace(FilePlace(whole_path));
 }
 
 std::optional<Findings> FileChecks::Check(const std::string& file) {
-  if (auto findings = CheckByPlace(file)) return findings;
   const FilePlace place(inspection_.WholePath(file));
+  if (auto findings = CheckByPlace(place)) return findings;
   const auto bytes = inspection_.ReadFile(place.path);
   if (!bytes) return Unreadable(bytes.Reason().reason);
   const auto field = core::FieldReader(bytes.Value()).Next();
@@ -143,7 +145,8 @@ Findings FileChecks::OfText(const FilePlace& file, Body check) {
 Findings FileChecks::Language(const FilePlace& file) {
   const auto bytes = inspection_.ReadFile(file.path);
   if (!bytes) return Unreadable(bytes.Reason().reason);
-  return lang::CheckLanguage(file.name, bytes.Value(), inspection_.Files());
+  if (!english_) english_ = lang::EnglishTexts(inspection_.Files());
+  return lang::CheckLanguage(file.name, bytes.Value(), *english_, inspection_.Files());
 }
 
 Findings FileChecks::Database(const FilePlace& file) {
@@ -187,8 +190,7 @@ Findings FileChecks::Machine(const FilePlace& file) {
     const bool is_known = !id || Cards().contains(platform::FoldCase(detect::CardCode(*id)));
     if (!is_known) findings.push_back({device.line, "no table of cards has the device " + *id});
   }
-  std::stable_sort(findings.begin(), findings.end(),
-                   [](const auto& a, const auto& b) { return a.line < b.line; });
+  SortByLine(findings);
   return findings;
 }
 

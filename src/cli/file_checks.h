@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "lang/language.h"
 #include "platform/finding.h"
 #include "platform/inspection.h"
 #include "ui/forms/check_pictures.h"
@@ -31,16 +32,21 @@ class FileChecks {
 
   /// What is wrong with a file; nothing where its kind can't be told.
   std::optional<platform::Findings> Check(const std::string& file);
-  /// The same where the file's place or ending tells its kind.
-  std::optional<platform::Findings> CheckByPlace(const std::string& file);
+  /// The same of a whole path, where the place or the ending tells the kind.
+  std::optional<platform::Findings> CheckByPlace(const std::string& whole_path);
+  /// The pictures that the program can ask for and hasn't.
+  std::vector<std::string> MissingPictures() {
+    return pictures_.Missing(inspection_.Files().ProgramFolder());
+  }
   /// Whether a file's place or ending tells its kind.
-  bool IsToldByPlace(const std::string& file) const;
+  static bool IsToldByPlace(const std::string& file);
 
  private:
   struct Kind;
   static const Kind kKinds[];
 
   static const Kind* KindByPlace(const FilePlace& file);
+  std::optional<platform::Findings> CheckByPlace(const FilePlace& file);
   /// What a check of a text finds, or that the file can't be read.
   template <class Body>
   platform::Findings OfText(const FilePlace& file, Body check);
@@ -61,6 +67,7 @@ class FileChecks {
   platform::Inspection& inspection_;
   forms::PictureChecks pictures_;
   std::optional<std::set<std::string>> cards_;
+  std::optional<lang::LangTable> english_;
 };
 
 /// Why a file can't be checked any further.

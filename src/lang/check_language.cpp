@@ -73,6 +73,7 @@ class Reader {
       place = Take();
       if (!place.text.starts_with(kCommentMark)) continue;
       Comment(place, number == 0);
+      if (fields_.AtEnd()) break;
       place = Take();
       if (place.text.starts_with(kCommentMark)) {
         Add(place.line, "a comment behind a comment is taken for " + Named(number));
@@ -151,10 +152,10 @@ void CheckNumbers(Reader& file, platform::Findings& findings) {
   }
 }
 
-void CheckBlanks(const Texts& texts, const Texts& english, platform::Findings& findings) {
+void CheckBlanks(const Texts& texts, const LangTable& english, platform::Findings& findings) {
   for (std::size_t number = 0; number < texts.size(); ++number) {
     const auto& [line, text] = texts[number];
-    const std::string& model = english[number].text;
+    const std::string& model = english[static_cast<int>(number)];
     if (text.empty()) continue;
     for (const auto& [lacks, verb] :
          {std::pair(model.starts_with(' ') && !text.starts_with(' '), " must begin"),
@@ -187,8 +188,21 @@ void CheckToldApart(const Texts& texts, platform::Findings& findings) {
 
 }  // namespace
 
+LangTable EnglishTexts(platform::FilesApi& files) {
+  LangTable english;
+  const auto bytes = files.ReadBytes(std::string(kLanguageFolder) + std::string(kDefaultLanguage) +
+                                     std::string(kLanguageEnding));
+  if (!bytes) return english;
+  Reader file(*bytes, files);
+  core::Ignore(file.Run());
+  for (int number = 0; number < file.End(); ++number) {
+    english.Set(number, std::move(file.AllTexts()[static_cast<std::size_t>(number)].text));
+  }
+  return english;
+}
+
 platform::Findings CheckLanguage(std::string_view file_name, std::string_view bytes,
-                                 platform::FilesApi& files) {
+                                 const LangTable& english, platform::FilesApi& files) {
   Reader file(bytes, files);
   const bool has_header = file.Run();
   platform::Findings findings = std::move(file.Found());
@@ -198,17 +212,9 @@ platform::Findings CheckLanguage(std::string_view file_name, std::string_view by
   if (has_header) {
     CheckNumbers(file, findings);
     CheckToldApart(file.AllTexts(), findings);
-    const auto english =
-        files.ReadBytes(std::string(kLanguageFolder) + std::string(kDefaultLanguage) +
-                        std::string(kLanguageEnding));
-    if (english && *english != bytes) {
-      Reader model(*english, files);
-      core::Ignore(model.Run());
-      CheckBlanks(file.AllTexts(), model.AllTexts(), findings);
-    }
+    CheckBlanks(file.AllTexts(), english, findings);
   }
-  std::stable_sort(findings.begin(), findings.end(),
-                   [](const auto& a, const auto& b) { return a.line < b.line; });
+  SortByLine(findings);
   return findings;
 }
 

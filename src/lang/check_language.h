@@ -2,14 +2,16 @@
 
 #include <string_view>
 
+#include "lang/language.h"
 #include "platform/files_api.h"
 #include "platform/finding.h"
 
 namespace kestrune::lang {
 
-/// What is wrong with a language file: its name, and its bytes. Its texts are compared with those
-/// of the English file that the program has.
+/// The texts of the English file that the program has; empty ones where it has none.
+LangTable EnglishTexts(platform::FilesApi& files);
+/// What is wrong with a language file: its name, and its bytes.
 platform::Findings CheckLanguage(std::string_view file_name, std::string_view bytes,
-                                 platform::FilesApi& files);
+                                 const LangTable& english, platform::FilesApi& files);
 
 }  // namespace kestrune::lang

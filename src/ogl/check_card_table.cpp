@@ -107,7 +107,9 @@ platform::Findings CheckCardTable(std::string_view table, std::string_view text)
                                  [&](const Rule& each) { return is_table(each.table); });
   platform::Findings findings;
   std::set<std::string> keys;
-  for (core::FieldReader fields(text); !fields.AtEnd();) {
+  core::FieldReader fields(text);
+  if (fields.AtEnd()) findings.push_back({0, "it is empty"});
+  while (!fields.AtEnd()) {
     const int line = fields.Line();
     const auto add = [&](std::string reason) {
       if (!reason.empty()) findings.push_back({line, std::move(reason)});

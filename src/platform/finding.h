@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -13,5 +14,11 @@ struct Finding {
 };
 
 using Findings = std::vector<Finding>;
+
+/// Puts findings into the order of their lines; those of one line keep theirs.
+inline void SortByLine(Findings& findings) {
+  std::stable_sort(findings.begin(), findings.end(),
+                   [](const Finding& a, const Finding& b) { return a.line < b.line; });
+}
 
 }  // namespace kestrune::platform

@@ -49,6 +49,7 @@ class Checker {
       : fields_(text), prefix_(category != nullptr ? category->prefix : "") {}
 
   void Run(platform::Findings& findings) {
+    if (fields_.AtEnd()) findings.push_back({0, "it is empty"});
     for (std::size_t count = 1; !fields_.AtEnd(); ++count) {
       line_ = fields_.Line();
       CheckRecord(findings);
@@ -69,12 +70,14 @@ class Checker {
 
   void CheckRecord(platform::Findings& findings) {
     const std::string name = fields_.Next().value_or("");
-    if (name.empty()) Add(findings, "a value without a name");
-    if (!names_.insert(platform::FoldCase(name)).second)
-      Add(findings, name + " stands here a second time");
-    if (!platform::SameWithoutCase(name.substr(0, prefix_.size()), prefix_)) {
+    const bool has_prefix = platform::SameWithoutCase(name.substr(0, prefix_.size()), prefix_);
+    if (name.empty()) {
+      Add(findings, "a value without a name");
+    } else if (!has_prefix) {
       Add(findings, name + " doesn't begin with " + std::string(prefix_));
     }
+    if (!names_.insert(platform::FoldCase(name)).second)
+      Add(findings, name + " stands here a second time");
     const auto description = fields_.Next();
     bool is_whole = description.has_value();
     if (is_whole && (description->empty() || *description == kNoDescription)) {

@@ -29,9 +29,16 @@ std::string WrongEntry(const std::string& entry, const std::set<std::string>& ca
 platform::Findings CheckIndex(std::string_view text, const std::set<std::string>& cards,
                               const EntryFiles& files_of) {
   platform::Findings findings;
-  for (core::FieldReader fields(text); !fields.AtEnd();) {
+  std::set<std::string> entries;
+  core::FieldReader fields(text);
+  if (fields.AtEnd()) findings.push_back({0, "it is empty"});
+  while (!fields.AtEnd()) {
     const int line = fields.Line();
-    std::string reason = WrongEntry(*fields.Next(), cards, files_of);
+    const std::string entry = *fields.Next();
+    std::string reason = WrongEntry(entry, cards, files_of);
+    if (!entries.insert(platform::FoldCase(entry)).second) {
+      reason = "the entry \"" + entry + "\" stands here a second time";
+    }
     if (!reason.empty()) findings.push_back({line, std::move(reason)});
   }
   return findings;

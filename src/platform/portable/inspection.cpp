@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <map>
@@ -16,6 +17,7 @@
 #include "platform/portable/machine_description.h"
 #include "platform/portable/store.h"
 #include "platform/portable/whole_file.h"
+#include "platform/program_path.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -40,15 +42,21 @@ bool IsBelow(const std::string& path, const std::string& folder) {
   return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
-/// What stands under a path itself, without following a link; 0 for nothing.
-mode_t TypeOf(const std::string& path) {
+/// The type of what stands under a path; 0 for nothing, and for a link to nowhere.
+mode_t TypeBehindLinks(const std::string& path) {
   struct stat status {};
-  return lstat(path.c_str(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+  return stat(path.c_str(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+}
+
+std::string Below(const std::string& folder, std::string_view name) {
+  return std::string(folder).append(1, '/').append(name);
 }
 
 /// Goes through folders and collects their files by path.
 class Walk {
  public:
+  explicit Walk(FolderContents& contents) : contents_(contents) {}
+
   /// All that stands in a folder, which may itself be a link, with what stands in those below it
   /// or without.
   void GoThrough(const std::string& folder, bool is_deep) {
@@ -74,31 +82,26 @@ class Walk {
  private:
   void Folder(const std::string& folder, const std::string& resolved) {
     if (!seen_.insert(resolved).second) return;
-    const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
-    if (stream == nullptr) {
-      return Add(
-          {folder, true, "it can't be opened: " + std::generic_category().message(errno), true});
+    const FolderContents::Folder& content = contents_.Of(folder);
+    if (content.error != 0) {
+      const std::string reason = std::generic_category().message(content.error);
+      return Add({folder, true, "it can't be opened: " + reason, true});
     }
-    while (const dirent* entry = readdir(stream.get())) {
-      const std::string_view name = entry->d_name;
-      if (name == "." || name == "..") continue;
-      const std::string path = std::string(folder).append(1, '/').append(name);
-      const bool is_link =
-          entry->d_type == DT_LNK || (entry->d_type == DT_UNKNOWN && S_ISLNK(TypeOf(path)));
-      if (is_link) {
+    for (const auto& [name, type] : content.entries) {
+      std::string path = Below(folder, name);
+      if (type == FolderContents::Type::kLink) {
         Link(path);
-      } else if (entry->d_type == DT_DIR ||
-                 (entry->d_type == DT_UNKNOWN && S_ISDIR(TypeOf(path)))) {
-        if (is_deep_) Folder(path, resolved + "/" + std::string(name));
-      } else {
-        Add({.path = path});
+      } else if (type != FolderContents::Type::kFolder) {
+        Add({.path = std::move(path)});
+      } else if (is_deep_) {
+        Folder(path, Below(resolved, name));
       }
     }
   }
 
   void Link(const std::string& path) {
     const auto target = Resolved(path);
-    const bool is_folder = target && S_ISDIR(TypeOf(*target));
+    const bool is_folder = target && S_ISDIR(TypeBehindLinks(*target));
     if (is_folder && !is_deep_) return;
     if (target && !IsBelow(*target, root_)) {
       return Add({path, is_folder, "this link leads out of its folder and isn't followed", false});
@@ -110,57 +113,107 @@ class Walk {
     }
   }
 
+  FolderContents& contents_;
   std::string root_;  ///< the folder that is gone through, without links
   bool is_deep_ = false;
   std::set<std::string> seen_;  ///< folders, without links
   std::map<std::string, FoundFile> found_;
 };
 
-/// The folders of that name, in any case.
-std::vector<std::string> FoldersNamed(std::string_view name, const std::string& folder) {
-  std::vector<std::string> folders;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::error_code unknown;
-    if (SameWithoutCase(entry->path().filename().string(), name) && entry->is_directory(unknown)) {
-      folders.push_back(entry->path().string());
+}  // namespace
+
+const FolderContents::Folder& FolderContents::Of(const std::string& path) {
+  const auto [found, is_new] = folders_.try_emplace(path);
+  Folder& folder = found->second;
+  if (!is_new) return folder;
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(path.c_str()), closedir);
+  if (stream == nullptr) folder.error = errno;
+  while (const dirent* entry = stream == nullptr ? nullptr : readdir(stream.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") {
+      folder.entries.push_back({std::string(name), TypeOf(Below(path, name), entry->d_type)});
     }
+  }
+  std::sort(folder.entries.begin(), folder.entries.end(),
+            [](const Entry& a, const Entry& b) { return a.name < b.name; });
+  return folder;
+}
+
+FolderContents::Type FolderContents::TypeOf(const std::string& path, unsigned char told) {
+  if (told == DT_UNKNOWN) {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) == 0) told = IFTODT(status.st_mode);
+  }
+  if (told == DT_LNK) return Type::kLink;
+  if (told == DT_DIR) return Type::kFolder;
+  return told == DT_REG ? Type::kFile : Type::kOther;
+}
+
+FolderContents::Type FolderContents::BehindLinks(const std::string& folder, const Entry& entry) {
+  if (entry.type != Type::kLink) return entry.type;
+  return TypeOf({}, IFTODT(TypeBehindLinks(Below(folder, entry.name))));
+}
+
+std::vector<std::string> FolderContents::FoldersAt(std::string_view below,
+                                                   const std::string& folder) {
+  std::vector<std::string> folders = {folder};
+  const auto parts = ProgramPathParts(below);
+  if (!parts) return {};
+  for (const std::string_view name : *parts) {
+    std::vector<std::string> next;
+    for (const std::string& each : folders) {
+      for (const Entry& entry : Of(each).entries) {
+        if (SameWithoutCase(entry.name, name) && BehindLinks(each, entry) == Type::kFolder) {
+          next.push_back(Below(each, entry.name));
+        }
+      }
+    }
+    folders = std::move(next);
   }
   return folders;
 }
 
-}  // namespace
-
 std::vector<FoundFile> PortableInspection::AllFiles() {
-  Walk walk;
+  Walk walk(contents_);
   for (const std::string& folder : places_.program_folders) {
     const std::string program = Absolute(folder);
     walk.GoThrough(program, false);
-    for (const std::string& data : FoldersNamed(kDataFolder, program)) walk.GoThrough(data, true);
+    for (const std::string& data : contents_.FoldersAt(kDataFolder, program)) {
+      walk.GoThrough(data, true);
+    }
   }
   for (const std::string& folder : places_.machine_folders) walk.GoThrough(Absolute(folder), true);
   if (!places_.store_folder.empty()) walk.GoThrough(Absolute(places_.store_folder), false);
-  if (!places_.store.empty() && TypeOf(places_.store) != 0)
+  if (!places_.store.empty() && TypeBehindLinks(places_.store) != 0) {
     walk.Add({.path = Absolute(places_.store)});
+  }
   return std::move(walk).Found();
 }
 
 std::vector<std::string> PortableInspection::FilesIn(const std::string& folder) {
-  std::vector<std::string> list;
   const std::string whole = Absolute(folder);
+  std::vector<std::string> layers = {whole};
+  std::string below;
   for (const std::string& each : places_.program_folders) {
     const std::string program = Absolute(each);
     if (!IsBelow(whole, program)) continue;
-    const std::string path = whole.substr(program.size()) + "/";
-    for (const std::string& name : files_.ListFiles(path, "")) {
-      if (auto file = files_.Locate(path + name)) list.push_back(std::move(*file));
+    below = whole.substr(program.size());
+    layers = places_.program_folders;
+    break;
+  }
+  std::map<std::string, std::string> paths;
+  const auto add = [&](const std::string& there) {
+    for (const FolderContents::Entry& entry : contents_.Of(there).entries) {
+      if (contents_.BehindLinks(there, entry) != FolderContents::Type::kFile) continue;
+      paths.emplace(FoldCase(entry.name), Below(there, entry.name));
     }
-    return list;
+  };
+  for (const std::string& layer : layers) {
+    for (const std::string& there : contents_.FoldersAt(below, Absolute(layer))) add(there);
   }
-  for (const std::string& name : FolderFiles({whole}, 0).ListFiles("", "")) {
-    list.push_back(whole + "/" + name);
-  }
+  std::vector<std::string> list;
+  list.reserve(paths.size());
+  for (auto& [folded, path] : paths) list.push_back(std::move(path));
   return list;
 }
 

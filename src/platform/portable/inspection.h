@@ -1,10 +1,40 @@
 #pragma once
 
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "platform/inspection.h"
 #include "platform/portable/files.h"
 #include "platform/portable/portable_machine.h"
 
 namespace kestrune::platform::portable {
+
+/// What stands in folders. Each is looked into once.
+class FolderContents {
+ public:
+  enum class Type { kFile, kFolder, kLink, kOther };
+  struct Entry {
+    std::string name;
+    Type type;
+  };
+  struct Folder {
+    std::vector<Entry> entries;  ///< by name
+    int error = 0;               ///< why it can't be opened, as the system numbers it
+  };
+
+  const Folder& Of(const std::string& path);
+  /// An entry's type; that of its target for a link.
+  static Type BehindLinks(const std::string& folder, const Entry& entry);
+  /// The folders that a path below a folder may mean, in any case.
+  std::vector<std::string> FoldersAt(std::string_view below, const std::string& folder);
+
+ private:
+  static Type TypeOf(const std::string& path, unsigned char told);
+
+  std::map<std::string, Folder> folders_;
+};
 
 /// The files of described machines and their stores.
 class PortableInspection : public Inspection {
@@ -24,6 +54,7 @@ class PortableInspection : public Inspection {
  private:
   MachinePlaces places_;
   FolderFiles files_;
+  FolderContents contents_;
 };
 
 }  // namespace kestrune::platform::portable

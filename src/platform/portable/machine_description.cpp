@@ -466,6 +466,7 @@ DescriptionCheck CheckMachineDescription(std::string_view text, const std::strin
                               "code page " + std::to_string(machine.code_page) + " isn't known"});
   }
   CheckRegistryOf(machine, remarks.lines.registry, check.findings);
+  SortByLine(check.findings);
   for (std::size_t i = 0; machine.display_devices && i < machine.display_devices->size(); ++i) {
     check.devices.push_back(
         {remarks.lines.hardware_ids[i], (*machine.display_devices)[i].hardware_id});

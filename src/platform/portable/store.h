@@ -130,6 +130,7 @@ class Store : public MachineMemory {
   static const Refusal kNewer;
 
   int ConnectApart(bool has_log);
+  int InspectApart(bool& is_empty, std::optional<Refusal>& refusal);
   int OpenApart(const StoreOptions& options, bool& is_apart, bool& is_empty,
                 std::optional<Refusal>& refusal);
   int OpenAmongOthers(const StoreOptions& options, bool& is_empty, std::optional<Refusal>& refusal);

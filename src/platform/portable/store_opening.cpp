@@ -138,24 +138,33 @@ Result<std::unique_ptr<Store>> Store::Open(const StoreOptions& options) {
 }
 
 Findings Store::Check(const std::string& path) {
-  const auto finding = [](std::string reason) {
-    return Findings{{.reason = "it " + std::move(reason)}};
-  };
   if (const std::string obstacle = ObstacleAt(path); !obstacle.empty()) return {{0, obstacle}};
   Store store(path);
   bool is_empty = false;
   std::optional<Refusal> refusal;
-  int code = store.ConnectApart(Stands(path + "-wal"));
-  if (code == SQLITE_OK) code = store.Inspect(is_empty, refusal);
-  if ((code & 0xFF) == SQLITE_BUSY) {
-    code = store.Connect(path, SQLITE_OPEN_READONLY, StoreOptions().busy_timeout);
-    if (code == SQLITE_OK) code = store.Inspect(is_empty, refusal);
-  }
+  int code = store.InspectApart(is_empty, refusal);
   if (code == SQLITE_OK && !refusal && !is_empty) code = store.CheckPages(refusal);
   if (code != SQLITE_OK) refusal = RefusalFor(code);
-  if (refusal) return finding(refusal->predicate);
-  if (code != SQLITE_OK) return finding("can't be opened: " + store.Reason(code));
+  if (refusal) return {{0, std::string("it ") + refusal->predicate}};
+  if (code != SQLITE_OK) return {{0, "it can't be opened: " + store.Reason(code)}};
   return {};
+}
+
+/// Connects as one who looks and leaves everything as it is, whoever else has the store open.
+int Store::InspectApart(bool& is_empty, std::optional<Refusal>& refusal) {
+  const std::string log = path_ + "-wal";
+  int code = ConnectApart(Stands(log));
+  if (code == SQLITE_OK) code = Inspect(is_empty, refusal);
+  const int kind = code & 0xFF;
+  if (kind == SQLITE_BUSY) {
+    code = Connect(path_, SQLITE_OPEN_READONLY, StoreOptions().busy_timeout);
+    if (code == SQLITE_OK) code = Inspect(is_empty, refusal);
+  } else if (kind == SQLITE_IOERR && !HasBytes(log)) {
+    // Who may not write can't lock it either, and an empty log has nothing to add.
+    code = ConnectApart(false);
+    if (code == SQLITE_OK) code = Inspect(is_empty, refusal);
+  }
+  return code;
 }
 
 /// In a dry run, no store at all for a file that has yet to become one.

@@ -1,6 +1,7 @@
 #include "ui/forms/check_pictures.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "d3d/preview.h"
@@ -109,12 +110,16 @@ platform::Findings PictureChecks::Check(const std::string& file) {
                   " points, and the others that are shown there have " + Told(*usual)}};
 }
 
-std::vector<std::string> MissingPictures(platform::FilesApi& files) {
+std::vector<std::string> PictureChecks::Missing(const std::string& program_folder) {
   std::vector<std::string> missing;
-  for (const PictureFrame& frame : PictureFrames()) {
+  for (const PictureFrame& frame : frames_) {
+    const std::string folder = (program_folder + "/").append(frame.folder);
+    std::set<std::string> names;
+    for (const std::string& file : files_in_(folder)) {
+      names.insert(platform::FoldCase(Split(file).second));
+    }
     for (const std::string& name : frame.names) {
-      std::string path = std::string(frame.folder) + name;
-      if (!files.Locate(path)) missing.push_back(std::move(path));
+      if (!names.contains(platform::FoldCase(name))) missing.push_back(folder + name);
     }
   }
   return missing;

@@ -27,6 +27,8 @@ class PictureChecks {
 
   /// What is wrong with a picture.
   platform::Findings Check(const std::string& file);
+  /// The pictures that a program in a folder can ask for and hasn't.
+  std::vector<std::string> Missing(const std::string& program_folder);
 
  private:
   /// A picture's size, or why it has none.
@@ -45,8 +47,5 @@ class PictureChecks {
   std::map<std::pair<const PictureFrame*, std::string>, std::optional<platform::PictureSize>>
       usual_sizes_;
 };
-
-/// The pictures that the program can ask for and hasn't, as paths in the program folder.
-std::vector<std::string> MissingPictures(platform::FilesApi& files);
 
 }  // namespace kestrune::forms
