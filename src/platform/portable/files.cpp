@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "platform/case_fold.h"
+#include "platform/picture_data.h"
 #include "platform/portable/whole_file.h"
 #include "platform/program_path.h"
 
@@ -92,42 +93,6 @@ int MakeFolder(const std::string& path) {
   std::error_code error;
   std::filesystem::create_directories(path, error);
   return error.value();
-}
-
-unsigned ByteAt(std::string_view bytes, std::size_t at) {
-  return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
-}
-
-/// Whether a JPEG's segments lead from its start over a frame of some size to its picture data,
-/// and its closing mark is there.
-bool IsJpeg(std::string_view bytes) {
-  if (!bytes.starts_with("\xFF\xD8") || bytes.rfind("\xFF\xD9") == bytes.npos) return false;
-  bool has_frame = false;
-  for (std::size_t at = 2; at + 4 <= bytes.size();) {
-    if (ByteAt(bytes, at) != 0xFF) return false;
-    const unsigned mark = ByteAt(bytes, at + 1);
-    if (mark == 0xFF) {
-      ++at;
-      continue;
-    }
-    if (mark == 0xDA) return has_frame;
-    const bool is_frame =
-        mark >= 0xC0 && mark <= 0xCF && mark != 0xC4 && mark != 0xC8 && mark != 0xCC;
-    const unsigned width = ByteAt(bytes, at + 7) << 8 | ByteAt(bytes, at + 8);
-    if (is_frame && width > 0) has_frame = true;
-    at += 2 + (ByteAt(bytes, at + 2) << 8 | ByteAt(bytes, at + 3));
-  }
-  return false;
-}
-
-bool IsPng(std::string_view bytes) {
-  return bytes.starts_with("\x89PNG\r\n\x1A\n") && bytes.substr(12, 4) == "IHDR" &&
-         bytes.find("IEND") != bytes.npos;
-}
-
-bool IsBmp(std::string_view bytes) {
-  const std::size_t pixels = ByteAt(bytes, 10) | ByteAt(bytes, 11) << 8 | ByteAt(bytes, 12) << 16;
-  return bytes.starts_with("BM") && pixels >= 26 && pixels < bytes.size();
 }
 
 }  // namespace
@@ -259,7 +224,7 @@ std::string FolderFiles::PathOf(const std::string& folder, const std::string& na
 
 bool FolderFiles::IsPicture(std::string_view path) {
   const std::optional<std::string> bytes = ReadBytes(path);
-  return bytes && (IsJpeg(*bytes) || IsPng(*bytes) || IsBmp(*bytes));
+  return bytes && IsPictureData(*bytes);
 }
 
 }  // namespace kestrune::platform::portable
