@@ -287,6 +287,7 @@ INSTANTIATE_TEST_SUITE_P(Part, RegistryScriptsTest, testing::Range(0U, kParts));
 TEST_P(RegistryScriptsTest, EveryKindAnswersAsTheModel) {
   const std::vector<RegistryKind> kinds = RegistryKinds();
   std::vector<std::unique_ptr<RegistryUnderTest>> subjects;
+  subjects.reserve(kinds.size());
   for (const RegistryKind& kind : kinds) subjects.push_back(kind.make());
   std::array<int, 2> seen{};
   const unsigned first = GetParam() * kScriptsInPart + 1;
