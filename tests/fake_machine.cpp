@@ -8,7 +8,6 @@
 #include <stdexcept>
 
 #include "platform/command_words.h"
-#include "platform/temp_folder.h"
 #include "platform/value_text.h"
 
 namespace kestrune::test {
@@ -16,7 +15,6 @@ namespace kestrune::test {
 namespace {
 
 using namespace platform;
-using portable::FolderFiles;
 
 constexpr std::int32_t kPatterns = 10000;  ///< from here on numbers are bit patterns
 
@@ -42,14 +40,14 @@ class LoggingRegistry : public TracingRegistry {
 };
 
 /// Logs each file that is read.
-class LoggingFiles : public FolderFiles {
+class LoggingFiles : public FakeFiles {
  public:
-  LoggingFiles(std::vector<std::string> folders, std::vector<std::string>& log)
-      : FolderFiles(std::move(folders), 1252), log_(log) {}
+  LoggingFiles(bool ships_files, std::vector<std::string>& log)
+      : FakeFiles(ships_files), log_(log) {}
 
   std::optional<std::string> ReadBytes(std::string_view path) override {
     log_.push_back("file " + std::string(path));
-    return FolderFiles::ReadBytes(path);
+    return FakeFiles::ReadBytes(path);
   }
 
  private:
@@ -101,17 +99,6 @@ std::string BytesText(std::uint32_t number) {
   std::snprintf(text, sizeof text, "%02X %02X %02X %02X", number & 255, number >> 8 & 255,
                 number >> 16 & 255, number >> 24);
   return text;
-}
-
-/// One folder holds those of all machines, since many are made and few lay a file.
-const TempFolder& Folders() {
-  static const TempFolder kFolders;
-  return kFolders;
-}
-
-std::string NewFolder() {
-  static int count = 0;
-  return Folders() / std::to_string(++count);
 }
 
 KeyAddress AddressOf(std::string_view key) { return ParseKey(key).value(); }
@@ -174,18 +161,11 @@ FakeMachine::FakeMachine(MachineKind setup)
       driver_version(DriverText(setup.driver)),
       direct3d_version("5.3.2600.2180"),
       setup_(std::move(setup)),
-      folder_(NewFolder()),
       trace_([this](TraceKind, const std::string& line) { log.push_back(line); }),
       display_(*this, trace_),
       shell_(*this, trace_) {
-  auto store = portable::Store::Open({.path = folder_ + ".store", .dry_run = true});
-  if (!store.Ok()) throw std::runtime_error(store.Reason());
-  store_ = std::move(store).Value();
-  registry_ = std::make_unique<portable::StoreRegistry>(*store_);
-  tracing_ = std::make_unique<LoggingRegistry>(*registry_, trace_, log);
-  std::vector<std::string> folders = {folder_};
-  if (setup_.ships_files) folders.emplace_back(KESTRUNE_DATA_FOLDER);
-  files_ = std::make_unique<LoggingFiles>(std::move(folders), log);
+  tracing_ = std::make_unique<LoggingRegistry>(registry_, trace_, log);
+  files_ = std::make_unique<LoggingFiles>(setup_.ships_files, log);
   if (setup_.device.empty()) return;
   devices = {{R"(\\.\DISPLAY1)", "NVIDIA card", 5,
               R"(PCI\VEN_10DE&DEV_)" + setup_.device + "&SUBSYS_C5201458&REV_A1",
@@ -194,16 +174,11 @@ FakeMachine::FakeMachine(MachineKind setup)
                                 .driver = setup_.driver,
                                 .is_9x = setup_.family == 0,
                                 .clocks = setup_.clocks},
-                  *registry_, *store_);
+                  registry_, registry_);
 }
 
 Services FakeMachine::Services() {
   return {*tracing_, display_, *this, *this, shell_, *files_, *this};
-}
-
-void FakeMachine::Lay(std::string_view path, std::string_view bytes) {
-  Folders().Write(std::filesystem::path(folder_).filename().string() + "/" + std::string(path),
-                  bytes);
 }
 
 std::string FakeMachine::DriverKey() const { return R"(HKLM\)" + std::string(kCardKey); }
@@ -220,27 +195,26 @@ void FakeMachine::Store(std::string_view key, std::string_view name, std::string
   for (std::string word; words >> word;) data.push_back(word);
   const KeyAddress address = AddressOf(key);
   RegHandle handle = 0;
-  ASSERT_EQ(registry_->CreateKey(address.root, address.path, handle), RegStatus::kSuccess);
+  ASSERT_EQ(registry_.CreateKey(address.root, address.path, handle), RegStatus::kSuccess);
   const auto bytes = ParseData(type, data);
   ASSERT_TRUE(bytes) << value;
-  EXPECT_EQ(registry_->SetValue(handle, name, ParseType(type).value(), *bytes),
-            RegStatus::kSuccess);
-  registry_->CloseKey(handle);
+  EXPECT_EQ(registry_.SetValue(handle, name, ParseType(type).value(), *bytes), RegStatus::kSuccess);
+  registry_.CloseKey(handle);
 }
 
 std::string FakeMachine::Stored(std::string_view key, std::string_view name) {
   const KeyAddress address = AddressOf(key);
   RegHandle handle = 0;
-  if (registry_->OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return "";
+  if (registry_.OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return "";
   RegType type = RegType::kNone;
   std::size_t size = 0;
   std::string text;
-  if (registry_->QueryValue(handle, name, type, size, {}) == RegStatus::kSuccess) {
+  if (registry_.QueryValue(handle, name, type, size, {}) == RegStatus::kSuccess) {
     std::vector<std::byte> data(size);
-    registry_->QueryValue(handle, name, type, size, data);
+    registry_.QueryValue(handle, name, type, size, data);
     text = ValueText(type, data);
   }
-  registry_->CloseKey(handle);
+  registry_.CloseKey(handle);
   return text;
 }
 
@@ -252,9 +226,9 @@ std::string FakeMachine::Kept(std::uint32_t number) const {
 void FakeMachine::Unset(std::string_view key, std::string_view name) {
   const KeyAddress address = AddressOf(key);
   RegHandle handle = 0;
-  if (registry_->OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return;
-  registry_->DeleteValue(handle, name);
-  registry_->CloseKey(handle);
+  if (registry_.OpenKey(address.root, address.path, handle) != RegStatus::kSuccess) return;
+  registry_.DeleteValue(handle, name);
+  registry_.CloseKey(handle);
 }
 
 std::string FakeMachine::Prefixed(std::string_view name) const {

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "fake_files.h"
 #include "platform/driver.h"
-#include "platform/portable/files.h"
-#include "platform/portable/store_registry.h"
+#include "platform/memory_registry.h"
 #include "platform/services.h"
 #include "platform/tracing.h"
 #include "ui/forms/program.h"
@@ -31,8 +31,8 @@ struct MachineKind {
   bool ships_files = true;  ///< whether there are the shipped data files under those that are laid
 };
 
-/// A machine in memory: a real store without a file, the shipped data files, and fakes for the
-/// rest. It logs what is asked of it and what is done to it, one line each, in order.
+/// A machine in memory: its registry, files over the shipped ones, and fakes for the rest. It logs
+/// what is asked of it and what is done to it, one line each, in order.
 class FakeMachine : public platform::DisplayApi,
                     public platform::VersionApi,
                     public platform::SystemApi,
@@ -45,8 +45,8 @@ class FakeMachine : public platform::DisplayApi,
   const MachineKind& Kind() const { return setup_; }
 
   /// Lays a file over the shipped ones; `path` as in "DATA/mt.dat".
-  void Lay(std::string_view path, std::string_view bytes);
-  platform::FilesApi& Files() { return *files_; }
+  void Lay(std::string_view path, std::string_view bytes) { files_->Lay(path, bytes); }
+  FakeFiles& Files() { return *files_; }
 
   /// The driver's key with its root, and the keys of both interfaces.
   std::string DriverKey() const;
@@ -124,15 +124,13 @@ class FakeMachine : public platform::DisplayApi,
   std::string Prefixed(std::string_view name) const;
 
   MachineKind setup_;
-  std::string folder_;  ///< for the laid files; made when one is
-  std::unique_ptr<platform::portable::Store> store_;
+  platform::MemoryRegistry registry_;
   std::optional<platform::DescribedDriver> driver_;
-  std::unique_ptr<platform::portable::StoreRegistry> registry_;
   platform::Trace trace_;
   std::unique_ptr<platform::TracingRegistry> tracing_;
   platform::TracingDisplay display_;
   platform::TracingShell shell_;
-  std::unique_ptr<platform::portable::FolderFiles> files_;
+  std::unique_ptr<FakeFiles> files_;
 };
 
 /// A started program, driven as a person at its window drives it. An action that the control

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <utility>
 
 #include "platform/utf8.h"
 
@@ -96,6 +97,18 @@ bool SameWithoutCase(std::string_view left, std::string_view right) {
   if (!ascii) return FoldCase(left) == FoldCase(right);
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return AsciiCapital(a) == AsciiCapital(b); });
+}
+
+void SortWithoutCase(std::vector<std::string>& names) {
+  std::vector<std::pair<std::string, std::string>> by_folded;
+  by_folded.reserve(names.size());
+  for (std::string& name : names) {
+    std::string folded = FoldCase(name);
+    by_folded.emplace_back(std::move(folded), std::move(name));
+  }
+  std::sort(by_folded.begin(), by_folded.end());
+  names.clear();
+  for (auto& [folded, name] : by_folded) names.push_back(std::move(name));
 }
 
 }  // namespace kestrune::platform

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrune::platform {
 
@@ -9,5 +10,6 @@ namespace kestrune::platform {
 /// names of keys, values and files. Bytes that are no UTF-8 stay as they are.
 std::string FoldCase(std::string_view text);
 bool SameWithoutCase(std::string_view left, std::string_view right);
+void SortWithoutCase(std::vector<std::string>& names);
 
 }  // namespace kestrune::platform

@@ -3,25 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "cli/command_line.h"
+#include "cli/outcome.h"
 #include "fake_machine.h"
 #include "platform/portable/portable_machine.h"
 #include "platform/temp_folder.h"
 
 namespace kestrune::cli {
-
-inline constexpr const char* kMode = "direct3d.antialiasing.antialiasing-mode";
-inline constexpr const char* kLimit = "direct3d.misc.prerender-limit";
-
-struct Outcome {
-  int status;
-  std::string out;
-  std::string err;
-};
 
 /// Runs kestrunectl in this process, on a store of each machine's own.
 struct CommandLineTest : testing::Test {
@@ -41,10 +31,7 @@ struct CommandLineTest : testing::Test {
     std::vector<std::string> all = {"--store", folder / (machine + ".store"), "--machine", machine};
     if (!program_folder.empty()) all.insert(all.end(), {"--program-folder", program_folder});
     all.insert(all.end(), arguments.begin(), arguments.end());
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = RunCommandLine(all, machines, {out, err});
-    return {status, out.str(), err.str()};
+    return RunOn(machines, all);
   }
   /// What a run prints, which must succeed in silence.
   std::string Out(const std::vector<std::string>& arguments) {

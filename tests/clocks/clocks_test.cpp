@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "fake_machine.h"
-#include "platform/temp_folder.h"
+#include "read_all.h"
 
 namespace kestrune::clocks {
 namespace {

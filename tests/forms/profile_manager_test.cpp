@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "fake_machine.h"
-#include "platform/temp_folder.h"
 #include "ui/forms/main_form.h"
 #include "ui/forms/windows.h"
 
@@ -186,12 +185,12 @@ TEST(ProfileManagerTest, ItIsNoModalWindowAndBelongsToTheMainOne) {
 class Browsing {
  public:
   Browsing() {
-    folder.Write("games/doom/doom.exe", "");
-    folder.Write("games/doom/readme.txt", "");
-    folder.Write("games/Setup.EXE", "");
+    for (const char* file : {"games/doom/doom.exe", "games/doom/readme.txt", "games/Setup.EXE"}) {
+      machine.Files().Put(folder + file, "");
+    }
     driven.Press("main.pedit");
     driven.Press(kManager + "browse");
-    std::string path = folder / "games";
+    std::string path = folder + "games";
     for (std::size_t at = 1; at < path.size();) {
       const std::size_t end = std::min(path.find('/', at), path.size());
       Go(path.substr(at, end - at));
@@ -209,7 +208,7 @@ class Browsing {
     return Joined(driven.Get<controls::ListBox>(kBrowse + list).Items());
   }
 
-  platform::TempFolder folder;
+  const std::string folder = "/home/anna/";
   FakeMachine machine;
   Driven driven{machine};
 };
@@ -217,19 +216,19 @@ class Browsing {
 TEST(BrowseTest, FoldersLeadToProgramsAndBack) {
   Browsing browsing;
   Driven& driven = browsing.driven;
-  EXPECT_EQ(driven.Caption(kBrowse + "folders-label"), browsing.folder / "games");
+  EXPECT_EQ(driven.Caption(kBrowse + "folders-label"), browsing.folder + "games");
   EXPECT_EQ(browsing.Items("folders"), ".., doom");
   EXPECT_EQ(browsing.Items("files"), "Setup.EXE");
   browsing.Go("doom");
   EXPECT_EQ(browsing.Items("files"), "doom.exe");
   browsing.ChooseFile(0);
-  EXPECT_EQ(driven.Text(kBrowse + "path"), browsing.folder / "games/doom/doom.exe");
-  EXPECT_EQ(driven.Text(kManager + "application-folder"), browsing.folder / "games/doom");
+  EXPECT_EQ(driven.Text(kBrowse + "path"), browsing.folder + "games/doom/doom.exe");
+  EXPECT_EQ(driven.Text(kManager + "application-folder"), browsing.folder + "games/doom");
   EXPECT_EQ(driven.Text(kManager + "associated-application"), "");
   driven.Press(kBrowse + "confirm");
   EXPECT_FALSE(driven.Visible("associated-application"));
   EXPECT_EQ(driven.Text(kManager + "associated-application"),
-            browsing.folder / "games/doom/doom.exe");
+            browsing.folder + "games/doom/doom.exe");
   // What is typed is another application, of which no folder is known.
   driven.Type(kManager + "associated-application", "quake.exe");
   EXPECT_EQ(driven.Text(kManager + "application-folder"), "");
@@ -240,7 +239,7 @@ TEST(BrowseTest, CancelKeepsTheApplicationAndTheFolderThatWasSet) {
   browsing.ChooseFile(0);
   browsing.driven.Press(kBrowse + "cancel");
   EXPECT_EQ(browsing.driven.Text(kManager + "associated-application"), "");
-  EXPECT_EQ(browsing.driven.Text(kManager + "application-folder"), browsing.folder / "games");
+  EXPECT_EQ(browsing.driven.Text(kManager + "application-folder"), browsing.folder + "games");
   browsing.driven.Press(kManager + "browse");
   EXPECT_EQ(browsing.driven.Caption(kBrowse + "folders-label"), "/");
   EXPECT_EQ(browsing.driven.Text(kBrowse + "path"), "");
@@ -248,12 +247,11 @@ TEST(BrowseTest, CancelKeepsTheApplicationAndTheFolderThatWasSet) {
 
 TEST(BrowseTest, AFolderThatIsGoneLeavesTheListsAsTheyAre) {
   Browsing browsing;
-  std::error_code error;
-  std::filesystem::remove_all(browsing.folder / "games/doom", error);
+  browsing.machine.Files().TakeAway(browsing.folder + "games/doom");
   browsing.Go("doom");
-  EXPECT_EQ(browsing.driven.Caption(kBrowse + "folders-label"), browsing.folder / "games");
+  EXPECT_EQ(browsing.driven.Caption(kBrowse + "folders-label"), browsing.folder + "games");
   browsing.Go("..");
-  EXPECT_EQ(browsing.driven.Caption(kBrowse + "folders-label") + "/", browsing.folder / "");
+  EXPECT_EQ(browsing.driven.Caption(kBrowse + "folders-label") + "/", browsing.folder);
 }
 
 }  // namespace

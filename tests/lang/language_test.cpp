@@ -8,7 +8,7 @@
 
 #include "core/field_reader.h"
 #include "fake_machine.h"
-#include "platform/temp_folder.h"
+#include "read_all.h"
 
 namespace kestrune::lang {
 namespace {
@@ -183,9 +183,7 @@ struct ShippedLanguagesTest : testing::Test {
 };
 
 TEST_F(ShippedLanguagesTest, HaveEachTextInItsPlace) {
-  const std::filesystem::path folder = KESTRUNE_DATA_FOLDER "/DATA/LANGUAGE";
-  for (const auto& file : std::filesystem::directory_iterator(folder)) {
-    const std::string name = file.path().filename();
+  for (const std::string& name : test::FakeFiles().ListFiles("DATA/LANGUAGE", "")) {
     EXPECT_EQ(FaultOf(name, Bytes(name), english), "");
   }
 }

@@ -257,6 +257,15 @@ TEST(Layers, ForbiddenIncludesAreSeen) {
       {"ui/qt/a.cpp", "CLI/CLI.hpp", false},
       {"cli/a.cpp", "sys/stat.h", false},
       {"ui/forms/a.cpp", "sstream", false},
+      {"platform/a.cpp", "iostream", false},
+      {"core/a.h", "fstream", false},
+      {"detect/a.cpp", "filesystem", false},
+      {"lang/a.cpp", "regex", false},
+      {"monitor/a.cpp", "thread", false},
+      {"ui/face/a.cpp", "mutex", false},
+      {"platform/win32/a.cpp", "filesystem", false},
+      {"platform/portable/a.cpp", "filesystem", true},
+      {"cli/a.cpp", "iostream", true},
       {"ui/forms/a.cpp", "cstdio", true},
   };
   for (const Case& each : kCases) {

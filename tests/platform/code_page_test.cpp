@@ -1,11 +1,11 @@
-#include "platform/portable/code_page.h"
+#include "platform/code_page.h"
 
 #include <gtest/gtest.h>
 
 #include "platform/case_fold.h"
 #include "platform/utf8.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 namespace {
 
 TEST(CodePageTest, EveryByteComesBack) {
@@ -75,4 +75,4 @@ TEST(CaseFoldTest, LettersBecomeTheirCapitalsOneForOne) {
 }
 
 }  // namespace
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

@@ -4,14 +4,14 @@
 
 #include <cstdio>
 
-#include "platform/portable/files.h"
+#include "fake_files.h"
 
 namespace kestrune::platform {
 namespace {
 
 /// The changes as text: "+KEY", "NAME:TYPE=hex" and "-NAME", one a line.
 std::string Told(std::string_view bytes, int code_page = 1252) {
-  portable::FolderFiles files({}, code_page);
+  test::FakeFiles files(false, code_page);
   RegFileReader reader(bytes, files);
   std::string told;
   while (const RegFileChange* step = reader.Next()) {

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "fake_files.h"
+#include "platform/memory_registry.h"
 #include "platform/open_key.h"
-#include "platform/portable/files.h"
-#include "platform/portable/store_registry.h"
 #include "platform/reg_file.h"
-#include "platform/temp_folder.h"
 #include "platform/utf16.h"
 
 namespace kestrune::platform {
@@ -33,11 +32,8 @@ struct RegWriterTest : testing::Test {
     ASSERT_TRUE(done) << done.Reason();
   }
 
-  TempFolder folder;
-  std::unique_ptr<portable::Store> store =
-      portable::Store::Open({.path = folder / "a.store", .dry_run = true}).Value();
-  portable::StoreRegistry registry{*store};
-  portable::FolderFiles files{{}, 1252};
+  MemoryRegistry registry;
+  test::FakeFiles files{false};
 };
 
 TEST_F(RegWriterTest, ParentsAndDefaultValuesComeFirst) {

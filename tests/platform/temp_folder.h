@@ -4,9 +4,10 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
+
+#include "read_all.h"
 
 namespace kestrune::platform {
 
@@ -39,10 +40,5 @@ class TempFolder {
  private:
   std::string path_;
 };
-
-inline std::string ReadAll(const std::string& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 }  // namespace kestrune::platform

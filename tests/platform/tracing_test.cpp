@@ -4,9 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/portable/files.h"
-#include "platform/registry_kinds.h"
-#include "platform/temp_folder.h"
+#include "fake_files.h"
+#include "platform/memory_registry.h"
 #include "platform/value_text.h"
 
 namespace kestrune::platform {
@@ -41,14 +40,13 @@ struct TracingTest : testing::Test {
   }
 
   std::vector<std::string> lines;
-  std::unique_ptr<RegistryUnderTest> subject = RegistryKinds().front().make();
+  MemoryRegistry untraced_registry;
   Trace trace{[this](TraceKind, const std::string& line) { lines.push_back(line); }};
-  TracingRegistry registry{subject->Registry(), trace};
+  TracingRegistry registry{untraced_registry, trace};
   SilentShell silent;
   TracingShell shell{silent, trace};
-  TempFolder folder;
-  portable::FolderFiles folder_files{{folder / ""}, 1252};
-  TracingFiles files{folder_files, trace};
+  test::FakeFiles untraced{false};
+  TracingFiles files{untraced, trace};
 };
 
 TEST_F(TracingTest, TellsWhatReachedTheRegistry) {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "fake_machine.h"
-#include "platform/temp_folder.h"
 #include "ui/forms/windows.h"
 
 namespace kestrune::profiles {
@@ -55,13 +54,12 @@ class Saved {
   std::string Apply(const std::string& text) {
     machine.TakeTrace();
     machine.messages.clear();
-    (void)driven->program.ApplyProfile(folder.Write("a.ksp", text));
+    (void)driven->program.ApplyProfile(machine.Files().Put("/home/a.ksp", text));
     std::string told = machine.TakeShortTrace();
     for (const std::string& message : machine.messages) told += "; " + message;
     return told;
   }
 
-  platform::TempFolder folder;
   FakeMachine machine;
   std::optional<Driven> driven;
 };
@@ -180,8 +178,8 @@ TEST(ProfilesTest, ValuesGoWhereTheSystemKeepsThemInBinary) {
   for (const auto& [kind, changes] : cases) {
     Saved saved(kind);
     Driven& driven = saved.Start();
-    const std::string file =
-        saved.folder.Write("a.ksp", "ksp,999,0,0,D3D_1,-1,OGL_1,1,abcd,2,d3D_x,3,\"\",4\n");
+    const std::string file = saved.machine.Files().Put(
+        "/home/a.ksp", "ksp,999,0,0,D3D_1,-1,OGL_1,1,abcd,2,d3D_x,3,\"\",4\n");
     EXPECT_TRUE(driven.program.ApplyProfile(file));
     EXPECT_EQ(Joined(saved.machine.TakeTrace()), changes);
     EXPECT_EQ(driven.Text(kManager + "profile-name"), "");
@@ -235,10 +233,11 @@ TEST(ProfilesTest, WhatIsNoProfileChangesNothing) {
 TEST(ProfilesTest, AFileThatCantBeReadIsAnError) {
   Saved saved(kXp);
   saved.Start();
+  saved.machine.Files().Put("/home/a.ksp", "");
   const std::pair<std::string, const char*> cases[] = {
-      {saved.folder / "none.ksp", "Error: File not found 53"},
-      {saved.folder / "none/none.ksp", "Error: Path not found 76"},
-      {saved.folder / "", "Error: Path/File access error 75"},
+      {"/home/none.ksp", "Error: File not found 53"},
+      {"/home/none/none.ksp", "Error: Path not found 76"},
+      {"/home/", "Error: Path/File access error 75"},
       {PathOf(saved.machine.Files(), "none"), "Error: Path not found 76"}};
   for (const auto& [path, message] : cases) {
     saved.machine.messages.clear();
@@ -296,9 +295,9 @@ TEST(ProfilesTest, TheApplicationIsWaitedForAndTheClocksComeBack) {
     Driven& driven = saved.Start();
     saved.machine.child_states = {ChildState::kRuns, ChildState::kRuns};
     saved.machine.log.clear();
-    EXPECT_TRUE(driven.program.ApplyProfile(
-        saved.folder.Write("a.ksp", "ksp,999,0," + std::string(restore) + "," + clocks +
-                                        "\"App to run\",/games,\"play.exe now\",never,read")));
+    EXPECT_TRUE(driven.program.ApplyProfile(saved.machine.Files().Put(
+        "/home/a.ksp", "ksp,999,0," + std::string(restore) + "," + clocks +
+                           "\"App to run\",/games,\"play.exe now\",never,read")));
     const auto& log = saved.machine.log;
     EXPECT_EQ(std::count(log.begin(), log.end(), "wait"), waits) << restore << clocks;
     EXPECT_EQ(std::count(log.begin(), log.end(), "folder /games"), 1);
@@ -346,7 +345,7 @@ TEST(ProfilesTest, AProfileOfOneMachineIsAppliedOnAnother) {
 TEST(ProfilesTest, OnTheCommandLineNoWindowIsShownAndTheProgramEnds) {
   Saved saved(kXp);
   saved.machine.Store(test::kOptionsKey, "LVP", "REG_DWORD 5");
-  const std::string file = saved.folder.Write("a b.ksp", "ksp,999,0,0,OGL_a,1");
+  const std::string file = saved.machine.Files().Put("/home/a b.ksp", "ksp,999,0,0,OGL_a,1");
   const Driven driven(saved.machine, file);
   EXPECT_TRUE(driven.started);
   EXPECT_TRUE(driven.program.Ended());

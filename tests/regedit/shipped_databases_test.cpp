@@ -18,7 +18,7 @@
 #include "ogl/opengl_settings.h"
 #include "platform/case_fold.h"
 #include "platform/driver_keys.h"
-#include "platform/temp_folder.h"
+#include "read_all.h"
 #include "regedit/database.h"
 
 namespace kestrune::regedit {

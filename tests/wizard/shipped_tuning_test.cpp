@@ -15,7 +15,7 @@
 #include "core/field_reader.h"
 #include "d3d/direct3d_settings.h"
 #include "fake_machine.h"
-#include "platform/temp_folder.h"
+#include "read_all.h"
 #include "tuning_maker.h"
 #include "wizard/tuning.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_page.h"
 #include "platform/files_api.h"
-#include "platform/portable/code_page.h"
 #include "platform/portable/folder_listing.h"
 
 namespace kestrune::platform::portable {

@@ -30,18 +30,6 @@ bool IsProgram(const std::string& path, std::string_view name, ProgramNames prog
   return access(path.c_str(), X_OK) == 0;
 }
 
-void SortWithoutCase(std::vector<std::string>& names) {
-  std::vector<std::pair<std::string, std::string>> by_folded;
-  by_folded.reserve(names.size());
-  for (std::string& name : names) {
-    std::string folded = FoldCase(name);
-    by_folded.emplace_back(std::move(folded), std::move(name));
-  }
-  std::sort(by_folded.begin(), by_folded.end());
-  names.clear();
-  for (auto& [folded, name] : by_folded) names.push_back(std::move(name));
-}
-
 bool IsOctal(char c) { return c >= '0' && c <= '7'; }
 
 /// Blanks and other odd bytes stand in the table as a backslash with three octal digits.

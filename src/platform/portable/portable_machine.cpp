@@ -5,9 +5,9 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/code_page.h"
 #include "platform/driver.h"
 #include "platform/driver_keys.h"
-#include "platform/portable/code_page.h"
 #include "platform/portable/display.h"
 #include "platform/portable/files.h"
 #include "platform/portable/hardware_keys.h"

@@ -5,14 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_limits.h"
 #include "platform/files_api.h"
 #include "platform/result.h"
 
 namespace kestrune::platform::portable {
-
-/// What a data file, a description or a picture has at most, and registry text, in bytes.
-inline constexpr std::size_t kLongestDataFile = 16 << 20;
-inline constexpr std::size_t kLongestRegFile = 256 << 20;
 
 enum class PipesToo { kNo, kYes };
 

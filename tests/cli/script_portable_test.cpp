@@ -1,8 +1,7 @@
 // What a step may reach: pages, windows, and what stands behind a modal one.
 
-#include "cli/script.h"
-
 #include "cli/command_line_run.h"
+#include "cli/script.h"
 
 namespace kestrune::cli {
 namespace {

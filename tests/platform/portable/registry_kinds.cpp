@@ -1,8 +1,9 @@
+#include "platform/registry_kinds.h"
+
 #include <stdexcept>
 
 #include "platform/portable/hardware_keys.h"
 #include "platform/portable/store_registry.h"
-#include "platform/registry_kinds.h"
 #include "platform/temp_folder.h"
 #include "platform/tracing.h"
 

@@ -1,7 +1,5 @@
 // kestrunectl, run in this process on stores of its own.
 
-#include "cli/command_line.h"
-
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
@@ -9,6 +7,7 @@
 #include <set>
 
 #include "cli/command.h"
+#include "cli/command_line.h"
 #include "cli/command_line_run.h"
 #include "cli/step.h"
 #include "platform/portable/store.h"
@@ -481,25 +480,6 @@ TEST_F(CommandLineTest, TheProcessorsAreListedWithTheLevelsAboveThem) {
   const std::string processor = Out(
       {"registry", "list", R"(HKEY_LOCAL_MACHINE\hardware\description\system\centralprocessor\0)"});
   EXPECT_NE(processor.find("~MHz\tREG_DWORD "), std::string::npos) << processor;
-}
-
-/// A machine with one registry of its own.
-class OneMachine : public platform::portable::PortableMachines {
- public:
-  bool HasStores() const override { return false; }
-  bool HasDescriptions() const override { return false; }
-};
-
-TEST_F(CommandLineTest, AMachineWithoutStoresAndDescriptionsHasNoOptionsForThem) {
-  OneMachine one;
-  const auto status = [&one](const std::vector<std::string>& arguments) {
-    std::ostringstream out;
-    return RunCommandLine(arguments, one, {out, out});
-  };
-  EXPECT_EQ(status({"--store", folder / "s", "machine"}), 2);
-  EXPECT_EQ(status({"--machine", "host", "state"}), 2);
-  EXPECT_EQ(status({"machine"}), 2);
-  EXPECT_EQ(status({"state", "--help"}), 0);
 }
 
 TEST_F(CommandLineTest, AStoreThatIsNoneIsRefusedUntouched) {

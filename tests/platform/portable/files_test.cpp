@@ -9,10 +9,9 @@
 #include <map>
 #include <thread>
 
-#include "platform/plain_user.h"
+#include "platform/portable/plain_user.h"
 #include "platform/portable/whole_file.h"
 #include "platform/temp_folder.h"
-#include "platform/unwritten_files.h"
 
 namespace kestrune::platform::portable {
 namespace {
@@ -287,54 +286,6 @@ TEST(FilesTest, APathThatBeginsWithTheProgramFolderIsAProgramFile) {
     EXPECT_EQ(read ? read.Value() : TextOf(read), c.then) << c.path;
   }
   EXPECT_EQ(TextOf(files.ReadFile("/dev/zero")), "not usable: it is no ordinary file");
-}
-
-TEST(FilesTest, WhatADryRunWritesIsReadAndListedAndNowhereElse) {
-  TempFolder folder;
-  folder.Write("Data/a.ksp", "old");
-  folder.Write("Data/b.ksp", "b");
-  FolderFiles files({folder / ""}, 1252);
-  UnwrittenFiles dry(files);
-  const std::string before = Everything(folder / "");
-  EXPECT_TRUE(dry.WriteFile("\\DATA\\A.ksp", "new"));
-  EXPECT_TRUE(dry.WriteFile("data/c.KSP", "c"));
-  EXPECT_TRUE(dry.WriteFile("data/sub/d.ksp", "d"));
-  EXPECT_TRUE(dry.WriteFile("e.ksp", "e"));
-  EXPECT_FALSE(dry.WriteFile("../x", "x"));
-  EXPECT_EQ(Everything(folder / ""), before);
-  EXPECT_EQ(dry.ListFiles("\\data\\", ".ksp"), (Names{"A.ksp", "b.ksp", "c.KSP"}));
-  EXPECT_EQ(dry.ListFiles("data/SUB", ""), Names{"d.ksp"});
-  EXPECT_EQ(dry.ListFiles("", ".KSP"), Names{"e.ksp"});
-  EXPECT_EQ(dry.ReadBytes("data/a.ksp"), "new");
-  EXPECT_EQ(dry.ReadBytes("data\\b.ksp"), "b");
-  EXPECT_EQ(dry.ReadFile(dry.ProgramFolder() + "\\DATA\\C.ksp").Value(), "c");
-  EXPECT_EQ(dry.ReadFile(folder / "Data/b.ksp").Value(), "b");
-  EXPECT_EQ(dry.Locate("data/a.ksp"), std::nullopt);
-  EXPECT_EQ(files.ReadBytes("data/a.ksp"), "old");
-  EXPECT_EQ(TextOf(dry.AppendFile("data/c.ksp", "more")), "done");
-  EXPECT_EQ(dry.ReadBytes("data/c.ksp"), "c");
-  EXPECT_EQ(TextOf(dry.AppendFile("none", "x")), "no file: No such file or directory");
-}
-
-TEST(UnwrittenFilesTest, ADeletedFileIsGoneForThisRunAlone) {
-  TempFolder folder;
-  folder.Write("a.ksp", "a");
-  folder.Write("B.ksp", "b");
-  FolderFiles files({folder / ""}, 1252);
-  UnwrittenFiles dry(files);
-  EXPECT_TRUE(dry.WriteFile("c.ksp", "c"));
-  for (const char* path : {"b.KSP", "C.ksp"}) {
-    EXPECT_EQ(TextOf(dry.RemoveFile(path)), "done") << path;
-    EXPECT_EQ(TextOf(dry.RemoveFile(path)), "no file: No such file or directory") << path;
-    EXPECT_EQ(dry.ReadBytes(path), std::nullopt) << path;
-    EXPECT_EQ(dry.Locate(path), std::nullopt) << path;
-    EXPECT_EQ(TextOf(dry.ReadFile(dry.ProgramFolder() + "/" + path)),
-              "no file: No such file or directory");
-  }
-  EXPECT_EQ(dry.ListFiles("", ".ksp"), Names{"a.ksp"});
-  EXPECT_EQ(files.ListFiles("", ".ksp"), (Names{"a.ksp", "B.ksp"}));
-  EXPECT_TRUE(dry.WriteFile("b.ksp", "new"));
-  EXPECT_EQ(dry.ListFiles("", ".ksp"), (Names{"a.ksp", "b.ksp"}));
 }
 
 TEST(FolderListingTest, ProgramsAreToldByTheirRightsOrTheirNames) {

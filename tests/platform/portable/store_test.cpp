@@ -10,8 +10,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/plain_user.h"
 #include "platform/portable/files.h"
+#include "platform/portable/plain_user.h"
 #include "platform/portable/store_registry.h"
 #include "platform/reg_file.h"
 #include "platform/temp_folder.h"

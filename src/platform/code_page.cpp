@@ -1,14 +1,11 @@
-#include "platform/portable/code_page.h"
-
-#include <iconv.h>
+#include "platform/code_page.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 
 #include "platform/utf8.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 namespace {
 
 constexpr int kUtf8 = 65001;
@@ -29,39 +26,6 @@ bool IsKeptByte(char32_t character) {
 
 char32_t KeptByte(char byte) { return kKeptByte + static_cast<unsigned char>(byte); }
 
-/// One of the C library's converters.
-class Converter {
- public:
-  Converter(const std::string& to, const std::string& from)
-      : handle_(iconv_open(to.c_str(), from.c_str())) {}
-  ~Converter() {
-    if (IsOpen()) iconv_close(handle_);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-
-  /// A whole character converted; empty when it doesn't exist over there or isn't whole.
-  std::string Convert(std::string_view text) const {
-    if (!IsOpen()) return {};
-    char buffer[16];
-    char* out = buffer;
-    char* in = const_cast<char*>(text.data());
-    std::size_t in_left = text.size();
-    std::size_t out_left = sizeof(buffer);
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    const auto failed = static_cast<std::size_t>(-1);
-    bool converted = iconv(handle_, &in, &in_left, &out, &out_left) != failed && in_left == 0;
-    // Pages with combining marks hold a letter back until they are told that nothing follows.
-    converted = converted && iconv(handle_, nullptr, nullptr, &out, &out_left) != failed;
-    return converted ? std::string(buffer, out) : std::string();
-  }
-
- private:
-  iconv_t handle_;
-};
-
 char32_t OnlyCharacter(const std::string& text) {
   std::size_t position = 0;
   const char32_t character = text.empty() ? kNoCharacter : NextCharacter(text, position);
@@ -70,15 +34,13 @@ char32_t OnlyCharacter(const std::string& text) {
 
 }  // namespace
 
-/// One code page: a table for its single bytes, and the library's converters for pairs of bytes.
+/// One code page: a table for its single bytes, and the system's converter for pairs of bytes.
 class CodePage {
  public:
-  explicit CodePage(int number)
-      : decoder_("UTF-8", "CP" + std::to_string(number)),
-        encoder_("CP" + std::to_string(number), "UTF-8") {
+  explicit CodePage(int number) : converter_(SystemConverter(number)) {
     for (unsigned byte = 0; byte < 256; ++byte) {
       const char bytes[] = {static_cast<char>(byte)};
-      const char32_t character = OnlyCharacter(decoder_.Convert({bytes, 1}));
+      const char32_t character = OnlyCharacter(converter_->ToUtf8({bytes, 1}));
       table_[byte] = character;
       if (character != kNoCharacter) bytes_.emplace(character, bytes[0]);
     }
@@ -109,7 +71,7 @@ class CodePage {
     const char32_t single = table_[static_cast<unsigned char>(first)];
     if (single != kNoCharacter) return single;
     if (position == bytes.size()) return KeptByte(first);
-    const char32_t pair = OnlyCharacter(decoder_.Convert(bytes.substr(position - 1, 2)));
+    const char32_t pair = OnlyCharacter(converter_->ToUtf8(bytes.substr(position - 1, 2)));
     if (pair == kNoCharacter || IsKeptByte(pair)) return KeptByte(first);
     ++position;
     return pair;
@@ -120,7 +82,7 @@ class CodePage {
       encoded.bytes.push_back(found->second);
     } else if (IsKeptByte(character)) {
       encoded.bytes.push_back(static_cast<char>(character - kKeptByte));
-    } else if (const std::string pair = encoder_.Convert(utf8); !pair.empty()) {
+    } else if (const std::string pair = converter_->FromUtf8(utf8); !pair.empty()) {
       encoded.bytes.append(pair);
     } else {
       encoded.bytes.push_back('?');
@@ -128,8 +90,7 @@ class CodePage {
     }
   }
 
-  Converter decoder_;
-  Converter encoder_;
+  std::unique_ptr<CharacterConverter> converter_;
   std::array<char32_t, 256> table_{};
   std::unordered_map<char32_t, char> bytes_;
 };
@@ -189,4 +150,4 @@ const CodePage& CodePages::Page(int page) {
   return *slot;
 }
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform

@@ -9,9 +9,23 @@
 
 #include "platform/files_api.h"
 
-namespace kestrune::platform::portable {
+namespace kestrune::platform {
 
 class CodePage;
+
+/// Converts characters between one code page and UTF-8, a whole one at a time. What doesn't exist
+/// over there, or isn't whole, becomes empty text.
+class CharacterConverter {
+ public:
+  virtual ~CharacterConverter() = default;
+
+  virtual std::string ToUtf8(std::string_view bytes) = 0;
+  virtual std::string FromUtf8(std::string_view character) = 0;
+};
+
+/// The system's own converter for a code page that CodePages knows (iconv, MultiByteToWideChar);
+/// each kind of machine defines this.
+std::unique_ptr<CharacterConverter> SystemConverter(int page);
 
 /// Turns bytes in Windows code pages into UTF-8 and back. A byte that the page doesn't define
 /// becomes the character U+F700 + byte, which turns back into that byte, so nothing is lost on a
@@ -34,4 +48,4 @@ class CodePages {
   std::map<int, std::unique_ptr<CodePage>> pages_;
 };
 
-}  // namespace kestrune::platform::portable
+}  // namespace kestrune::platform
