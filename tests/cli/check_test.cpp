@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "command_line_run.h"
-#include "platform/plain_user.h"
+#include "platform/portable/plain_user.h"
 
 namespace kestrune::cli {
 namespace {

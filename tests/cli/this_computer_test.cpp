@@ -48,6 +48,10 @@ class ThisComputer : public platform::MachineSource {
       const platform::MachineOptions& options) override {
     return std::unique_ptr<platform::Machine>(std::make_unique<View>(computer_, options.dry_run));
   }
+  platform::Result<std::unique_ptr<platform::Inspection>> Inspect(
+      const platform::MachineOptions&) override {
+    return platform::Fail("There is nothing to look through.");
+  }
   bool HasStores() const override { return false; }
   bool HasDescriptions() const override { return false; }
   std::vector<platform::MachineInfo> List(const platform::MachineOptions&) override { return {}; }

@@ -259,7 +259,7 @@ TEST(ShippedMachinesTest, TheProgramFindsTheCardTheDriverAndTheClocksThatAreDesc
     const controls::Control& page = *program.Find("overclocking");
     if (program.Main().WayTo(program.PageOf(page)) == nullptr) continue;
     program.GoToPage(program.PageOf(page));
-    const platform::portable::DescribedClocks& clocks = *described.clocks;
+    const platform::DescribedClocks& clocks = *described.clocks;
     EXPECT_EQ(DefaultClocks(program), Both(clocks.core, clocks.memory)) << name;
     auto& second = dynamic_cast<controls::OptionButton&>(*program.Find("overclocking.3d-speed"));
     EXPECT_EQ(second.Usable(), clocks.core_3d.has_value()) << name;

@@ -18,8 +18,8 @@
 
 #include "platform/case_fold.h"
 #include "platform/check_reg_file.h"
+#include "platform/code_page.h"
 #include "platform/parse_number.h"
-#include "platform/portable/code_page.h"
 #include "platform/portable/files.h"
 #include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
