@@ -84,6 +84,8 @@ class FakeMachine : public platform::DisplayApi,
   platform::MemoryStatus Memory() override { return memory; }
   std::unique_ptr<platform::LoadCounters> OpenLoadCounters() override;
   std::optional<std::vector<platform::ProcessRecord>> Processes() override { return processes; }
+  std::int64_t Milliseconds() override { return milliseconds; }
+  void Pause(int length) override { milliseconds += length; }
   std::optional<std::string> FileVersionText(std::string_view file_name) override;
   bool StartCommand(std::string_view command_line, platform::WindowState window) override;
   platform::Result<std::unique_ptr<platform::ChildProcess>, platform::StartFault> StartProgram(
@@ -97,6 +99,7 @@ class FakeMachine : public platform::DisplayApi,
   void RunPendingEvents() override { log.push_back("events"); }
   void WaitWhile(const std::function<bool()>& goes_on) override;
 
+  std::int64_t milliseconds = 0;  ///< of real time, which passes in pauses alone
   std::vector<std::string> log;
   std::vector<std::string> messages;
   platform::Question last_question;

@@ -2,13 +2,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <memory>
-#include <system_error>
-#include <thread>
 
 #include "monitor/recording.h"
 #include "platform/case_fold.h"
@@ -52,29 +47,27 @@ class Interruption {
 /// Real time in steps from a beginning. A step that has gone by is not made up for.
 class Pace {
  public:
-  explicit Pace(int interval_ms) : interval_ms_(interval_ms) {}
+  Pace(platform::SystemApi& system, int interval_ms)
+      : system_(system), interval_ms_(interval_ms), start_(system.Milliseconds()) {}
 
-  long long Elapsed() const {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start_).count();
-  }
+  std::int64_t Elapsed() const { return system_.Milliseconds() - start_; }
   /// Waits for the next step; false when that was interrupted.
   bool WaitForNext() const {
-    const long long due = (Elapsed() / interval_ms_ + 1) * interval_ms_;
+    const std::int64_t due = (Elapsed() / interval_ms_ + 1) * interval_ms_;
     while (!Interruption::WasTaken()) {
-      const long long left = due - Elapsed();
+      const std::int64_t left = due - Elapsed();
       if (left <= 0) return true;
-      // A signal doesn't end a sleep.
-      constexpr long long kLongestSleep = 50;
-      std::this_thread::sleep_for(std::chrono::milliseconds(std::min(left, kLongestSleep)));
+      // A signal need not end a pause.
+      constexpr std::int64_t kLongestPause = 50;
+      system_.Pause(static_cast<int>(std::min(left, kLongestPause)));
     }
     return false;
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
-
+  platform::SystemApi& system_;
   int interval_ms_;
-  Clock::time_point start_ = Clock::now();
+  std::int64_t start_;
 };
 
 /// A file that each sample reaches in one write.
@@ -82,29 +75,26 @@ class RecordingFile {
  public:
   RecordingFile(const std::string& path, bool two_processors)
       : two_processors_(two_processors),
-        format_(IsCsv(path) ? monitor::kCsvFormat : monitor::kMonitoringFormat),
-        file_(std::fopen(path.c_str(), "wb")) {
-    if (file_ != nullptr) std::setvbuf(file_.get(), nullptr, _IONBF, 0);
-  }
+        format_(IsCsv(path) ? monitor::kCsvFormat : monitor::kMonitoringFormat) {}
 
-  bool Begin() { return file_ != nullptr && Put(format_.beginning(two_processors_)); }
-  bool Add(const Sample& sample) { return Put(format_.sample(sample, ++number_, two_processors_)); }
+  platform::Result<void> Begin(platform::FilesApi& files, const std::string& path) {
+    auto file = files.CreateAnyFile(path);
+    if (!file) return platform::Fail(file.Reason());
+    file_ = std::move(file).Value();
+    return file_->Put(format_.beginning(two_processors_));
+  }
+  platform::Result<void> Add(const Sample& sample) {
+    return file_->Put(format_.sample(sample, ++number_, two_processors_));
+  }
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
   static bool IsCsv(const std::string& path) {
     return platform::FoldCase(path).ends_with(platform::FoldCase(".csv"));
-  }
-  bool Put(const std::string& text) {
-    return std::fwrite(text.data(), 1, text.size(), file_.get()) == text.size();
   }
 
   bool two_processors_;
   const monitor::RecordingFormat& format_;
-  std::unique_ptr<std::FILE, CloseFile> file_;
+  std::unique_ptr<platform::OutputFile> file_;
   int number_ = 0;
 };
 
@@ -116,7 +106,7 @@ std::optional<int> NumberOf(const Arguments& arguments, std::string_view option,
   return number && *number >= least ? number : std::nullopt;
 }
 
-void Print(Run& run, long long milliseconds, const Sample& sample, bool two_processors) {
+void Print(Run& run, std::int64_t milliseconds, const Sample& sample, bool two_processors) {
   const auto tab = [](int number) { return '\t' + std::to_string(number); };
   Json item = {{"milliseconds", milliseconds}, {"cpu1", sample.cpu1}};
   if (two_processors) item["cpu2"] = sample.cpu2;
@@ -129,8 +119,7 @@ void Print(Run& run, long long milliseconds, const Sample& sample, bool two_proc
   run.streams.out.flush();
 }
 
-Status CannotRecord(Run& run) {
-  const std::string reason = std::generic_category().message(errno);
+Status CannotRecord(Run& run, const std::string& reason) {
   run.streams.Complain(run.arguments.Word(kRecord) + " can't be written: " + reason + ".");
   return Status::kImpossible;
 }
@@ -156,16 +145,20 @@ Status Monitor(Run& run, forms::Program& program) {
   const bool two_processors = program.RunState().TwoCPU == 1;
   run.out.BeginList();
   std::optional<RecordingFile> recording;
-  if (!path.empty() && !run.options.machine.dry_run) recording.emplace(path, two_processors);
-  if (recording && !recording->Begin()) return CannotRecord(run);
+  if (!path.empty() && !run.options.machine.dry_run) {
+    recording.emplace(path, two_processors);
+    const auto begun = recording->Begin(run.session->Files(), path);
+    if (!begun) return CannotRecord(run, begun.Reason());
+  }
   const Interruption interruption;
   monitor::Sampler sampler(run.session->System(), program.Versions(), program.RunState());
   sampler.Take();
-  const Pace pace(given == 0 ? kUsualInterval : given);
+  const Pace pace(run.session->System(), given == 0 ? kUsualInterval : given);
   for (int i = 0; (count == 0 || i < count) && pace.WaitForNext(); ++i) {
     const Sample& sample = sampler.Take();
     Print(run, pace.Elapsed(), sample, two_processors);
-    if (recording && !recording->Add(sample)) return CannotRecord(run);
+    if (!recording) continue;
+    if (const auto added = recording->Add(sample); !added) return CannotRecord(run, added.Reason());
   }
   return Status::kDone;
 }

@@ -1,7 +1,6 @@
 #include "cli/profile_commands.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "cli/control_text.h"
 #include "cli/script.h"
@@ -31,15 +30,16 @@ Step SetStep(std::string_view control, std::string value) {
 Result<void> ChooseApplication(Run& run, forms::Program& program) {
   const std::string& file = run.arguments.Word(kApplication);
   if (file.empty()) return {};
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::absolute(file, error).lexically_normal();
-  const auto listing = run.session->Files().ListFolder(path.parent_path().string());
-  const std::string name = path.filename().string();
+  platform::FilesApi& files = run.session->Files();
+  const std::string path = files.WholePath(file);
+  const std::string folder = files.PathOf(path, "..");
+  const auto listing = files.ListFolder(folder);
+  const std::string name = path.substr(std::min(files.PathOf(folder, "").size(), path.size()));
   if (!listing || std::find(listing->programs.begin(), listing->programs.end(), name) ==
                       listing->programs.end()) {
     return Fail(file + " is no program that can be browsed to.");
   }
-  program.Profiles().ChooseApplication(path.parent_path().string(), name);
+  program.Profiles().ChooseApplication(folder, name);
   return {};
 }
 

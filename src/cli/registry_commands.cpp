@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "cli/replace_file.h"
 #include "platform/open_key.h"
 #include "platform/plain_text.h"
 #include "platform/reg_file.h"
@@ -81,8 +80,8 @@ Status PutExport(Run& run, platform::FilesApi& files, platform::RegTextForm form
     return Status::kDone;
   }
   if (run.options.machine.dry_run) return Status::kDone;
-  const auto written =
-      ReplaceFile(file, is_version5 ? std::string(kUtf16Mark) + platform::ToUtf16(text) : text);
+  const auto written = files.ReplaceAnyFile(
+      file, is_version5 ? std::string(kUtf16Mark) + platform::ToUtf16(text) : text);
   if (written) return Status::kDone;
   run.streams.Complain(file + " can't be written: " + written.Reason() + ".");
   return Status::kImpossible;

@@ -14,6 +14,8 @@ class StandingLoad : public platform::SystemApi {
 
   platform::ProcessorInfo Processors() override { return inner_.Processors(); }
   platform::MemoryStatus Memory() override { return inner_.Memory(); }
+  std::int64_t Milliseconds() override { return inner_.Milliseconds(); }
+  void Pause(int milliseconds) override { inner_.Pause(milliseconds); }
   std::optional<std::vector<platform::ProcessRecord>> Processes() override {
     return inner_.Processes();
   }

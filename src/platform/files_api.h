@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,15 @@ struct FolderListing {
   std::vector<std::string> programs;
 };
 
+/// A file that is being written. It is closed when this is destroyed.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+
+  /// Adds bytes in one write. The reason of a failure is what the system says of it.
+  virtual Result<void> Put(std::string_view bytes) = 0;
+};
+
 /// The program folder and its data files, any other file, and the machine's code page.
 ///
 /// Paths are relative to the program folder unless told otherwise, with backslashes or slashes and
@@ -59,6 +69,16 @@ class FilesApi {
   /// The bytes of any ordinary file or pipe of the machine, by the path that its own programs use,
   /// up to 256 MB. The reason of a failure is what the system says of it, or its size.
   virtual Result<std::string> ReadAnyFile(const std::string& path) = 0;
+
+  /// Writes any file of the machine. It takes the place of the old one, with its rights, only when
+  /// it is whole; a link stays and what it leads to is replaced. What is no ordinary file, such as
+  /// a pipe, is written as it is. A failure leaves the old file as it was.
+  virtual Result<void> ReplaceAnyFile(const std::string& path, std::string_view bytes) = 0;
+  /// Opens any file of the machine to be written from its beginning on, for what others may read
+  /// while it grows.
+  virtual Result<std::unique_ptr<OutputFile>> CreateAnyFile(const std::string& path) = 0;
+  /// A path as it leads from the folder that the program was started in, without "." and "..".
+  virtual std::string WholePath(const std::string& path) = 0;
 
   /// The program folder as text, as the machine spells it, without a separator at the end.
   virtual std::string ProgramFolder() = 0;

@@ -21,6 +21,13 @@ class FilesWrapper : public FilesApi {
   Result<std::string> ReadAnyFile(const std::string& path) override {
     return inner_.ReadAnyFile(path);
   }
+  Result<void> ReplaceAnyFile(const std::string& path, std::string_view bytes) override {
+    return inner_.ReplaceAnyFile(path, bytes);
+  }
+  Result<std::unique_ptr<OutputFile>> CreateAnyFile(const std::string& path) override {
+    return inner_.CreateAnyFile(path);
+  }
+  std::string WholePath(const std::string& path) override { return inner_.WholePath(path); }
   std::string ProgramFolder() override { return inner_.ProgramFolder(); }
   Result<std::string, FileFailure> ReadFile(const std::string& path) override {
     return inner_.ReadFile(path);

@@ -53,6 +53,10 @@ class SystemApi {
   /// Opens counters for many collections (PdhOpenQuery, PdhAddCounter). Never null; what can't be
   /// opened is never there.
   virtual std::unique_ptr<LoadCounters> OpenLoadCounters() = 0;
+  /// Milliseconds of real time that have gone by since some moment (GetTickCount).
+  virtual std::int64_t Milliseconds() = 0;
+  /// Lets so much real time pass (Sleep). A signal may cut it short.
+  virtual void Pause(int milliseconds) = 0;
   /// All processes of this moment, first that of number 0 (CreateToolhelp32Snapshot,
   /// Process32First, Process32Next); nothing when it fails.
   virtual std::optional<std::vector<ProcessRecord>> Processes() = 0;

@@ -146,21 +146,38 @@ bool TracingShell::OpenControlPanelItem(std::string_view item) {
   return inner_.OpenControlPanelItem(item);
 }
 
-Result<void, FileFailure> TracingFiles::Told(std::string_view what, std::string_view path,
-                                             Result<void, FileFailure> done) {
-  if (done) {
-    trace_.Tell(TraceKind::kCommand,
-                "file\t" + std::string(what) + '\t' + PlainText(ProgramPathText(path)));
-  }
-  return done;
+void TracingFiles::Tell(std::string_view what, const std::string& path) {
+  trace_.Tell(TraceKind::kCommand, "file\t" + std::string(what) + '\t' + PlainText(path));
+}
+
+void TracingFiles::TellAny(const std::string& path) {
+  const std::string whole = WholePath(path);
+  const auto in_folder = InProgramFolder(whole, ProgramFolder());
+  Tell("write", in_folder ? ProgramPathText(*in_folder) : whole);
 }
 
 Result<void, FileFailure> TracingFiles::WriteFile(std::string_view path, std::string_view bytes) {
-  return Told("write", path, FilesWrapper::WriteFile(path, bytes));
+  Result<void, FileFailure> written = FilesWrapper::WriteFile(path, bytes);
+  if (written) Tell("write", ProgramPathText(path));
+  return written;
 }
 
 Result<void, FileFailure> TracingFiles::RemoveFile(std::string_view path) {
-  return Told("delete", path, FilesWrapper::RemoveFile(path));
+  Result<void, FileFailure> removed = FilesWrapper::RemoveFile(path);
+  if (removed) Tell("delete", ProgramPathText(path));
+  return removed;
+}
+
+Result<void> TracingFiles::ReplaceAnyFile(const std::string& path, std::string_view bytes) {
+  Result<void> written = FilesWrapper::ReplaceAnyFile(path, bytes);
+  if (written) TellAny(path);
+  return written;
+}
+
+Result<std::unique_ptr<OutputFile>> TracingFiles::CreateAnyFile(const std::string& path) {
+  auto created = FilesWrapper::CreateAnyFile(path);
+  if (created) TellAny(path);
+  return created;
 }
 
 }  // namespace kestrune::platform

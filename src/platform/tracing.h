@@ -96,7 +96,7 @@ class TracingShell : public ShellApi {
   Trace& trace_;
 };
 
-/// Tells each program file that was written or deleted. What is appended belongs to a file that was
+/// Tells each file that was written or deleted. What is added to one belongs to a file that was
 /// told when it was begun. No group of changes takes one back.
 class TracingFiles : public FilesWrapper {
  public:
@@ -104,11 +104,13 @@ class TracingFiles : public FilesWrapper {
 
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;
   Result<void, FileFailure> RemoveFile(std::string_view path) override;
+  Result<void> ReplaceAnyFile(const std::string& path, std::string_view bytes) override;
+  Result<std::unique_ptr<OutputFile>> CreateAnyFile(const std::string& path) override;
 
  private:
-  /// Tells what was done, unless it failed.
-  Result<void, FileFailure> Told(std::string_view what, std::string_view path,
-                                 Result<void, FileFailure> done);
+  void Tell(std::string_view what, const std::string& path);
+  /// Tells of a file by the path that it was asked for.
+  void TellAny(const std::string& path);
 
   Trace& trace_;
 };

@@ -137,6 +137,12 @@ std::vector<std::string> FolderFiles::ListFiles(std::string_view folder, std::st
   return list;
 }
 
+std::string FolderFiles::WholePath(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole.lexically_normal().string();
+}
+
 std::string FolderFiles::ProgramFolder() {
   if (folders_.empty()) return "";
   std::error_code error;

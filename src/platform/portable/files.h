@@ -6,6 +6,7 @@
 #include "platform/code_page.h"
 #include "platform/files_api.h"
 #include "platform/portable/folder_listing.h"
+#include "platform/portable/output_file.h"
 
 namespace kestrune::platform::portable {
 
@@ -23,6 +24,13 @@ class FolderFiles : public FilesApi {
   std::optional<std::string> Locate(std::string_view path) override;
   bool IsPicture(std::string_view path) override;
   Result<std::string> ReadAnyFile(const std::string& path) override;
+  Result<void> ReplaceAnyFile(const std::string& path, std::string_view bytes) override {
+    return ReplaceFile(path, bytes);
+  }
+  Result<std::unique_ptr<OutputFile>> CreateAnyFile(const std::string& path) override {
+    return CreateFile(path);
+  }
+  std::string WholePath(const std::string& path) override;
   std::string ProgramFolder() override;
   Result<std::string, FileFailure> ReadFile(const std::string& path) override;
   Result<void, FileFailure> WriteFile(std::string_view path, std::string_view bytes) override;

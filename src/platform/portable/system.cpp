@@ -1,5 +1,7 @@
 #include "platform/portable/system.h"
 
+#include <time.h>
+
 #include <algorithm>
 
 #include "platform/parse_number.h"
@@ -27,6 +29,17 @@ std::int64_t BytesOf(std::string_view memory_info, std::string_view name) {
 
 MemoryStatus ReadMemory(std::string_view memory_info) {
   return {BytesOf(memory_info, "MemTotal:"), BytesOf(memory_info, "MemAvailable:")};
+}
+
+std::int64_t DescribedSystem::Milliseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
+}
+
+void DescribedSystem::Pause(int milliseconds) {
+  const timespec time{milliseconds / 1000, milliseconds % 1000 * 1000000L};
+  nanosleep(&time, nullptr);
 }
 
 ProcessorInfo DescribedSystem::Processors() {

@@ -18,6 +18,8 @@ class DescribedSystem : public SystemApi {
   ProcessorInfo Processors() override;
   MemoryStatus Memory() override;
   std::unique_ptr<LoadCounters> OpenLoadCounters() override;
+  std::int64_t Milliseconds() override;
+  void Pause(int milliseconds) override;
   std::optional<std::vector<ProcessRecord>> Processes() override;
 
  private:

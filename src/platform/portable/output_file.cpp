@@ -1,12 +1,13 @@
-#include "cli/replace_file.h"
+#include "platform/portable/output_file.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <random>
 #include <system_error>
 
-namespace kestrune::cli {
+namespace kestrune::platform::portable {
 
 namespace fs = std::filesystem;
 
@@ -31,7 +32,7 @@ std::error_code Write(const fs::path& path, const char* mode, std::string_view b
 /// A file beside another, with a name that nobody else takes.
 fs::path Beside(const fs::path& path) {
   const std::string number = std::to_string(std::random_device()());
-  return path.parent_path() / (".kestrunectl-" + number + ".tmp");
+  return path.parent_path() / (".kestrune-" + number + ".tmp");
 }
 
 std::error_code Replace(const fs::path& path, fs::file_status old, std::string_view bytes) {
@@ -49,16 +50,41 @@ std::error_code Replace(const fs::path& path, fs::file_status old, std::string_v
   return error;
 }
 
+class UnbufferedFile : public OutputFile {
+ public:
+  explicit UnbufferedFile(std::FILE* file) : file_(file) {
+    std::setvbuf(file, nullptr, _IONBF, 0);
+  }
+
+  Result<void> Put(std::string_view bytes) override {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) == bytes.size()) return {};
+    return Fail(LastError().message());
+  }
+
+ private:
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
+  std::unique_ptr<std::FILE, CloseFile> file_;
+};
+
 }  // namespace
 
-platform::Result<void> ReplaceFile(const std::string& path, std::string_view bytes) {
+Result<std::unique_ptr<OutputFile>> CreateFile(const std::string& path) {
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  if (file == nullptr) return Fail(LastError().message());
+  return std::unique_ptr<OutputFile>(std::make_unique<UnbufferedFile>(file));
+}
+
+Result<void> ReplaceFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
   fs::path target = fs::canonical(path, error);
   if (error) target = path;
   const fs::file_status old = fs::symlink_status(target, error);
   const bool is_ordinary = fs::is_regular_file(old) || old.type() == fs::file_type::not_found;
   error = is_ordinary ? Replace(target, old, bytes) : Write(target, "wb", bytes);
-  return error ? platform::Result<void>(platform::Fail(error.message())) : platform::Result<void>();
+  return error ? Result<void>(Fail(error.message())) : Result<void>();
 }
 
-}  // namespace kestrune::cli
+}  // namespace kestrune::platform::portable
