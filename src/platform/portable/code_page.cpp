@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 
 #include "platform/utf8.h"
 
@@ -74,8 +75,7 @@ char32_t OnlyCharacter(const std::string& text) {
 class CodePage {
  public:
   explicit CodePage(int number)
-      : decoder_("UTF-8", "CP" + std::to_string(number)),
-        encoder_("CP" + std::to_string(number), "UTF-8") {
+      : decoder_("UTF-8", "CP" + std::to_string(number)), number_(number) {
     for (unsigned byte = 0; byte < 256; ++byte) {
       const char bytes[] = {static_cast<char>(byte)};
       const char32_t character = OnlyCharacter(decoder_.Convert({bytes, 1}));
@@ -88,7 +88,12 @@ class CodePage {
     std::string text;
     text.reserve(bytes.size() * 2);
     for (std::size_t position = 0; position < bytes.size();) {
-      AppendCharacter(text, Next(bytes, position));
+      const auto first = static_cast<unsigned char>(bytes[position]);
+      if (first < 0x80 && table_[first] == first) {
+        text.push_back(bytes[position++]);
+      } else {
+        AppendCharacter(text, Next(bytes, position));
+      }
     }
     return text;
   }
@@ -120,7 +125,7 @@ class CodePage {
       encoded.bytes.push_back(found->second);
     } else if (IsKeptByte(character)) {
       encoded.bytes.push_back(static_cast<char>(character - kKeptByte));
-    } else if (const std::string pair = encoder_.Convert(utf8); !pair.empty()) {
+    } else if (const std::string pair = Encoder().Convert(utf8); !pair.empty()) {
       encoded.bytes.append(pair);
     } else {
       encoded.bytes.push_back('?');
@@ -128,8 +133,14 @@ class CodePage {
     }
   }
 
+  const Converter& Encoder() const {
+    if (!encoder_) encoder_.emplace("CP" + std::to_string(number_), "UTF-8");
+    return *encoder_;
+  }
+
   Converter decoder_;
-  Converter encoder_;
+  int number_;
+  mutable std::optional<Converter> encoder_;  ///< opened when it is first needed
   std::array<char32_t, 256> table_{};
   std::unordered_map<char32_t, char> bytes_;
 };

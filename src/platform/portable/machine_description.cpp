@@ -384,7 +384,7 @@ void TakeText(std::string_view text, Remarks& remarks, MachineDescription& machi
   if (const unsigned line = FirstLineTooDeep(text); line > 0) {
     return remarks.Fault({{line, 1}, {line, 1}, nullptr}, "the line has too many dots");
   }
-  const toml::parse_result parsed = toml::parse(text, machine.file);
+  const toml::parse_result parsed = toml::parse(text);
   if (parsed.failed()) {
     return remarks.Fault(parsed.error().source(), std::string(parsed.error().description()));
   }
