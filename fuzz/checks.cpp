@@ -39,8 +39,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   RequireInOrder(wizard::CheckTuning(text), size);
   RequireInOrder(monitor::CheckRecording(text), size);
   RequireInOrder(platform::CheckRegFile(text, files), size);
-  RequireInOrder(platform::portable::CheckMachineDescription(text, "/nowhere/a.toml").findings,
-                 size);
+  const auto sound = [](const std::string&) { return platform::Findings(); };
+  RequireInOrder(platform::portable::CheckMachineDescription(text, "a.toml", sound).findings, size);
   (void)platform::SizeOfPicture(text);
   return 0;
 }

@@ -11,7 +11,6 @@
 #include "monitor/recording.h"
 #include "ogl/check_card_table.h"
 #include "platform/case_fold.h"
-#include "platform/check_reg_file.h"
 #include "profiles/check_profile.h"
 #include "profiles/profile_file.h"
 #include "regedit/check_database.h"
@@ -195,9 +194,8 @@ Findings FileChecks::Machine(const FilePlace& file) {
 }
 
 Findings FileChecks::RegistryText(const FilePlace& file) {
-  const auto bytes = inspection_.ReadRegistryText(file.path);
-  if (!bytes) return Unreadable(bytes.Reason().reason);
-  return platform::CheckRegFile(bytes.Value(), inspection_.Files());
+  const auto checked = inspection_.CheckRegistryText(file.path);
+  return checked ? checked.Value() : Unreadable(checked.Reason().reason);
 }
 
 Findings FileChecks::Store(const FilePlace& file) { return inspection_.CheckStore(file.path); }

@@ -47,9 +47,10 @@ class Inspection {
   /// The whole path of a file that a person names.
   virtual std::string WholePath(const std::string& file) = 0;
 
-  /// The bytes of an ordinary file, up to 16 MB, or as many as registry text may have.
+  /// The bytes of an ordinary file, up to 16 MB.
   virtual Result<std::string, FileFailure> ReadFile(const std::string& file) = 0;
-  virtual Result<std::string, FileFailure> ReadRegistryText(const std::string& file) = 0;
+  /// What is wrong with a file of registry text, or why it can't be read.
+  virtual Result<Findings, FileFailure> CheckRegistryText(const std::string& file) = 0;
   /// What is wrong with a machine description, and with the registry file that it names.
   virtual DescriptionCheck CheckDescription(std::string_view text, const std::string& file) = 0;
   /// What is wrong with a registry store, after a check of the whole.

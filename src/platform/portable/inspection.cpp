@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "platform/case_fold.h"
+#include "platform/check_reg_file.h"
 #include "platform/portable/machine_description.h"
 #include "platform/portable/store.h"
 #include "platform/portable/whole_file.h"
@@ -223,13 +224,21 @@ Result<std::string, FileFailure> PortableInspection::ReadFile(const std::string&
   return ReadWholeFile(file);
 }
 
-Result<std::string, FileFailure> PortableInspection::ReadRegistryText(const std::string& file) {
-  return ReadWholeFile(file, kLongestRegFile);
+Result<Findings, FileFailure> PortableInspection::CheckRegistryText(const std::string& file) {
+  if (const auto known = registry_texts_.find(file); known != registry_texts_.end()) {
+    return known->second;
+  }
+  using Checked = Result<Findings, FileFailure>;
+  const auto bytes = ReadWholeFile(file, kLongestRegFile);
+  Checked checked =
+      bytes ? Checked(CheckRegFile(bytes.Value(), files_)) : Checked(FailWith(bytes.Reason()));
+  return registry_texts_.emplace(file, std::move(checked)).first->second;
 }
 
 DescriptionCheck PortableInspection::CheckDescription(std::string_view text,
                                                       const std::string& file) {
-  return CheckMachineDescription(text, file);
+  return CheckMachineDescription(
+      text, file, [this](const std::string& registry) { return CheckRegistryText(registry); });
 }
 
 Findings PortableInspection::CheckStore(const std::string& file) { return Store::Check(file); }

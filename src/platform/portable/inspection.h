@@ -47,7 +47,7 @@ class PortableInspection : public Inspection {
   std::vector<std::string> FilesIn(const std::string& folder) override;
   std::string WholePath(const std::string& file) override;
   Result<std::string, FileFailure> ReadFile(const std::string& file) override;
-  Result<std::string, FileFailure> ReadRegistryText(const std::string& file) override;
+  Result<Findings, FileFailure> CheckRegistryText(const std::string& file) override;
   DescriptionCheck CheckDescription(std::string_view text, const std::string& file) override;
   Findings CheckStore(const std::string& file) override;
 
@@ -55,6 +55,8 @@ class PortableInspection : public Inspection {
   MachinePlaces places_;
   FolderFiles files_;
   FolderContents contents_;
+  /// Of registry text, by path: a description names what is found by itself, too.
+  std::map<std::string, Result<Findings, FileFailure>> registry_texts_;
 };
 
 }  // namespace kestrune::platform::portable

@@ -17,10 +17,8 @@
 #include <toml++/toml.h>
 
 #include "platform/case_fold.h"
-#include "platform/check_reg_file.h"
 #include "platform/code_page.h"
 #include "platform/parse_number.h"
-#include "platform/portable/files.h"
 #include "platform/portable/processes.h"
 #include "platform/portable/whole_file.h"
 
@@ -384,7 +382,7 @@ void TakeText(std::string_view text, Remarks& remarks, MachineDescription& machi
   if (const unsigned line = FirstLineTooDeep(text); line > 0) {
     return remarks.Fault({{line, 1}, {line, 1}, nullptr}, "the line has too many dots");
   }
-  const toml::parse_result parsed = toml::parse(text, machine.file);
+  const toml::parse_result parsed = toml::parse(text);
   if (parsed.failed()) {
     return remarks.Fault(parsed.error().source(), std::string(parsed.error().description()));
   }
@@ -392,17 +390,17 @@ void TakeText(std::string_view text, Remarks& remarks, MachineDescription& machi
 }
 
 /// What keeps a description's registry file from being imported, told where it is named.
-void CheckRegistryOf(const MachineDescription& machine, int line, Findings& findings) {
+void CheckRegistryOf(const MachineDescription& machine, int line,
+                     const RegistryCheck& check_registry, Findings& findings) {
   const std::string file = RegistryFileOf(machine);
   if (file.empty()) return;
   const std::string what = "the registry file " + machine.registry;
-  const auto bytes = ReadWholeFile(file, kLongestRegFile);
-  if (!bytes.Ok()) {
-    findings.push_back({line, what + " can't be read: " + bytes.Reason().reason});
+  const auto checked = check_registry(file);
+  if (!checked.Ok()) {
+    findings.push_back({line, what + " can't be read: " + checked.Reason().reason});
     return;
   }
-  FolderFiles files({}, machine.code_page);
-  for (const Finding& finding : CheckRegFile(bytes.Value(), files)) {
+  for (const Finding& finding : checked.Value()) {
     findings.push_back({line, what + " has a fault in line " + std::to_string(finding.line) + ": " +
                                   finding.reason});
   }
@@ -450,7 +448,8 @@ std::string RegistryFileOf(const MachineDescription& machine) {
   return std::filesystem::path(machine.file).replace_filename(machine.registry).string();
 }
 
-DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file) {
+DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file,
+                                         const RegistryCheck& check_registry) {
   Remarks remarks;
   MachineDescription machine;
   machine.file = file;
@@ -465,7 +464,7 @@ DescriptionCheck CheckMachineDescription(std::string_view text, const std::strin
     check.findings.push_back({remarks.lines.code_page,
                               "code page " + std::to_string(machine.code_page) + " isn't known"});
   }
-  CheckRegistryOf(machine, remarks.lines.registry, check.findings);
+  CheckRegistryOf(machine, remarks.lines.registry, check_registry, check.findings);
   SortByLine(check.findings);
   for (std::size_t i = 0; machine.display_devices && i < machine.display_devices->size(); ++i) {
     check.devices.push_back(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -79,7 +80,9 @@ Result<LoadedDescription> ParseMachineDescription(std::string_view text, const s
 /// The registry file that stands beside a description; empty where it names none.
 std::string RegistryFileOf(const MachineDescription& machine);
 /// What is wrong with a description of that file, and with the registry file that it names.
-DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file);
+using RegistryCheck = std::function<Result<Findings, FileFailure>(const std::string& file)>;
+DescriptionCheck CheckMachineDescription(std::string_view text, const std::string& file,
+                                         const RegistryCheck& check_registry);
 
 /// The file of a description: `machine` itself when it has a slash or ends in ".toml", else the
 /// file of that name in the first of the folders that has one.
