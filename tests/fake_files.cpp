@@ -66,6 +66,19 @@ Failure<FileFailure> NotThere(bool has_folder) {
                 std::errc::no_such_file_or_directory);
 }
 
+class Growing : public platform::OutputFile {
+ public:
+  explicit Growing(std::string& bytes) : bytes_(bytes) {}
+
+  platform::Result<void> Put(std::string_view bytes) override {
+    bytes_ += bytes;
+    return {};
+  }
+
+ private:
+  std::string& bytes_;
+};
+
 }  // namespace
 
 const Paths& FakeFiles::Shipped() const {
@@ -84,6 +97,17 @@ bool FakeFiles::IsProgramFolder(const std::string& folded) const {
 
 void FakeFiles::Lay(std::string_view path, std::string_view bytes) {
   laid_[Folded(path)] = {ProgramPathText(path), std::string(bytes)};
+}
+
+platform::Result<void> FakeFiles::ReplaceAnyFile(const std::string& path, std::string_view bytes) {
+  Put(path, bytes);
+  return {};
+}
+
+platform::Result<std::unique_ptr<platform::OutputFile>> FakeFiles::CreateAnyFile(
+    const std::string& path) {
+  Put(path, "");
+  return std::unique_ptr<platform::OutputFile>(std::make_unique<Growing>(others_[path]));
 }
 
 std::string FakeFiles::Put(std::string path, std::string_view bytes) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,10 @@ class FakeFiles : public platform::FilesApi {
   std::optional<std::string> Locate(std::string_view path) override;
   bool IsPicture(std::string_view path) override;
   platform::Result<std::string> ReadAnyFile(const std::string& path) override;
+  platform::Result<void> ReplaceAnyFile(const std::string& path, std::string_view bytes) override;
+  platform::Result<std::unique_ptr<platform::OutputFile>> CreateAnyFile(
+      const std::string& path) override;
+  std::string WholePath(const std::string& path) override { return path; }
   std::string ProgramFolder() override;
   platform::Result<std::string, platform::FileFailure> ReadFile(const std::string& path) override;
   platform::Result<void, platform::FileFailure> WriteFile(std::string_view path,

@@ -35,8 +35,12 @@ class HandleTable {
   /// Visits everything that is open.
   template <class Visit>
   void ForEach(const Visit& visit) {
-    for (Place& place : places_) {
-      if (place.is_open) visit(place.thing);
+    ForEachHandle([&visit](RegHandle, Thing& thing) { visit(thing); });
+  }
+  template <class Visit>
+  void ForEachHandle(const Visit& visit) {
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+      if (places_[i].is_open) visit(static_cast<RegHandle>(i + 1), places_[i].thing);
     }
   }
 

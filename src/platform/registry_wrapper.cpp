@@ -1,5 +1,7 @@
 #include "platform/registry_wrapper.h"
 
+#include <utility>
+
 namespace kestrune::platform {
 
 RegStatus RegistryWrapper::OpenKey(RegRoot root, std::string_view path, RegHandle& key) {
@@ -50,6 +52,21 @@ RegStatus RegistryWrapper::ListKeys(RegHandle key, std::vector<std::string>& nam
 
 RegStatus RegistryWrapper::ListValues(RegHandle key, std::vector<StoredValue>& values) {
   return inner_.ListValues(InnerOf(key), values);
+}
+
+void RegistryWrapper::Reopen(RegHandle key) {
+  OpenedKey* opened = keys_.Find(key);
+  RegHandle inner = 0;
+  if (opened == nullptr || opened->inner == 0) return;
+  if (inner_.OpenKey(opened->address.root, opened->address.path, inner) != RegStatus::kSuccess) {
+    return;
+  }
+  inner_.CloseKey(std::exchange(opened->inner, inner));
+}
+
+void RegistryWrapper::Disown(RegHandle key) {
+  OpenedKey* opened = keys_.Find(key);
+  if (opened != nullptr) inner_.CloseKey(std::exchange(opened->inner, 0));
 }
 
 RegHandle RegistryWrapper::Keep(RegRoot root, std::string_view path, RegHandle inner) {

@@ -41,6 +41,19 @@ class RegistryWrapper : public RegistryApi {
   RegistryApi& Inner() { return inner_; }
   /// Null when the handle isn't open here.
   const OpenedKey* Opened(RegHandle key) { return keys_.Find(key); }
+  /// The keys that are open here and fulfil a condition of theirs.
+  template <class Condition>
+  std::vector<RegHandle> OpenedWhere(const Condition& condition) {
+    std::vector<RegHandle> handles;
+    keys_.ForEachHandle([&](RegHandle handle, const OpenedKey& opened) {
+      if (condition(opened)) handles.push_back(handle);
+    });
+    return handles;
+  }
+  /// Opens a key at its address once more, for the same owner.
+  void Reopen(RegHandle key);
+  /// Closes a key without its owner, to whom it answers as one that was never open.
+  void Disown(RegHandle key);
   /// Gives out a key.
   RegHandle Keep(RegRoot root, std::string_view path, RegHandle inner);
 

@@ -8,7 +8,7 @@
 #include <regex>
 #include <set>
 
-#include "platform/temp_folder.h"
+#include "read_all.h"
 #include "tools/cards/card_maker.h"
 #include "tools/cards/card_table.h"
 

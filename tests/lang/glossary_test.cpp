@@ -10,7 +10,7 @@
 #include "fake_machine.h"
 #include "lang/language.h"
 #include "platform/case_fold.h"
-#include "platform/temp_folder.h"
+#include "read_all.h"
 
 namespace kestrune::lang {
 namespace {
@@ -63,7 +63,7 @@ TEST(GlossaryTest, EveryLanguageKeepsToItsWords) {
   std::set<std::string> missing;
   for (const auto& file :
        std::filesystem::directory_iterator(KESTRUNE_DATA_FOLDER "/DATA/LANGUAGE")) {
-    missing.insert(file.path().stem());
+    missing.insert(file.path().stem().string());
   }
   missing.erase("en");
   for (std::size_t column = kLanguagesFrom; column < heading.size(); ++column) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,15 +47,18 @@ class Converter {
 
 class IconvConverter : public CharacterConverter {
  public:
-  explicit IconvConverter(const std::string& page)
-      : decoder_("UTF-8", page), encoder_(page, "UTF-8") {}
+  explicit IconvConverter(const std::string& page) : page_(page), decoder_("UTF-8", page) {}
 
   std::string ToUtf8(std::string_view bytes) override { return decoder_.Convert(bytes); }
-  std::string FromUtf8(std::string_view character) override { return encoder_.Convert(character); }
+  std::string FromUtf8(std::string_view character) override {
+    if (!encoder_) encoder_.emplace(page_, "UTF-8");
+    return encoder_->Convert(character);
+  }
 
  private:
+  std::string page_;
   Converter decoder_;
-  Converter encoder_;
+  std::optional<Converter> encoder_;  ///< opened when first needed, since few texts need it
 };
 
 }  // namespace

@@ -52,9 +52,7 @@ std::error_code Replace(const fs::path& path, fs::file_status old, std::string_v
 
 class UnbufferedFile : public OutputFile {
  public:
-  explicit UnbufferedFile(std::FILE* file) : file_(file) {
-    std::setvbuf(file, nullptr, _IONBF, 0);
-  }
+  explicit UnbufferedFile(std::FILE* file) : file_(file) { std::setvbuf(file, nullptr, _IONBF, 0); }
 
   Result<void> Put(std::string_view bytes) override {
     if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) == bytes.size()) return {};

@@ -6,6 +6,7 @@
 #include "platform/portable/store_registry.h"
 #include "platform/temp_folder.h"
 #include "platform/tracing.h"
+#include "platform/undoing_registry.h"
 
 namespace kestrune::platform {
 
@@ -62,15 +63,29 @@ std::unique_ptr<RegistryUnderTest> MakeTraced() {
   return std::make_unique<WrapperUnderTest<TracingRegistry, Trace>>(Trace(ignore));
 }
 
+/// Groups of changes without those of the store.
+class UndoingUnderTest : public StoreUnderTest {
+ public:
+  RegistryApi& Registry() override { return undoing_; }
+
+ private:
+  UndoingRegistry undoing_{StoreUnderTest::Registry()};
+};
+
+std::unique_ptr<RegistryUnderTest> MakeUndoing() { return std::make_unique<UndoingUnderTest>(); }
+
 constexpr RegistryKind kKinds[] = {
     {"Store", MakeStore},
     {"DryRun", MakeDryRun},
     {"BehindHardware", MakeHardware},
     {"Traced", MakeTraced},
+    {"Undoing", MakeUndoing},
 };
 
 }  // namespace
 
 std::span<const RegistryKind> MachineRegistryKinds() { return kKinds; }
+
+bool MachineHoldsEveryCharacter() { return true; }
 
 }  // namespace kestrune::platform
