@@ -4,8 +4,9 @@
 // searched before the C++ library asks.
 #ifdef __i386__
 
-// The header is to declare the functions as the program's own.
+// The header declares the functions as this file's own, and the older of them by its name.
 #define _CRTIMP
+#define _USE_32BIT_TIME_T
 #include <sys/stat.h>
 
 extern "C" {
