@@ -56,6 +56,10 @@ std::set<std::string> OptionsOf(const CLI::App& word) {
   return names;
 }
 
+// Options that not every kind of machine has.
+constexpr const char* kStore = "--store";
+constexpr const char* kMachine = "--machine";
+
 /// Builds the options and commands of a machine from their rows and runs the chosen one.
 class CommandLine {
  public:
@@ -84,6 +88,7 @@ class CommandLine {
   std::string UsageOf(const CLI::App& word) const;
   std::string Complaint(const CLI::ParseError& fault) const;
   std::string Unexpected(const std::string& given) const;
+  bool IsOfOtherMachines(const std::string& given) const;
   std::string Missing() const;
   Status RunChosen();
   bool PrepareSteps(std::vector<Step>& steps);
@@ -102,11 +107,9 @@ class CommandLine {
 
 void CommandLine::AddGlobalOptions() {
   platform::MachineOptions& machine = options_.machine;
-  if (machines_.HasStores()) {
-    AddText("--store", machine.store, "The registry's file", "FILE");
-  }
+  if (machines_.HasStores()) AddText(kStore, machine.store, "The registry's file", "FILE");
   if (machines_.HasDescriptions()) {
-    AddText("--machine", machine.machine, "The machine's description: its name or its file",
+    AddText(kMachine, machine.machine, "The machine's description: its name or its file",
             "NAME|FILE");
   }
   AddText("--program-folder", machine.program_folder, "The only folder for program files", "DIR");
@@ -255,6 +258,7 @@ std::string CommandLine::Complaint(const CLI::ParseError& fault) const {
 std::string CommandLine::Unexpected(const std::string& given) const {
   const CLI::App& word = LastWord();
   const std::string quoted = '"' + given + '"';
+  if (IsOfOtherMachines(given)) return quoted + " is of no use: the machine is this computer.";
   if (given.starts_with('-')) {
     const std::set<std::string> names = OptionsOf(word);
     return "there is no option " + quoted + Suggestion(given, {names.begin(), names.end()});
@@ -264,6 +268,19 @@ std::string CommandLine::Unexpected(const std::string& given) const {
   const std::vector<std::string> names = NamesBehind(word);
   return "there is no command \"" + command + '"' +
          Suggestion(command, {names.begin(), names.end()});
+}
+
+/// Whether an option or a command is one that only other kinds of machines have.
+bool CommandLine::IsOfOtherMachines(const std::string& given) const {
+  const std::string option = given.substr(0, given.find('='));
+  if (option == kStore) return !machines_.HasStores();
+  if (option == kMachine) return !machines_.HasDescriptions();
+  const auto commands = Commands();
+  return app_.get_subcommands().empty() &&
+         std::any_of(commands.begin(), commands.end(), [&](const Command& command) {
+           return command.name == given && command.offered != nullptr &&
+                  !(machines_.*command.offered)();
+         });
 }
 
 std::string CommandLine::Missing() const {
