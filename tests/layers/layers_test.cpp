@@ -65,8 +65,10 @@ struct Exception {
 
 /// Only a program's main file names a particular machine.
 constexpr Exception kMainFiles[] = {
-    {"cli/main.cpp", "platform/portable"},   {"cli/main_win32.cpp", "platform/win32"},
-    {"ui/win32/main.cpp", "platform/win32"}, {"tools/screenshots/main.cpp", "platform/portable"},
+    {"cli/main.cpp", "platform/portable"},
+    {"cli/main_win32.cpp", "platform/win32"},
+    {"ui/win32/main.cpp", "platform/win32"},
+    {"tools/screenshots/main.cpp", "platform/portable"},
 };
 
 /// What isn't the project's own, and the only folders that include it. The first row whose

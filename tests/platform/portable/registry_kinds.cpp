@@ -75,11 +75,8 @@ class UndoingUnderTest : public StoreUnderTest {
 std::unique_ptr<RegistryUnderTest> MakeUndoing() { return std::make_unique<UndoingUnderTest>(); }
 
 constexpr RegistryKind kKinds[] = {
-    {"Store", MakeStore},
-    {"DryRun", MakeDryRun},
-    {"BehindHardware", MakeHardware},
-    {"Traced", MakeTraced},
-    {"Undoing", MakeUndoing},
+    {"Store", MakeStore},   {"DryRun", MakeDryRun},   {"BehindHardware", MakeHardware},
+    {"Traced", MakeTraced}, {"Undoing", MakeUndoing},
 };
 
 }  // namespace
