@@ -4,6 +4,7 @@
 
 #include "cli/command_line_run.h"
 #include "cli/output.h"
+#include "cli/saved_profiles.h"
 
 namespace kestrune::cli {
 namespace {
@@ -126,6 +127,14 @@ TEST_F(ProfileCommandTest, ACheckKnowsTheMachine) {
   const Outcome wrong = Run({"profile", "check", bad});
   EXPECT_EQ(wrong.status, 1);
   EXPECT_EQ(wrong.out, bad + ":5: \"b\", the value of a, is no whole number\n");
+}
+
+TEST_F(ProfileCommandTest, TheSavedBytesAreThoseThatEverySystemReads) {
+  for (const SavedProfile& saved : {kSavedOnNt, kSavedOn9x}) {
+    Run({"set", std::string(kLimit) + "=5", std::string(kTripleBuffering) + "=on"}, saved.machine);
+    Run({"profile", "save", "--clocks=" + std::string(saved.clocks), saved.machine}, saved.machine);
+    EXPECT_EQ(Profile(saved.machine), saved.bytes) << saved.machine;
+  }
 }
 
 }  // namespace

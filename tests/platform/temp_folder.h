@@ -1,9 +1,8 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -15,8 +14,11 @@ namespace kestrune::platform {
 class TempFolder {
  public:
   TempFolder() {
-    std::string path = (std::filesystem::temp_directory_path() / "kestrune-XXXXXX").string();
-    path_ = mkdtemp(path.data());
+    std::random_device random;
+    const std::string start = (std::filesystem::temp_directory_path() / "kestrune-").string();
+    do {
+      path_ = start + std::to_string(random());
+    } while (!std::filesystem::create_directory(path_));
     // Tests that give up their rights still have to get in.
     std::filesystem::permissions(path_, std::filesystem::perms(0777));
   }

@@ -54,8 +54,8 @@ void DropName(std::wstring_view& line) {
 
 }  // namespace
 
-std::vector<std::string> CommandLineWords() {
-  std::wstring_view line = GetCommandLineW();
+std::vector<std::string> WordsOf(std::wstring_view command_line) {
+  std::wstring_view line = command_line;
   DropName(line);
   std::vector<std::string> words;
   for (;;) {
@@ -65,6 +65,8 @@ std::vector<std::string> CommandLineWords() {
     words.push_back(Narrow(TakeWord(line)));
   }
 }
+
+std::vector<std::string> CommandLineWords() { return WordsOf(GetCommandLineW()); }
 
 namespace {
 

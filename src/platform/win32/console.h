@@ -6,8 +6,10 @@
 
 namespace kestrune::platform::win32 {
 
-/// The words behind the program's own name, in UTF-8, as the C library of this system takes a
-/// command line apart.
+/// The words of a command line behind the program's own name, in UTF-8, as the C library of this
+/// system takes it apart.
+std::vector<std::string> WordsOf(std::wstring_view command_line);
+/// Those of this program's own.
 std::vector<std::string> CommandLineWords();
 
 /// Standard output or standard error for text in UTF-8: a file or a pipe gets the bytes as they
