@@ -228,11 +228,11 @@ TEST_F(ThisWindowsComputerTest, ASettingStandsInTheRealRegistry) {
   EXPECT_EQ(StoredNumber(HKEY_LOCAL_MACHINE, path, "D3DOGL_70835937"), 0x10000010);
   EXPECT_EQ(Out({"get", kMode}), "4x\n");
 
-  const std::string before = Out({"registry", "export", "HKLM\\" + path, "-"});
+  const std::string before = Out({"registry", "export", "HKLM\\" + path});
   const Outcome dry =
       Run({"--dry-run", "do", std::string(kMode) + "=Off", "?" + std::string(kMode)});
   EXPECT_EQ(dry.out, "Off\n") << dry.err;
-  EXPECT_EQ(Out({"registry", "export", "HKLM\\" + path, "-"}), before);
+  EXPECT_EQ(Out({"registry", "export", "HKLM\\" + path}), before);
 }
 
 TEST_F(ThisWindowsComputerTest, TheDriversLibrariesAnswerBeforeTheCommandReturns) {

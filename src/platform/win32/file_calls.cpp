@@ -304,6 +304,17 @@ Result<void, FileFailure> ReplaceFile(const std::string& path, std::string_view 
   return {};
 }
 
+Result<void, FileFailure> ReplaceFileOrPut(const std::string& path, std::string_view bytes) {
+  {
+    const OpenFile there(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+    if (there.IsOpen() && GetFileType(there.Handle()) != FILE_TYPE_DISK) {
+      const DWORD error = there.Put(bytes);
+      return error == 0 ? Result<void, FileFailure>() : FailedAs(error);
+    }
+  }
+  return ReplaceFile(path, bytes);
+}
+
 Result<void, FileFailure> AppendToFile(const std::string& path, std::string_view bytes) {
   const OpenFile file(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
   if (!file.IsOpen()) return FailedAs(file.Error());

@@ -39,6 +39,8 @@ unsigned long MakeFolders(const std::string& path);
 /// Stores bytes as a new file beside `path`, which it replaces once it has reached the disk. A
 /// failure leaves the old file as it was, and nothing else behind.
 Result<void, FileFailure> ReplaceFile(const std::string& path, std::string_view bytes);
+/// The same, but a pipe or a device that `path` names takes the bytes as they are.
+Result<void, FileFailure> ReplaceFileOrPut(const std::string& path, std::string_view bytes);
 /// Adds bytes to a file in one write, and takes back what a full disk left of them.
 Result<void, FileFailure> AppendToFile(const std::string& path, std::string_view bytes);
 Result<void, FileFailure> DeleteOneFile(const std::string& path);

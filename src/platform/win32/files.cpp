@@ -81,7 +81,7 @@ Result<std::string> ProgramFiles::ReadAnyFile(const std::string& path) {
 }
 
 Result<void> ProgramFiles::ReplaceAnyFile(const std::string& path, std::string_view bytes) {
-  const auto replaced = ReplaceFile(path, bytes);
+  const auto replaced = ReplaceFileOrPut(path, bytes);
   return replaced ? Result<void>() : Result<void>(Fail(replaced.Reason().reason));
 }
 

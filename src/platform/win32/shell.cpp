@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <optional>
+#include <vector>
 
 #include "platform/command_words.h"
 #include "platform/win32/end_requests.h"
@@ -68,19 +69,6 @@ HANDLE StartProcess(const std::string& file, std::string_view command, const std
                              window);
 }
 
-StartFault FaultOf(DWORD error) {
-  switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-      return StartFault::kNotFound;
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_DIRECTORY:
-      return StartFault::kNoFolder;
-    default:
-      return StartFault::kNotExecutable;
-  }
-}
-
 class StartedChild : public ChildProcess {
  public:
   explicit StartedChild(HANDLE process) : process_(process) {}
@@ -113,11 +101,47 @@ std::string PathFrom(const std::string& folder, const std::string& path) {
   return is_whole || folder.empty() ? path : folder + '\\' + path;
 }
 
-/// The file that the whole text names, blanks included, before any beginning of it is tried; empty
-/// where it names none.
+/// The file that a text names, as it stands or without its ".exe"; empty where it names none.
 std::string FileNamedBy(std::string_view text, const std::string& folder) {
   const std::string path = PathFrom(folder, WithoutQuotes(text));
-  return KindOf(path) == FileKind::kFile ? path : std::string();
+  for (const char* ending : {"", ".exe"}) {
+    if (KindOf(path + ending) == FileKind::kFile) return path + ending;
+  }
+  return {};
+}
+
+/// A program's file and its whole command line. Without a file the system looks for it.
+struct Program {
+  std::string file;
+  std::string command;
+};
+
+/// The whole text as a program, blanks included, else its shortest beginning that names one.
+Program FindProgram(std::string_view text, const std::string& folder) {
+  if (std::string file = FileNamedBy(text, folder); !file.empty()) return {file, '"' + file + '"'};
+  for (const auto& [name, rest] : BeginningsOf(text, MAX_PATH)) {
+    const std::string file = FileNamedBy(name, folder);
+    if (!file.empty()) return {file, ('"' + file + '"').append(rest)};
+  }
+  return {"", std::string(text)};
+}
+
+/// Why the system didn't start a program that a word names.
+StartFault FaultOf(DWORD error, const std::string& word, const std::string& folder) {
+  const std::string path = PathFrom(folder, word);
+  const std::size_t separator = path.find_last_of("\\/");
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+      return separator == path.npos || KindOf(path.substr(0, separator)) == FileKind::kFolder
+                 ? StartFault::kNotFound
+                 : StartFault::kNoFolder;
+    case ERROR_DIRECTORY:
+      return StartFault::kNoFolder;
+    default:
+      return StartFault::kNotExecutable;
+  }
 }
 
 }  // namespace
@@ -133,13 +157,14 @@ bool SystemShell::StartCommand(std::string_view command_line, WindowState window
 Result<std::unique_ptr<ChildProcess>, StartFault> SystemShell::StartProgram(
     std::string_view command_line, WindowState window) {
   using Child = std::unique_ptr<ChildProcess>;
-  const std::string words = SplitCommandLine(command_line).empty() ? "" : std::string(command_line);
-  if (words.empty() || words.find('\0') != words.npos) return FailWith(StartFault::kNotFound);
-  const std::string file = FileNamedBy(command_line, folder_);
+  const std::vector<std::string> words = SplitCommandLine(command_line);
+  if (words.empty() || command_line.find('\0') != command_line.npos) {
+    return FailWith(StartFault::kNotFound);
+  }
   if (dry_run_) return Child(std::make_unique<EndedChild>());
-  const std::string command = file.empty() ? words : '"' + file + '"';
-  const HANDLE process = StartProcess(file, command, folder_, window);
-  if (process == nullptr) return FailWith(FaultOf(GetLastError()));
+  const Program program = FindProgram(command_line, folder_);
+  const HANDLE process = StartProcess(program.file, program.command, folder_, window);
+  if (process == nullptr) return FailWith(FaultOf(GetLastError(), words.front(), folder_));
   return Child(std::make_unique<StartedChild>(process));
 }
 
