@@ -3,7 +3,8 @@
 # The oldest interfaces: newer headers make structures larger, which old systems refuse.
 add_compile_definitions(_WIN32_WINNT=0x0400 WINVER=0x0400 _WIN32_IE=0x0400 NOMINMAX
                         WIN32_LEAN_AND_MEAN STRICT)
-add_compile_options(-Os -ffunction-sections -fdata-sections)
+add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:-Os;-ffunction-sections;-fdata-sections>")
+enable_language(RC)
 add_link_options(
   -static -s -Wl,--gc-sections
   # What the program asks of the system that loads it.
