@@ -90,12 +90,12 @@ std::vector<DisplayDevice> SystemDisplays::ListDevices() {
     return !each.hardware_id.empty();
   });
   if (is_told || !IsNt()) return devices;
-  if (auto driver = DriverDevice()) devices.insert(devices.begin(), *std::move(driver));
+  if (auto driver = DriverDevice(registry_)) devices.insert(devices.begin(), *std::move(driver));
   return devices;
 }
 
-std::optional<DisplayDevice> SystemDisplays::DriverDevice() {
-  const std::string name = TextOf(registry_, kDriverKey, "Device Description");
+std::optional<DisplayDevice> DriverDevice(RegistryApi& registry) {
+  const std::string name = TextOf(registry, kDriverKey, "Device Description");
   const std::optional<unsigned> id = DeviceNamed(name);
   if (!id) return std::nullopt;
   char hardware_id[64];

@@ -9,6 +9,10 @@
 
 namespace kestrune::platform::win32 {
 
+/// The card that the key of Windows NT 4's driver names, as a device; nothing when there is no such
+/// driver or its card isn't known.
+std::optional<DisplayDevice> DriverDevice(RegistryApi& registry);
+
 /// The computer's display devices and modes. Where the system doesn't tell what a device is, as
 /// Windows NT 4, the driver's key counts as the only device and the card's name in it tells which.
 class SystemDisplays : public DisplayApi {
@@ -26,8 +30,6 @@ class SystemDisplays : public DisplayApi {
 
  private:
   std::vector<DisplayDevice> ListDevices();
-  /// The card that the key of Windows NT 4's driver names; nothing when there is no such driver.
-  std::optional<DisplayDevice> DriverDevice();
 
   RegistryApi& registry_;
   CodePages& pages_;

@@ -5,6 +5,9 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <span>
+
 #include "platform/memory_registry.h"
 #include "platform/win32/card_names.h"
 #include "platform/win32/display.h"
@@ -84,6 +87,26 @@ TEST_F(SystemTest, DisplaysHaveModesAndADryRunChangesNone) {
   }
   EXPECT_FALSE(displays.MustConfirm());
   EXPECT_EQ(displays.ChangeMode({.width = 1, .height = 1}), ModeChange::kDone);
+}
+
+TEST_F(SystemTest, TheKeyOfNt4sDriverStandsForItsCard) {
+  const auto store = [this](RegType type, const std::string& text) {
+    RegHandle key = 0;
+    registry.CreateKey(RegRoot::kLocalMachine, "System\\CurrentControlSet\\Services\\nv4\\Device0",
+                       key);
+    registry.SetValue(key, "Device Description", type, std::as_bytes(std::span(text)));
+    registry.CloseKey(key);
+  };
+  EXPECT_FALSE(DriverDevice(registry));
+  store(RegType::kSz, "Another maker's card");
+  EXPECT_FALSE(DriverDevice(registry));
+  store(RegType::kSz, std::string("NVIDIA RIVA TNT2/TNT2 Pro\0x", 27));
+  const auto device = DriverDevice(registry);
+  ASSERT_TRUE(device);
+  EXPECT_EQ(device->description, "NVIDIA RIVA TNT2/TNT2 Pro");
+  EXPECT_EQ(device->hardware_id, "PCI\\VEN_10DE&DEV_0028&SUBSYS_00000000&REV_00");
+  EXPECT_EQ(device->driver_key,
+            R"(\Registry\Machine\System\CurrentControlSet\Services\nv4\Device0)");
 }
 
 TEST(CardNameTest, TellsACardByTheNameInItsDriversKey) {
