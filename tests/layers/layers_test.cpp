@@ -67,6 +67,7 @@ struct Exception {
 constexpr Exception kMainFiles[] = {
     {"cli/main.cpp", "platform/portable"},
     {"cli/main_win32.cpp", "platform/win32"},
+    {"ui/qt/main.cpp", "platform/portable"},
     {"ui/win32/main.cpp", "platform/win32"},
     {"tools/screenshots/main.cpp", "platform/portable"},
 };
