@@ -93,6 +93,8 @@ class ComboBox : public Control {
   void SetItems(std::vector<std::string> items);
   /// Has the items found once, when they are first needed. Observers aren't told.
   void FindItems(std::function<std::vector<std::string>()> find) { find_items_ = std::move(find); }
+  /// Whether nobody has needed the items yet.
+  bool HasItemsToFind() const { return find_items_ != nullptr; }
 
   /// What a face draws, greyed, and tells as the value while the text is empty.
   const std::string& Placeholder() const { return placeholder_; }

@@ -45,10 +45,9 @@ std::string_view FieldReader::TakeQuoted() {
   const std::size_t quote = text_.find('"', begin);
   position_ = std::min(quote, text_.size());
   std::string_view field = text_.substr(begin, position_ - begin);
-  for (std::size_t at = field.find_first_of(kLineEnds); at != field.npos;
-       at = field.find_first_of(kLineEnds, at + 1)) {
+  for (std::size_t at = 0; at < field.size(); ++at) {
     const bool is_pair = field[at] == '\r' && field.substr(at + 1).starts_with('\n');
-    if (!is_pair) ++line_;
+    if (field[at] == '\n' || (field[at] == '\r' && !is_pair)) ++line_;
   }
   is_cut_off_ = quote == text_.npos;
   if (is_cut_off_) field = field.substr(0, field.find_last_not_of(kLineEnds) + 1);

@@ -46,17 +46,13 @@ void Language::LoadLanguage() {
   core::Ignore(ReadTexts());
 }
 
-std::string Language::Decode(const std::string& bytes) const {
-  return files_.DecodeText(bytes, DeclaredCodePage(bytes));
-}
-
 /// False when the file has too many texts, after the message that says so.
 bool Language::ReadTexts() {
   const std::optional<std::string> bytes =
       files_.ReadBytes(std::string(kLanguageFolder) + LanguageName + std::string(kLanguageEnding));
   MissingFile = bytes ? "" : "DATA/LANGUAGE/" + LanguageName + std::string(kLanguageEnding);
   if (!bytes) return true;
-  const std::string text = Decode(*bytes);
+  const std::string text = files_.DecodeText(*bytes, DeclaredCodePage(*bytes));
   core::FieldReader fields(text);
   DisplayName = fields.Next().value_or("");
   HeaderText = fields.Next().value_or("");
@@ -77,8 +73,9 @@ std::vector<std::string> Language::ListLanguages() {
     if (name.find('_') != std::string::npos) continue;
     const std::optional<std::string> bytes = files_.ReadBytes(std::string(kLanguageFolder) + name);
     if (!bytes) continue;
-    const std::string text = Decode(*bytes);
-    display_names.push_back(core::FieldReader(text).Next().value_or(""));
+    // Of a whole file, only its name is turned into another encoding.
+    const std::string display_name = core::FieldReader(*bytes).Next().value_or("");
+    display_names.push_back(files_.DecodeText(display_name, DeclaredCodePage(*bytes)));
     if (LanguageFiles.size() < kMostFiles) LanguageFiles.push_back(name);
   }
   return display_names;

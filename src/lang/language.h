@@ -67,7 +67,6 @@ class Language {
 
  private:
   bool ReadTexts();
-  std::string Decode(const std::string& bytes) const;
 
   core::OwnOptions options_;
   platform::FilesApi& files_;

@@ -15,9 +15,13 @@ constexpr int kKnownPages[] = {437,  720,  737,  775,  850,  852,  855,  857,  8
                                862,  863,  864,  865,  866,  869,  874,  932,  936, 949, 950,
                                1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258};
 
+/// Where the pages begin to differ from ASCII.
+constexpr unsigned kFirstOwn = 0x80;
+
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < kFirstOwn; }
+
 bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  return std::all_of(text.begin(), text.end(), [](char c) { return IsAscii(c); });
 }
 
 bool IsKeptByte(char32_t character) {
@@ -38,7 +42,8 @@ char32_t OnlyCharacter(const std::string& text) {
 class CodePage {
  public:
   explicit CodePage(int number) : converter_(SystemConverter(number)) {
-    for (unsigned byte = 0; byte < 256; ++byte) {
+    for (unsigned byte = 0; byte < kFirstOwn; ++byte) table_[byte] = byte;
+    for (unsigned byte = kFirstOwn; byte < 256; ++byte) {
       const char bytes[] = {static_cast<char>(byte)};
       const char32_t character = OnlyCharacter(converter_->ToUtf8({bytes, 1}));
       table_[byte] = character;
@@ -50,7 +55,10 @@ class CodePage {
     std::string text;
     text.reserve(bytes.size() * 2);
     for (std::size_t position = 0; position < bytes.size();) {
-      AppendCharacter(text, Next(bytes, position));
+      const std::size_t start = position;
+      while (position < bytes.size() && IsAscii(bytes[position])) ++position;
+      text.append(bytes, start, position - start);
+      if (position < bytes.size()) AppendCharacter(text, Next(bytes, position));
     }
     return text;
   }
@@ -78,7 +86,9 @@ class CodePage {
   }
 
   void Append(EncodedText& encoded, char32_t character, std::string_view utf8) const {
-    if (const auto found = bytes_.find(character); found != bytes_.end()) {
+    if (character < kFirstOwn) {
+      encoded.bytes.push_back(static_cast<char>(character));
+    } else if (const auto found = bytes_.find(character); found != bytes_.end()) {
       encoded.bytes.push_back(found->second);
     } else if (IsKeptByte(character)) {
       encoded.bytes.push_back(static_cast<char>(character - kKeptByte));
@@ -92,7 +102,7 @@ class CodePage {
 
   std::unique_ptr<CharacterConverter> converter_;
   std::array<char32_t, 256> table_{};
-  std::unordered_map<char32_t, char> bytes_;
+  std::unordered_map<char32_t, char> bytes_;  ///< of the page's own characters
 };
 
 namespace {

@@ -65,7 +65,8 @@ void ComboWidget::Redraw() {
   const bool typing = HasUnfinishedText() && lineEdit()->hasFocus();
   {
     const QSignalBlocker blocker(this);
-    RedrawItems();
+    // What is costly to find is found when the list is opened.
+    if (!control_.HasItemsToFind()) RedrawItems();
   }
   if (!typing || drawn_text_ != ToQt(control_.Text())) ShowControlText();
 }
@@ -95,6 +96,10 @@ bool ComboWidget::Fits(const QString& text) const {
 }
 
 void ComboWidget::showPopup() {
+  if (control_.HasItemsToFind()) {
+    RedrawItems();
+    ShowControlText();
+  }
   const int bar = view()->verticalScrollBar()->sizeHint().width();
   view()->setMinimumWidth(std::max(width(), view()->sizeHintForColumn(0) + bar));
   QComboBox::showPopup();

@@ -1,7 +1,6 @@
 #include "ui/qt/wrapped.h"
 
 #include <QFontMetrics>
-#include <QRegularExpression>
 #include <QTextLayout>
 
 namespace kestrune::qt {
@@ -9,9 +8,13 @@ namespace kestrune::qt {
 namespace {
 
 /// A text without what a line end may take the place of.
-QString Unbroken(QString text) {
-  static const QRegularExpression kBehindHyphen("([-/])\\s+");
-  return text.replace(kBehindHyphen, "\\1").simplified();
+QString Unbroken(const QString& text) {
+  QString unbroken;
+  for (const QChar c : text.simplified()) {
+    const bool is_behind_hyphen = unbroken.endsWith('-') || unbroken.endsWith('/');
+    if (c != ' ' || !is_behind_hyphen) unbroken += c;
+  }
+  return unbroken;
 }
 
 }  // namespace
@@ -47,7 +50,7 @@ QString Wrapped(const QString& text, const QFont& font, const QSize& room) {
 }
 
 bool IsWhole(const QString& shown, const QString& text) {
-  return Unbroken(shown) == Unbroken(text);
+  return shown == text || Unbroken(shown) == Unbroken(text);
 }
 
 }  // namespace kestrune::qt
