@@ -10,8 +10,8 @@ namespace kestrune::platform {
 
 /// Keeps what is written or deleted in memory, in front of files that stay as they are: later reads
 /// and listings see it, but it stands nowhere where another program could find it. What is appended
-/// is dropped, since nobody says how much that will be, and other files of the
-/// machine aren't kept from being written.
+/// is dropped, since nobody says how much that will be. Other files of the machine aren't kept from
+/// being written.
 class UnwrittenFiles : public FilesWrapper {
  public:
   using FilesWrapper::FilesWrapper;
